@@ -1,0 +1,40 @@
+# Warnings, sanitizers and the header-only libraries, the same for every target.
+
+add_library(build_settings INTERFACE)
+target_include_directories(build_settings INTERFACE ${CMAKE_SOURCE_DIR})
+if(MSVC)
+  target_compile_options(build_settings INTERFACE /W4 /WX /EHsc)
+else()
+  target_compile_options(build_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # GCC 12 reports overlaps that are none in std::string's operator+.
+    target_compile_options(build_settings INTERFACE -Wno-restrict)
+  endif()
+endif()
+
+option(WIFI_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+if(WIFI_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  # One file each, no runtime of the compiler beside it; data execution prevention, address space
+  # randomisation with high entropy.
+  add_link_options(-static -static-libgcc -static-libstdc++ -Wl,--nxcompat -Wl,--dynamicbase
+                   -Wl,--high-entropy-va -Wl,--no-insert-timestamp)
+endif()
+
+# The header-only libraries lie directly in the system's include folder, which a cross build must
+# not search: their folders are linked into the build tree.
+set(header_only ${CMAKE_BINARY_DIR}/header_only)
+file(MAKE_DIRECTORY ${header_only})
+foreach(library CLI nlohmann)
+  if(NOT EXISTS /usr/include/${library})
+    message(FATAL_ERROR "The ${library} headers are missing: run ./test.sh once, it installs them")
+  endif()
+  file(CREATE_LINK /usr/include/${library} ${header_only}/${library} SYMBOLIC)
+endforeach()
+add_library(header_only INTERFACE)
+target_include_directories(header_only SYSTEM INTERFACE ${header_only})

@@ -1,0 +1,15 @@
+# embed_text(TARGET FILE SYMBOL): compiles FILE's bytes into TARGET as
+# a text that EMBEDDED_TEXT(SYMBOL) of cmake/embedded_text.h declares and gives as SYMBOL()
+# in namespace embedded. The source is made anew whenever FILE changes.
+
+function(embed_text target file symbol)
+  get_filename_component(input ${file} ABSOLUTE)
+  set(output ${CMAKE_CURRENT_BINARY_DIR}/embedded_${symbol}.cpp)
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND ${CMAKE_COMMAND} -DINPUT=${input} -DOUTPUT=${output} -DSYMBOL=${symbol}
+            -P ${CMAKE_SOURCE_DIR}/cmake/EmbedTextStep.cmake
+    DEPENDS ${input} ${CMAKE_SOURCE_DIR}/cmake/EmbedTextStep.cmake
+    VERBATIM)
+  target_sources(${target} PRIVATE ${output})
+endfunction()

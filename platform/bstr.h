@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/platform.h"
+
+namespace platform {
+
+using OleString = std::basic_string<OLECHAR>;
+using OleStringView = std::basic_string_view<OLECHAR>;
+
+/// The characters of a text that may be missing; a missing one is empty.
+inline OleStringView ViewOf(const OLECHAR* text) {
+  return text == nullptr ? OleStringView() : OleStringView(text);
+}
+
+/// Owns a BSTR. Holds none after a failed allocation.
+class Bstr {
+ public:
+  Bstr() noexcept = default;
+  explicit Bstr(OleStringView text) noexcept
+      : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+  explicit Bstr(const OLECHAR* text) noexcept : text_(SysAllocString(text)) {}
+  Bstr(const Bstr&) = delete;
+  Bstr(Bstr&& other) noexcept : text_(other.release()) {}
+  ~Bstr() { SysFreeString(text_); }
+  Bstr& operator=(Bstr other) noexcept {
+    std::swap(text_, other.text_);
+    return *this;
+  }
+
+  BSTR get() const noexcept { return text_; }
+  OleStringView view() const noexcept {
+    return text_ == nullptr ? OleStringView() : OleStringView(text_, SysStringLen(text_));
+  }
+  explicit operator bool() const noexcept { return text_ != nullptr; }
+  /// The place for an out-parameter; frees what was held.
+  BSTR* put() noexcept {
+    SysFreeString(release());
+    return &text_;
+  }
+  [[nodiscard]] BSTR release() noexcept { return std::exchange(text_, nullptr); }
+
+ private:
+  BSTR text_ = nullptr;
+};
+
+}  // namespace platform

@@ -1,0 +1,98 @@
+#pragma once
+// Scalar types, result codes and calling convention of the Windows interfaces, where there is no
+// Windows. Widths are those of 64-bit Windows: LONG and ULONG have 32 bits, a wide character 16.
+
+#include <cstddef>
+#include <cstdint>
+
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using DWORD = std::uint32_t;
+using SHORT = std::int16_t;
+using USHORT = std::uint16_t;
+using INT = std::int32_t;
+using UINT = std::uint32_t;
+using LONG = std::int32_t;
+using ULONG = std::uint32_t;
+using LONGLONG = std::int64_t;
+using ULONGLONG = std::uint64_t;
+using BOOL = int;
+using HRESULT = LONG;
+using LSTATUS = LONG;
+using LCID = DWORD;
+using REGSAM = ULONG;
+using HANDLE = void*;
+using LPVOID = void*;
+using LPCVOID = const void*;
+using CHAR = char;
+using LPSTR = char*;
+using LPCSTR = const char*;
+using WCHAR = char16_t;
+using OLECHAR = char16_t;
+using LPWSTR = OLECHAR*;
+using LPOLESTR = OLECHAR*;
+using LPCWSTR = const OLECHAR*;
+using LPCOLESTR = const OLECHAR*;
+
+#define OLESTR(text) u##text
+#define STDMETHODCALLTYPE
+#define STDAPICALLTYPE
+#define WINAPI
+#define CALLBACK
+#define STDAPI extern "C" __attribute__((visibility("default"))) HRESULT
+#ifndef TRUE
+#define TRUE 1
+#define FALSE 0
+#endif
+
+constexpr bool SUCCEEDED(HRESULT result) {
+  return result >= 0;
+}
+constexpr bool FAILED(HRESULT result) {
+  return result < 0;
+}
+
+constexpr HRESULT HResultOf(std::uint32_t bits) {
+  return static_cast<HRESULT>(bits);
+}
+
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT S_FALSE = 1;
+inline constexpr HRESULT E_NOTIMPL = HResultOf(0x80004001);
+inline constexpr HRESULT E_NOINTERFACE = HResultOf(0x80004002);
+inline constexpr HRESULT E_POINTER = HResultOf(0x80004003);
+inline constexpr HRESULT E_FAIL = HResultOf(0x80004005);
+inline constexpr HRESULT E_UNEXPECTED = HResultOf(0x8000FFFF);
+inline constexpr HRESULT E_ACCESSDENIED = HResultOf(0x80070005);
+inline constexpr HRESULT E_OUTOFMEMORY = HResultOf(0x8007000E);
+inline constexpr HRESULT E_INVALIDARG = HResultOf(0x80070057);
+inline constexpr HRESULT CLASS_E_NOAGGREGATION = HResultOf(0x80040110);
+inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = HResultOf(0x80040111);
+inline constexpr HRESULT DISP_E_TYPEMISMATCH = HResultOf(0x80020005);
+inline constexpr HRESULT DISP_E_BADVARTYPE = HResultOf(0x80020008);
+inline constexpr HRESULT DISP_E_OVERFLOW = HResultOf(0x8002000A);
+inline constexpr HRESULT DISP_E_BADINDEX = HResultOf(0x8002000B);
+inline constexpr HRESULT DISP_E_ARRAYISLOCKED = HResultOf(0x8002000D);
+
+inline constexpr DWORD ERROR_SUCCESS = 0;
+inline constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
+inline constexpr DWORD ERROR_ACCESS_DENIED = 5;
+inline constexpr DWORD ERROR_INVALID_HANDLE = 6;
+inline constexpr DWORD ERROR_INVALID_DATA = 13;
+inline constexpr DWORD ERROR_INVALID_PARAMETER = 87;
+inline constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
+inline constexpr DWORD ERROR_BAD_PATHNAME = 161;
+inline constexpr DWORD ERROR_MORE_DATA = 234;
+inline constexpr DWORD ERROR_NO_MORE_ITEMS = 259;
+inline constexpr DWORD ERROR_ENVVAR_NOT_FOUND = 203;
+inline constexpr DWORD ERROR_MOD_NOT_FOUND = 126;
+inline constexpr DWORD ERROR_PROC_NOT_FOUND = 127;
+inline constexpr DWORD ERROR_NOACCESS = 998;
+inline constexpr DWORD ERROR_NO_TOKEN = 1008;
+inline constexpr DWORD ERROR_REGISTRY_IO_FAILED = 1016;
+inline constexpr DWORD ERROR_KEY_DELETED = 1018;
+inline constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
+
+constexpr HRESULT HRESULT_FROM_WIN32(DWORD error) {
+  return error == 0 ? S_OK : HResultOf((error & 0xFFFFu) | 0x80070000u);
+}

@@ -1,0 +1,28 @@
+#pragma once
+// The Windows interfaces that the product uses: the platform's own on Windows, the native layer's
+// elsewhere. Everything above this folder includes this header and never the platform's own.
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef NOGDI
+#define NOGDI  // its macros would rename IWbemServices::GetObject
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+// clang-format off
+#include <windows.h>
+#include <ole2.h>
+#include <oleauto.h>
+#include <wbemcli.h>
+#include <wbemprov.h>
+#include "platform/windows/result_codes.h"
+// clang-format on
+#else
+#include "platform/native/automation.h"
+#include "platform/native/com.h"
+#include "platform/native/system.h"
+#include "platform/native/wbem.h"
+#endif

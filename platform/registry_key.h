@@ -1,0 +1,54 @@
+#pragma once
+
+#include <utility>
+
+#include "platform/bstr.h"
+
+namespace platform {
+
+/// Owns an open registry key. Results are the registry's own error codes, 0 for success.
+class RegistryKey {
+ public:
+  RegistryKey() noexcept = default;
+  RegistryKey(const RegistryKey&) = delete;
+  RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
+  RegistryKey& operator=(RegistryKey other) noexcept {
+    std::swap(key_, other.key_);
+    return *this;
+  }
+  ~RegistryKey() {
+    if (key_ != nullptr) RegCloseKey(key_);
+  }
+
+  HKEY get() const noexcept { return key_; }
+
+  LSTATUS Create(HKEY parent, const OleString& name) {
+    return RegCreateKeyExW(parent, name.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                           KEY_READ | KEY_WRITE, nullptr, put(), nullptr);
+  }
+  LSTATUS Open(HKEY parent, const OleString& name, REGSAM access) {
+    return RegOpenKeyExW(parent, name.c_str(), 0, access, put());
+  }
+  /// Writes a text value; an empty name means the key's default value.
+  LSTATUS SetText(const OleString& name, const OleString& text) {
+    return RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
+                          reinterpret_cast<const BYTE*>(text.c_str()),
+                          static_cast<DWORD>((text.size() + 1) * sizeof(OLECHAR)));
+  }
+  bool HasSubkeys() const {
+    OLECHAR name[256];
+    DWORD length = 256;
+    return RegEnumKeyExW(key_, 0, name, &length, nullptr, nullptr, nullptr, nullptr) ==
+           static_cast<LSTATUS>(ERROR_SUCCESS);
+  }
+
+ private:
+  HKEY* put() noexcept {
+    if (HKEY open = std::exchange(key_, nullptr)) RegCloseKey(open);
+    return &key_;
+  }
+
+  HKEY key_ = nullptr;
+};
+
+}  // namespace platform

@@ -1,0 +1,21 @@
+#pragma once
+// Texts between the ANSI code page, UTF-8 and the platform's wide characters.
+
+#include <string>
+#include <string_view>
+
+#include "platform/bstr.h"
+
+namespace platform {
+
+/// The ANSI form of a wide text; a missing text is empty. Characters that the code page lacks
+/// become what the platform makes of them, without a default character of ours.
+std::string AnsiText(const OLECHAR* text);
+/// The wide form of an ANSI text.
+OleString WideText(std::string_view ansi);
+
+std::string Utf8Text(OleStringView text);
+/// The wide form of a UTF-8 text; bytes that are no UTF-8 become U+FFFD.
+OleString WideFromUtf8(std::string_view utf8);
+
+}  // namespace platform

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "platform/bstr.h"
+#include "platform/safe_array.h"
+
+namespace platform {
+
+/// Owns a VARIANT and what it holds.
+class Variant {
+ public:
+  Variant() noexcept { VariantInit(&value_); }
+  Variant(const Variant&) = delete;
+  Variant(Variant&& other) noexcept : Variant() { std::swap(value_, other.value_); }
+  ~Variant() { VariantClear(&value_); }
+  Variant& operator=(Variant other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+
+  /// A text. One that cannot be allocated gives VT_ERROR with E_OUTOFMEMORY.
+  static Variant Text(OleStringView text);
+  /// An ANSI text as VT_BSTR; none gives a VT_BSTR that holds no text.
+  static Variant AnsiText(const char* text);
+  static Variant AnsiText(std::string_view text);
+  static Variant Boolean(bool value) noexcept;
+  static Variant Integer(LONG value) noexcept;
+  static Variant Error(HRESULT code) noexcept;
+  /// Takes over the array; VT_ARRAY of its element type.
+  static Variant Array(SafeArray array, VARTYPE elementType) noexcept;
+  /// A copy; one that fails gives VT_ERROR with the failure's code.
+  static Variant CopyOf(const VARIANT& value) noexcept;
+
+  VARTYPE type() const noexcept { return value_.vt; }
+  /// The text of a VT_BSTR, none for every other type.
+  BSTR text() const noexcept { return value_.vt == VT_BSTR ? value_.bstrVal : nullptr; }
+  const VARIANT& get() const noexcept { return value_; }
+  /// For platform calls that take a VARIANT in place; the owner stays this object.
+  VARIANT* in_place() noexcept { return &value_; }
+  /// The place for an out-parameter; clears what was held.
+  VARIANT* put() noexcept {
+    VariantClear(&value_);
+    return &value_;
+  }
+  /// Converts in place, as VariantChangeType does; after a failure the old value stays.
+  HRESULT ChangeType(VARTYPE type) noexcept { return VariantChangeType(&value_, &value_, 0, type); }
+
+ private:
+  VARIANT value_;
+};
+
+}  // namespace platform
