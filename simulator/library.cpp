@@ -1,0 +1,54 @@
+#include "simulator/library.h"
+
+#include <tuple>
+
+#include "simulator/scenario/operations.h"
+
+namespace simulator {
+namespace {
+
+/// Modules call these while they are loaded and unloaded, when no file may be read, so they
+/// succeed without a scenario.
+constexpr bool NeedsScenario(std::string_view operation) {
+  return operation != "SetLibraryMode" && operation != "CloseLibrary";
+}
+
+/// The adapter that a call is about, by its first argument.
+template <class... Arguments>
+std::optional<AdapterNumber> AdapterOf(bool ofAdapter, const std::tuple<Arguments...>& arguments) {
+  if constexpr (sizeof...(Arguments) == 0) {
+    return std::nullopt;
+  } else if constexpr (std::is_same_v<std::tuple_element_t<0, std::tuple<Arguments...>>,
+                                      AdapterNumber>) {
+    if (ofAdapter) return std::get<0>(arguments);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+template <class Call>
+ApiStatus Library::Run(std::string_view operation, std::optional<AdapterNumber> adapter,
+                       Call&& call) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (loaded_ == nullptr && !NeedsScenario(operation)) return kOk;
+    if (!tried_) {
+      tried_ = true;
+      if (auto scenario = loader_()) loaded_ = std::make_unique<Loaded>(std::move(*scenario));
+    }
+    if (loaded_ == nullptr) return kFailed;
+  }
+  return RunWithFaults(mutex_, loaded_->faults, operation, adapter,
+                       [&] { return call(loaded_->machine); });
+}
+
+#define QUARN_OPERATION(ordinal, name, parameters, arguments)                         \
+  ApiStatus Library::name parameters {                                                \
+    return Run(#name, AdapterOf(TakesAdapter(#arguments), std::make_tuple arguments), \
+               [&](Machine& machine) { return machine.name arguments; });             \
+  }
+#include "adapterapi/operations.inc"
+#undef QUARN_OPERATION
+
+}  // namespace simulator

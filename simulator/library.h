@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+#include "simulator/faults.h"
+#include "simulator/machine.h"
+
+namespace simulator {
+
+/// The adapter control library as one process sees it: a machine with its faults, read when first
+/// needed. Safe to call from any thread.
+class Library final : public AdapterApi {
+ public:
+  using Loader = std::function<std::optional<Scenario>()>;
+
+  /// `loader` is called once; without a scenario every operation that needs one gives kFailed.
+  explicit Library(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
+
+#define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
+#include "adapterapi/operations.inc"
+#undef QUARN_OPERATION
+
+ private:
+  struct Loaded {
+    explicit Loaded(Scenario scenario)
+        : faults(std::move(scenario.faults)), machine(std::move(scenario)) {}
+    FaultPlan faults;
+    Machine machine;
+  };
+
+  template <class Call>
+  ApiStatus Run(std::string_view operation, std::optional<AdapterNumber> adapter, Call&& call);
+
+  const Loader loader_;
+  std::mutex mutex_;
+  bool tried_ = false;
+  std::unique_ptr<Loaded> loaded_;
+};
+
+}  // namespace simulator

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "adapterapi/adapter_api.h"
+#include "simulator/scenario/scenario.h"
+
+namespace simulator {
+
+using namespace adapterapi;  // the operation list is written in that namespace's names
+
+/// Statuses of the simulated adapter control library.
+enum : ApiStatus {
+  kOk = 0,
+  kFailed = static_cast<ApiStatus>(0x80004005),           ///< no scenario
+  kInvalidArgument = static_cast<ApiStatus>(0x80070057),  ///< adapter, pointer or value
+  kUnknownSetting = static_cast<ApiStatus>(0x80070002),
+  kNotReady = static_cast<ApiStatus>(0x80070015),  ///< radio off or not associated
+  kNotFound = static_cast<ApiStatus>(0x80070490),  ///< no such entry
+};
+
+/// The adapters of a scenario and how the operations change them. Not locked: see Library.
+///
+/// Lists given out stay valid while the machine lives, an exclude list until its adapter's exclude
+/// list has been changed and asked for again kKeptExcludeLists times.
+class Machine final : public AdapterApi {
+ public:
+  explicit Machine(Scenario scenario);
+
+#define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
+#include "adapterapi/operations.inc"
+#undef QUARN_OPERATION
+
+ private:
+  static constexpr std::size_t kKeptExcludeLists = 8;
+
+  struct State : Adapter {
+    explicit State(Adapter adapter) : Adapter(std::move(adapter)) {}
+    std::array<RecordList, kKeptExcludeLists> givenExcludeLists;
+    std::size_t lastGiven = 0;
+    bool excludeListChanged = true;
+  };
+
+  State* Find(AdapterNumber number);
+  /// The adapter that the record names in the bytes that clients only hand on.
+  State* Find(const DeviceInfoRecord* record);
+  template <class Value>
+  ApiStatus Give(AdapterNumber number, Value AdapterRecords::*member, Value* output);
+  template <class Value>
+  ApiStatus Keep(AdapterNumber number, Value AdapterRecords::*member, Value value, Value least,
+                 Value most);
+  template <class Edit>
+  ApiStatus EditExcludeList(AdapterNumber adapter, Edit&& edit);
+  static ApiStatus Apply(State* state, const ORVEL_WLAN_PROFILE* profile);
+
+  Scenario scenario_;
+  std::vector<State> adapters_;
+  RecordList adapterList_;
+};
+
+}  // namespace simulator

@@ -1,0 +1,38 @@
+#include "simulator/profile_library.h"
+
+#include <algorithm>
+
+namespace simulator {
+
+bool ProfileLibrary::Load() {
+  const std::lock_guard lock(mutex_);
+  if (!tried_) {
+    tried_ = true;
+    scenario_ = loader_();
+    if (scenario_) faults_.emplace(scenario_->faults);
+  }
+  return scenario_.has_value();
+}
+
+const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,
+                               std::size_t position) {
+  for (std::size_t store = 0; store < scenario.profiles.size(); ++store) {
+    const auto& profiles = scenario.profiles[store];
+    if (storeFlag == 1u << store && position < profiles.size()) return &profiles[position];
+  }
+  return nullptr;
+}
+
+const ProfileRecord* ProfileNamed(const Scenario& scenario, std::string_view name) {
+  for (const auto& profiles : scenario.profiles) {
+    for (const ProfileRecord& profile : profiles) {
+      const char* end = std::find(profile.name, std::end(profile.name), '\0');
+      if (name == std::string_view(profile.name, static_cast<std::size_t>(end - profile.name))) {
+        return &profile;
+      }
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace simulator

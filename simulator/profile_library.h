@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <mutex>
+
+#include "simulator/faults.h"
+
+namespace simulator {
+
+/// The profiles of a scenario as one process sees them, read when first needed. Safe to call from
+/// any thread.
+class ProfileLibrary {
+ public:
+  using Loader = std::function<std::optional<Scenario>()>;
+
+  explicit ProfileLibrary(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
+
+  /// Runs an operation of the profile manager as its fault, if any, says. `call` gets the scenario;
+  /// without one the status is negative.
+  template <class Call>
+  std::int32_t Run(std::string_view operation, Call&& call) {
+    if (!Load()) return kNoScenario;
+    return RunWithFaults(mutex_, *faults_, operation, std::nullopt,
+                         [&] { return call(*scenario_); });
+  }
+
+ private:
+  static constexpr std::int32_t kNoScenario = static_cast<std::int32_t>(0x80004005);
+
+  bool Load();
+
+  const Loader loader_;
+  std::mutex mutex_;
+  bool tried_ = false;
+  std::optional<Scenario> scenario_;
+  std::optional<FaultPlan> faults_;
+};
+
+/// The profile of a store at a position; null behind the last. A flag that is no store's has none.
+const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,
+                               std::size_t position);
+/// The profile of that name, byte by byte, in whatever store; null if there is none.
+const ProfileRecord* ProfileNamed(const Scenario& scenario, std::string_view name);
+
+}  // namespace simulator

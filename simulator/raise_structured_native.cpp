@@ -1,0 +1,12 @@
+#include <stdexcept>
+
+#include "simulator/faults.h"
+#include "simulator/hex.h"
+
+namespace simulator {
+
+void RaiseStructured(std::uint32_t code) {
+  throw std::runtime_error("structured exception 0x" + UpperHex(code, 8));
+}
+
+}  // namespace simulator

@@ -1,0 +1,147 @@
+#include "profiles/tolva_api.h"
+
+#include <new>
+#include <type_traits>
+
+#include "simulator/profile_library.h"
+
+namespace {
+
+using simulator::ProfileRecord;
+
+constexpr TolvaLong kInvalidArgument = static_cast<TolvaLong>(0x80070057);
+constexpr TolvaLong kNotOpen = static_cast<TolvaLong>(0x80070015);
+constexpr TolvaLong kNotFound = static_cast<TolvaLong>(0x80070490);
+
+/// What the library keeps inside a manager.
+struct Manager {
+  bool open = false;
+  std::uint32_t store = 0;   ///< the flag of the store that is being walked
+  std::size_t position = 0;  ///< of its next profile
+};
+
+/// What the library keeps inside a profile: the record and a zero byte behind each text, whose
+/// field may be full.
+struct Profile {
+  char name[sizeof(ProfileRecord::name) + 1] = "";
+  char ssid[sizeof(ProfileRecord::ssid) + 1] = "";
+  char mandatoryAp[sizeof(ProfileRecord::mandatoryAp) + 1] = "";
+  ProfileRecord record{};
+
+  explicit Profile(const ProfileRecord& from) : record(from) {
+    std::memcpy(name, from.name, sizeof from.name);
+    std::memcpy(ssid, from.ssid, sizeof from.ssid);
+    std::memcpy(mandatoryAp, from.mandatoryAp, sizeof from.mandatoryAp);
+  }
+};
+
+static_assert(sizeof(Manager) <= kTolvaStorage && sizeof(Profile) <= kTolvaStorage);
+static_assert(std::is_trivially_destructible_v<Manager>);
+static_assert(std::is_trivially_destructible_v<Profile>);
+
+Manager& ManagerIn(unsigned char* storage) {
+  return *std::launder(reinterpret_cast<Manager*>(storage));
+}
+
+const Profile& ProfileIn(const unsigned char* storage) {
+  return *std::launder(reinterpret_cast<const Profile*>(storage));
+}
+
+/// Loads the manager's next profile into a profile's storage.
+TolvaLong GiveNext(const simulator::Scenario& scenario, Manager& manager, unsigned char* storage) {
+  const ProfileRecord* next = simulator::ProfileAt(scenario, manager.store, manager.position);
+  if (next == nullptr) return kTolvaNoMoreProfiles;
+  ++manager.position;
+  new (storage) Profile(*next);
+  return kTolvaSuccess;
+}
+
+simulator::ProfileLibrary& Instance() {
+  static simulator::ProfileLibrary library;
+  return library;
+}
+
+}  // namespace
+
+CPreferredProfile::CPreferredProfile() {
+  new (storage_) Profile(ProfileRecord{});
+}
+CPreferredProfile::~CPreferredProfile() = default;
+
+const char* CPreferredProfile::Name() const {
+  return ProfileIn(storage_).name;
+}
+const char* CPreferredProfile::Ssid() const {
+  return ProfileIn(storage_).ssid;
+}
+const char* CPreferredProfile::MandatoryAp() const {
+  return ProfileIn(storage_).mandatoryAp;
+}
+ORVEL_OPMODE CPreferredProfile::OpMode() const {
+  return static_cast<ORVEL_OPMODE>(ProfileIn(storage_).record.opMode);
+}
+TolvaLong CPreferredProfile::Stealth() const {
+  return static_cast<TolvaLong>(ProfileIn(storage_).record.stealth);
+}
+ORVEL_ALGORITHM CPreferredProfile::WepAlgorithm() const {
+  return static_cast<ORVEL_ALGORITHM>(ProfileIn(storage_).record.encryption);
+}
+ORVEL_AUTHMODE CPreferredProfile::AuthMode() const {
+  return static_cast<ORVEL_AUTHMODE>(ProfileIn(storage_).record.authentication);
+}
+
+CProfileMgr::CProfileMgr() {
+  new (storage_) Manager;
+}
+CProfileMgr::~CProfileMgr() = default;
+
+void CProfileMgr::SetWiFiProvider(bool) {
+  Instance().Run("CProfileMgr::SetWiFiProvider", [](const auto&) -> TolvaLong { return 0; });
+}
+
+TolvaLong CProfileMgr::Open(TolvaUlong) {
+  return Instance().Run("CProfileMgr::Open", [this](const auto&) -> TolvaLong {
+    ManagerIn(storage_).open = true;
+    return kTolvaSuccess;
+  });
+}
+
+TolvaLong CProfileMgr::Close() {
+  return Instance().Run("CProfileMgr::Close", [this](const auto&) -> TolvaLong {
+    ManagerIn(storage_) = Manager{};
+    return kTolvaSuccess;
+  });
+}
+
+TolvaLong CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
+  return Instance().Run("CProfileMgr::GetFirstPreferredProfile",
+                        [&](const auto& scenario) -> TolvaLong {
+                          Manager& manager = ManagerIn(storage_);
+                          if (!manager.open) return kNotOpen;
+                          manager.store = store;
+                          manager.position = 0;
+                          return GiveNext(scenario, manager, profile.storage_);
+                        });
+}
+
+TolvaLong CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
+  return Instance().Run("CProfileMgr::GetNextPreferredProfile",
+                        [&](const auto& scenario) -> TolvaLong {
+                          Manager& manager = ManagerIn(storage_);
+                          if (!manager.open) return kNotOpen;
+                          if (manager.store != store) return kInvalidArgument;
+                          return GiveNext(scenario, manager, profile.storage_);
+                        });
+}
+
+TolvaLong CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile,
+                                         TolvaUlong) {
+  return Instance().Run("CProfileMgr::GetProfileToApply", [&](const auto& scenario) -> TolvaLong {
+    if (!ManagerIn(storage_).open) return kNotOpen;
+    if (name == nullptr) return kInvalidArgument;
+    const ProfileRecord* found = simulator::ProfileNamed(scenario, name);
+    if (found == nullptr) return kNotFound;
+    std::memcpy(&profile, found, sizeof profile);
+    return kTolvaSuccess;
+  });
+}
