@@ -1,0 +1,144 @@
+#include "classes/adapter_description.h"
+
+#include "classes/adapter_record.h"
+#include "classes/record_fields.h"
+
+namespace wifi {
+namespace {
+
+namespace operation = adapterapi::operation;
+using adapterapi::ConfigInfoRecord;
+using adapterapi::DeviceInfoRecord;
+using adapterapi::FeaturesRecord;
+using adapterapi::VersionInfoRecord;
+using platform::Variant;
+
+constexpr CodeText kCardTypes[] = {
+    {1, "Cardbus"},        {2, "PCI"},     {4, "MiniPCI"}, {8, "Embedded USB"}, {16, "Dongle USB"},
+    {32, "Compact Flash"}, {64, "PCMCIA"},
+};
+
+constexpr CodeText kAddressingModes[] = {{1, "Memory"}, {2, "I/O"}};
+
+constexpr FieldRow<DeviceInfoRecord> kDeviceFields[] = {
+    {OLESTR("VendorID"), Hex4<&DeviceInfoRecord::vendorId>},
+    {OLESTR("DeviceID"), Hex4<&DeviceInfoRecord::deviceId>},
+    {OLESTR("SubsystemID"), Hex4<&DeviceInfoRecord::subsystemId>},
+    {OLESTR("SubSystemVendorID"), Hex4<&DeviceInfoRecord::subsystemVendorId>},
+    // Alone of the ids in decimal.
+    {OLESTR("RevisionID"), Decimal<&DeviceInfoRecord::revisionId>},
+    {OLESTR("HardwareID"), Hex4<&DeviceInfoRecord::hardwareId>},
+    {OLESTR("CardType"), Code<&DeviceInfoRecord::cardType, kCardTypes>},
+};
+
+constexpr FieldRow<ConfigInfoRecord> kConfigFields[] = {
+    {OLESTR("InterruptNumber"), Decimal<&ConfigInfoRecord::interruptNumber>},
+    {OLESTR("IOAddress"), Hex8<&ConfigInfoRecord::ioAddress>},
+    {OLESTR("MemoryAddress"), Hex8<&ConfigInfoRecord::memoryAddress>},
+    {OLESTR("MemorySize"), Decimal<&ConfigInfoRecord::memorySize>},
+    {OLESTR("AttributeMemoryAddress"), Hex8<&ConfigInfoRecord::attributeMemoryAddress>},
+    // The property lacks its b.
+    {OLESTR("AttriuteMemorySize"), Decimal<&ConfigInfoRecord::attributeMemorySize>},
+    {OLESTR("ControllerIOAddress"), Hex8<&ConfigInfoRecord::controllerIoAddress>},
+    {OLESTR("PacketFilterMask"), Hex8<&ConfigInfoRecord::packetFilterMask>},
+    {OLESTR("AddressingMode"), Code<&ConfigInfoRecord::addressingMode, kAddressingModes>},
+};
+
+constexpr FieldRow<VersionInfoRecord> kVersionFields[] = {
+    {OLESTR("Driver"), Text<&VersionInfoRecord::driver>},
+    {OLESTR("Firmware11a"), Text<&VersionInfoRecord::firmware11a>},
+    {OLESTR("Firmware11b"), Text<&VersionInfoRecord::firmware11b>},
+    {OLESTR("Firmware11g"), Text<&VersionInfoRecord::firmware11g>},
+    {OLESTR("Microcode11a"), Text<&VersionInfoRecord::microcode11a>},
+    {OLESTR("Microcode11b"), Text<&VersionInfoRecord::microcode11b>},
+    {OLESTR("Microcode11g"), Text<&VersionInfoRecord::microcode11g>},
+    {OLESTR("EEPROM"), Text<&VersionInfoRecord::eeprom>},
+};
+
+struct Feature {
+  const OLECHAR* property;
+  std::size_t flag;  ///< index in the record
+};
+constexpr Feature kFeatures[] = {
+    {OLESTR("AntennaDiversity"), 0},
+    {OLESTR("BeaconInterval"), 1},
+    {OLESTR("FragThreshold"), 2},
+    {OLESTR("RtsThreshold"), 3},
+    {OLESTR("SweepTable"), 4},
+    {OLESTR("ApTable"), 5},
+    {OLESTR("PeerTable"), 6},
+    {OLESTR("RadioState"), 7},
+    {OLESTR("Preamble"), 8},
+    {OLESTR("Qos"), 9},
+    {OLESTR("PowerMode"), 28},
+    {OLESTR("AutoPsp"), 29},
+    {OLESTR("PowerSource"), 30},
+    {OLESTR("BssTxPwrCtl"), 31},
+    {OLESTR("IbssTxPwrCtl"), 32},
+    {OLESTR("Wep"), 33},
+    {OLESTR("Security_802_1x"), 34},
+    {OLESTR("Leap"), 35},
+    {OLESTR("Tkip"), 36},
+    {OLESTR("Aes"), 37},
+    {OLESTR("HwRadioSwitch"), 38},
+};
+
+}  // namespace
+
+HRESULT FillAdapterDevice(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  const HRESULT keyPut = PutSettingId(instance, entry);
+  DeviceInfoRecord record = {};
+  const HRESULT status =
+      ReadRecord(state, entry, "Getting device information for WiFi_AdapterDevice",
+                 operation::GetDeviceInfo, record, keyPut);
+  if (status != 0) return status;
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  writer.PutText(OLESTR("MacAddress"), entry.macAddress);
+  PutFields(writer, kDeviceFields, record);
+  return writer.result();
+}
+
+HRESULT FillConfigSettings(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  const HRESULT keyPut = PutSettingId(instance, entry);
+  ConfigInfoRecord record = {};
+  // The line says "version" for the settings.
+  const HRESULT status =
+      ReadRecord(state, entry, "Getting version information for WiFi_AdapterConfigSettings",
+                 operation::GetAdapterConfiguration, record, keyPut);
+  if (status != 0) return status;
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  PutFields(writer, kConfigFields, record);
+  // Put after any failure, and alone the result.
+  return PutPropertyValue(instance, OLESTR("SocketNumber"),
+                          Number<&ConfigInfoRecord::socketNumber>(record));
+}
+
+HRESULT FillAdapterVersion(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  // Alone of the four, its key is put behind the fence.
+  const HRESULT keyPut = PutPropertyValue(instance, kSettingId, Variant::Text(entry.deviceId));
+  VersionInfoRecord record = {};
+  const HRESULT status =
+      ReadRecord(state, entry, "Getting version information for WiFi_AdapterVersion",
+                 operation::GetVersionInfo, record, keyPut);
+  if (status != 0) return status;
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  PutFields(writer, kVersionFields, record);
+  return writer.result();
+}
+
+HRESULT FillAdapterFeatures(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  const HRESULT keyPut = PutSettingId(instance, entry);
+  FeaturesRecord record = {};
+  // The line names the signal parameters' class.
+  const HRESULT status = ReadRecord(
+      state, entry, "Getting adapter features information for WiFi_AdapterSignalParameters",
+      operation::GetAdapterFeatures, record, keyPut);
+  if (status != 0) return status;
+  PropertyWriter writer(instance, PutRule::kGoOn);
+  for (const Feature& feature : kFeatures) {
+    writer.PutAnsi(feature.property, record.flags[feature.flag] != 0 ? "Yes" : "No");
+  }
+  return writer.result();
+}
+
+}  // namespace wifi

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "provider/instance.h"
+
+namespace wifi {
+
+/// Indicates the WiFi_AdapterAssocStats instance of every adapter, from GetAssociationStats and
+/// GetAssociationInfo. All properties are put whatever the puts before them answered; the last one
+/// decides whether the instance is shown. WBEM_E_NOT_FOUND when the library refuses.
+HRESULT EnumerateAssociationStats(ProviderState& state, const Delivery& delivery);
+
+/// The same for the adapter that the path names; WBEM_E_NOT_FOUND without one.
+HRESULT GetAssociationStatsObject(ProviderState& state, const Delivery& delivery,
+                                  const ParsedPath& path);
+
+}  // namespace wifi

@@ -1,0 +1,71 @@
+#include "classes/exclude_list.h"
+
+#include "adapterapi/bounded_text.h"
+#include "classes/network_entry.h"
+#include "provider/format.h"
+#include "provider/library_list.h"
+
+namespace wifi {
+namespace {
+
+using adapterapi::ExcludeEntryRecord;
+
+constexpr const OLECHAR* kNetworkName = OLESTR("NetworkName");
+
+struct ReasonBit {
+  std::uint32_t bit;
+  std::uint32_t reason;
+};
+// The first row whose bit is set decides.
+constexpr ReasonBit kReasons[] = {{0x00001, 0}, {0x00040, 2}, {0x08000, 3}, {0x10000, 4}};
+constexpr std::uint32_t kOtherReason = 1;
+
+std::uint32_t Reason(std::uint32_t bits) {
+  for (const ReasonBit& row : kReasons) {
+    if ((bits & row.bit) != 0) return row.reason;
+  }
+  return kOtherReason;
+}
+
+/// A name of 32 bytes ends at the byte behind its field, which is shown if it is not zero.
+constexpr std::size_t kShownNameRoom = sizeof(ExcludeEntryRecord::ssid) + 1;
+
+HRESULT FillExcludeEntry(IWbemClassObject* instance, const AdapterEntry& adapter,
+                         const ExcludeEntryRecord& entry) {
+  TraceMessage("FillAdapterExcludeList");
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  PutAdapterTexts(writer, adapter);
+  writer.PutAnsi(kNetworkName, adapterapi::BoundedText(&entry, kShownNameRoom));
+  const std::string macAddress = MacText(entry.macAddress);
+  TraceMessage(macAddress);
+  writer.PutAnsi(OLESTR("MacAddress"), macAddress);
+  writer.PutNumber(OLESTR("Reason"), Reason(entry.reasonBits));
+  return writer.result();
+}
+
+/// Letter case counts, and never more than the 32 bytes of the field.
+bool HasNetworkName(const ExcludeEntryRecord& entry, const ParsedPath& path) {
+  return adapterapi::BoundedText(entry.ssid) == PathKeyText(path, kNetworkName);
+}
+
+constexpr ListClass<ExcludeEntryRecord> kExcludeList = {
+    OLESTR("WiFi_NetworkExcludeList"),
+    adapterapi::operation::GetExcludeList,
+    "Getting exclude list for WiFi_NetworkExcludeList",
+    "Getting network information for WiFi_NetworkExcludeList",
+    "Done Getting network information for WiFi_NetworkExcludeList",
+    FillExcludeEntry,
+    HasNetworkName};
+
+}  // namespace
+
+HRESULT EnumerateExcludeList(ProviderState& state, const Delivery& delivery) {
+  return EnumerateLists(state, delivery, kExcludeList);
+}
+
+HRESULT GetExcludeListObject(ProviderState& state, const Delivery& delivery,
+                             const ParsedPath& path) {
+  return GetListEntry(state, delivery, path, kExcludeList);
+}
+
+}  // namespace wifi

@@ -1,0 +1,14 @@
+#pragma once
+// WiFi_NetworkExcludeList: an instance for each entry of GetExcludeList. A fill stops at the first
+// put that fails. WBEM_E_NOT_FOUND when a list is empty or refused, or no entry has the path's
+// keys.
+
+#include "provider/instance.h"
+
+namespace wifi {
+
+HRESULT EnumerateExcludeList(ProviderState& state, const Delivery& delivery);
+HRESULT GetExcludeListObject(ProviderState& state, const Delivery& delivery,
+                             const ParsedPath& path);
+
+}  // namespace wifi

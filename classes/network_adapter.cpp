@@ -1,0 +1,264 @@
+#include "classes/network_adapter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "adapterapi/bounded_text.h"
+#include "classes/os_gate.h"
+#include "platform/text.h"
+#include "provider/code_table.h"
+#include "provider/format.h"
+#include "provider/guarded_call.h"
+#include "provider/instance.h"
+#include "provider/profile_record.h"
+
+namespace wifi {
+namespace {
+
+namespace operation = adapterapi::operation;
+using adapterapi::AdapterNumber;
+using adapterapi::Operation;
+using platform::Variant;
+
+constexpr CodeText kAdapterTypes[] = {
+    // 5 to 7 have no text.
+    {1, "Peldra1"}, {2, "Peldra2 bg"}, {3, "Peldra2 abg"}, {4, "Vorny"}, {8, "Tusko"},
+};
+
+constexpr CodeText kBands[] = {{1, "802.11a"}, {2, "802.11b"}, {3, "802.11g"}};
+
+constexpr CodeText kAssociationStatuses[] = {
+    {1, "Associated"}, {2, "NotAssociated"}, {3, "Ibss Created"}, {4, "Ibss Joined"}, {5, "Roamed"},
+};
+
+constexpr CodeText kAuthenticationStatuses[] = {
+    {1, "Disconnected"},
+    {2, "Authenticating"},
+    {3, "Failed authentication"},
+    {4, "Authenticated"},
+};
+
+// In Mbit/s; bit 8 has no rate.
+constexpr CodeText kRates[] = {
+    {1u << 0, "1, "},  {1u << 1, "2, "},   {1u << 2, "5.5, "}, {1u << 3, "6, "},
+    {1u << 4, "9, "},  {1u << 5, "11, "},  {1u << 6, "12, "},  {1u << 7, "18, "},
+    {1u << 9, "24, "}, {1u << 10, "36, "}, {1u << 11, "48, "}, {1u << 12, "54, "},
+};
+
+constexpr const char* kUnknown = "<Unknown>";
+constexpr const char* kNoCcxVersion = "0.0.0";
+constexpr std::uint32_t kDisableRfControlSetting = 426;
+
+struct Filling {
+  ProviderState& state;
+  IWbemClassObject* instance;
+  const AdapterEntry& entry;
+
+  HRESULT Put(const OLECHAR* property, Variant value) const {
+    return PutPropertyValue(instance, property, std::move(value));
+  }
+};
+
+/// What a guarded getter left: its value, 0 if it raised, and whether it answered success.
+template <class Value>
+struct Reading {
+  Value value;
+  bool succeeded;
+};
+
+template <class Value>
+Reading<Value> Read(const Filling& filling, const Operation<AdapterNumber, Value*>& getter) {
+  Value value = 0;
+  const GuardedResult result = GuardedCall(filling.state.api, getter, filling.entry.number, &value);
+  if (result.raised) value = 0;
+  return {value, result.succeeded()};
+}
+
+using Slot = std::uint32_t LastKnownValues::*;
+
+void Remember(const Filling& filling, Slot slot, std::uint32_t value) {
+  if (slot != nullptr) filling.state.lastKnown.*slot = value;
+}
+
+/// A flag whose status is not looked at.
+template <const auto& Getter, Slot Cached = nullptr>
+HRESULT PutFlag(const Filling& filling, const OLECHAR* property) {
+  const std::uint32_t flag = Read(filling, Getter).value;
+  Remember(filling, Cached, flag);
+  return filling.Put(property, Variant::Boolean(flag != 0));
+}
+
+/// A code as a text; its status is not looked at.
+template <const auto& Getter, const auto& Texts>
+HRESULT PutCode(const Filling& filling, const OLECHAR* property) {
+  return filling.Put(property,
+                     Variant::AnsiText(TextOfCode(Texts, Read(filling, Getter).value, kUnknown)));
+}
+
+/// A number that is 0 when the status is not.
+template <const auto& Getter, Slot Cached>
+HRESULT PutPreference(const Filling& filling, const OLECHAR* property) {
+  const auto reading = Read(filling, Getter);
+  const std::uint32_t value = reading.succeeded ? reading.value : 0;
+  Remember(filling, Cached, value);
+  return filling.Put(property, Variant::Integer(static_cast<LONG>(value)));
+}
+
+/// A signed number as text; its status is not looked at.
+template <const auto& Getter>
+HRESULT PutSigned(const Filling& filling, const OLECHAR* property) {
+  const long value = Read(filling, Getter).value;
+  return filling.Put(property, Variant::AnsiText(FormatText("%ld", value)));
+}
+
+HRESULT PutSupportedRates(const Filling& filling, const OLECHAR* property) {
+  const auto rates = Read(filling, operation::GetSupportedRates);
+  return filling.Put(property,
+                     Variant::AnsiText(TextOfAllBits(kRates, rates.succeeded ? rates.value : 0)));
+}
+
+HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
+  adapterapi::PspInfoRecord record = {};
+  const GuardedResult result =
+      GuardedCall(filling.state.api, operation::GetPspInfo, filling.entry.number, &record);
+  const std::uint32_t mode = result.succeeded() ? record.mode : 0;
+  Remember(filling, &LastKnownValues::pspMode, mode);
+  return filling.Put(property, Variant::Integer(static_cast<LONG>(mode)));
+}
+
+HRESULT PutAuthenticationStatus(const Filling& filling, const OLECHAR* property) {
+  const auto status = Read(filling, operation::GetAuthenticationStatus);
+  return filling.Put(property,
+                     Variant::AnsiText(TextOfCode(kAuthenticationStatuses,
+                                                  status.succeeded ? status.value : 0, kUnknown)));
+}
+
+HRESULT PutCcxVersion(const Filling& filling, const OLECHAR* property) {
+  adapterapi::CcxVersionRecord version = {};
+  const GuardedResult result =
+      GuardedCall(filling.state.api, operation::GetCcxVersion, filling.entry.number, &version);
+  return filling.Put(property, Variant::AnsiText(result.raised || result.status < 0
+                                                     ? std::string(kNoCcxVersion)
+                                                     : FormatText("%d.%d.%d", version.major,
+                                                                  version.minor, version.build)));
+}
+
+/// The levels in milliwatts: "10.0, 100.0 mW".
+std::string PowerLevelsText(const adapterapi::CcxPowerLevelsRecord& record) {
+  std::string text;
+  const std::uint32_t count = std::min(record.count, record.kRoom);
+  for (std::uint32_t index = 0; index < count; ++index) {
+    text += FormatText("%.1f, ", std::pow(10.0, record.levels[index] / 10.0));
+  }
+  text.erase(text.find_last_not_of(", ") + 1);
+  return text + " mW";
+}
+
+HRESULT PutCcxPowerLevels(const Filling& filling, const OLECHAR* property) {
+  adapterapi::CcxPowerLevelsRecord record = {};
+  const GuardedResult result =
+      GuardedCall(filling.state.api, operation::GetCcxPowerLevels, filling.entry.number, &record);
+  return filling.Put(
+      property, Variant::AnsiText(result.raised || result.status < 0 ? std::string(kNoCcxVersion)
+                                                                     : PowerLevelsText(record)));
+}
+
+HRESULT PutLastAppliedProfile(const Filling& filling, const OLECHAR* property) {
+  ORVEL_WLAN_PROFILE profile = {};
+  const GuardedResult result = GuardedCall(filling.state.api, operation::GetLastAppliedProfile,
+                                           filling.entry.number, &profile);
+  return filling.Put(property,
+                     Variant::AnsiText(result.raised || result.status < 0 ? std::string_view()
+                                                                          : ProfileName(profile)));
+}
+
+/// The second pass of two properties: unguarded, the output as the library left it.
+template <const auto& Getter>
+HRESULT PutUnfiltered(const Filling& filling, const OLECHAR* property) {
+  std::uint32_t value = 0;
+  (filling.state.api.*Getter.call)(filling.entry.number, &value);
+  return filling.Put(property, Variant::Integer(static_cast<LONG>(value)));
+}
+
+struct Row {
+  const OLECHAR* property;
+  const char* trace;
+  HRESULT (*put)(const Filling&, const OLECHAR*);
+  bool leftOutOnNt6 = false;
+};
+
+// In the order in which they are filled, which clients see.
+constexpr Row kRows[] = {
+    {OLESTR("WiFiAdapterType"), "Getting adapter type for WiFi_NetworkAdapter",
+     PutCode<operation::GetAdapterType, kAdapterTypes>},
+    {OLESTR("Band"), "Getting band for WiFi_NetworkAdapter", PutCode<operation::GetBand, kBands>},
+    {OLESTR("RadioState"), "Getting radio state for WiFi_NetworkAdapter",
+     PutFlag<operation::GetRadioState, &LastKnownValues::radioState>},
+    {OLESTR("RegistrationState"), "Getting registration state for WiFi_NetworkAdapter",
+     PutFlag<operation::GetRegistrationState>, true},
+    {OLESTR("AssociationStatus"), "Getting association information for WiFi_NetworkAdapter",
+     PutCode<operation::GetAssociationStatus, kAssociationStatuses>},
+    {OLESTR("ReadyForProfileState"), "Getting ready for profile state for WiFi_NetworkAdapter",
+     PutFlag<operation::GetReadyForProfileState, &LastKnownValues::readyForProfileState>, true},
+    {OLESTR("IBSSTxPower"), "Getting IBSS Tx Power for WiFi_NetworkAdapter",
+     PutPreference<operation::GetIbssTxPower, &LastKnownValues::ibssTxPower>},
+    {OLESTR("SupportedRates"), "Getting supported rates for WiFi_NetworkAdapter",
+     PutSupportedRates},
+    {OLESTR("PSPMode"), "Getting PSP Mode for WiFi_NetworkAdapter", PutPspMode},
+    // The line says "registration" for the hardware switch.
+    {OLESTR("HardwareRadioState"), "Getting hardware registration state for WiFi_NetworkAdapter",
+     PutFlag<operation::GetHwRadioState>},
+    {OLESTR("AuthenticationStatus"), "Getting AuthenticationStatus for WiFi_NetworkAdapter",
+     PutAuthenticationStatus},
+    {OLESTR("TxRate"), "Getting Tx Rate for WiFi_NetworkAdapter", PutSigned<operation::GetTxRate>},
+    {OLESTR("AdapterState"), "Getting adapter state for WiFi_NetworkAdapter",
+     PutFlag<operation::GetAdapterState, &LastKnownValues::adapterState>, true},
+    {OLESTR("ProtocolPreference"), "Getting ProtocolPreference for WiFi_NetworkAdapter",
+     PutPreference<operation::GetProtocolPreference, &LastKnownValues::protocolPreference>, true},
+    {OLESTR("ConnectionPreference"), "Getting ConnectionPreference for WiFi_NetworkAdapter",
+     PutPreference<operation::GetConnectionPreference, &LastKnownValues::connectionPreference>},
+    {OLESTR("XpZeroConfigEnabled"), "Getting XpZeroConfigEnabled for WiFi_NetworkAdapter",
+     PutFlag<operation::IsXpZeroConfigEnabled, &LastKnownValues::xpZeroConfigEnabled>},
+    {OLESTR("CcxTpcPower"), "Getting CcxTpcPower for WiFi_NetworkAdapter",
+     PutSigned<operation::GetCcxTpcPower>},
+    {OLESTR("CcxVersion"), "Getting CcxVersion for WiFi_NetworkAdapter", PutCcxVersion},
+    {OLESTR("CcxPowerLevels"), "Getting CcxPowerLevels for WiFi_NetworkAdapter", PutCcxPowerLevels},
+    {OLESTR("LastAppliedProfile"), "Getting LastAppliedProfile for WiFi_NetworkAdapter",
+     PutLastAppliedProfile},
+    // Both preferences are put a second time, as the library gives them, under lines that name the
+    // class of the system policies.
+    {OLESTR("ProtocolPreference"), "Getting band preference for WiFi_SystemPolicies",
+     PutUnfiltered<operation::GetProtocolPreference>, true},
+    {OLESTR("ConnectionPreference"), "Getting connection preference for WiFi_SystemPolicies",
+     PutUnfiltered<operation::GetConnectionPreference>},
+};
+
+/// The last value: left out when the setting cannot be read, though it is then remembered as 0.
+HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
+  TraceMessage("Getting DisableRfControl for WiFi_NetworkAdapter");
+  std::uint32_t flag = 0;
+  const adapterapi::ApiStatus status =
+      filling.state.api.GetSettingValue(kDisableRfControlSetting, &flag);
+  Remember(filling, &LastKnownValues::disableRfControl, flag);
+  if (status == 0) return filling.Put(OLESTR("DisableRfControl"), Variant::Boolean(flag != 0));
+  TraceMessage("FillAdapter: Failed to Get DisableRfControl");
+  return lastPut;
+}
+
+}  // namespace
+
+HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  const Filling filling{state, instance, entry};
+  TraceMessage("Filling adapter information for WiFi_NetworkAdapter");
+  TraceMessage(platform::AnsiText(entry.deviceId.c_str()));
+  HRESULT result = filling.Put(OLESTR("DeviceID"), Variant::Text(entry.deviceId));
+  for (const Row& row : kRows) {
+    if (FAILED(result)) return result;
+    if (row.leftOutOnNt6 && IsNtVersion6()) continue;
+    TraceMessage(row.trace);
+    result = row.put(filling, row.property);
+  }
+  return FAILED(result) ? result : PutDisableRfControl(filling, result);
+}
+
+}  // namespace wifi

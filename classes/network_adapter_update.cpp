@@ -1,0 +1,192 @@
+#include "classes/network_adapter_update.h"
+
+#include "classes/os_gate.h"
+#include "classes/updated_adapter.h"
+#include "provider/flag_value.h"
+#include "provider/trace.h"
+
+namespace wifi {
+namespace {
+
+using adapterapi::AdapterApi;
+using adapterapi::AdapterNumber;
+using adapterapi::ApiStatus;
+using platform::Variant;
+
+constexpr std::uint32_t kDisableRfControlSetting = 426;
+constexpr std::uint16_t kRadioOn = 0xFFFF;
+
+using Slot = std::uint32_t LastKnownValues::*;
+using Setter = ApiStatus (AdapterApi::*)(AdapterNumber, std::uint32_t);
+
+struct Updating {
+  ProviderState& state;
+  AdapterNumber adapter;
+
+  std::uint32_t& lastKnown(Slot slot) const { return state.lastKnown.*slot; }
+};
+
+/// A number from 1 to `highest`; every other one is ignored.
+struct NumberProperty {
+  Slot lastKnown;
+  LONG highest;
+  Setter set;
+  const char* refused;
+};
+
+constexpr NumberProperty kIbssTxPower = {&LastKnownValues::ibssTxPower, 5,
+                                         &AdapterApi::SetIbssTxPower,
+                                         "UpdateAdapterProperty: failed to update IBSSTxPower"};
+constexpr NumberProperty kPspMode = {&LastKnownValues::pspMode, 7, &AdapterApi::SetPspMode,
+                                     "UpdateAdapter: QuarnApi SetPspMode returns error"};
+constexpr NumberProperty kProtocolPreference = {
+    &LastKnownValues::protocolPreference, 8, &AdapterApi::SetProtocolPreference,
+    "UpdateAdapter: QuarnApi SetProtocolPreference returns error"};
+constexpr NumberProperty kConnectionPreference = {
+    &LastKnownValues::connectionPreference, 4, &AdapterApi::SetConnectionPreference,
+    "UpdateAdapter: QuarnApi SetConnectionPreference returns erroe"};
+
+template <const NumberProperty& Property>
+HRESULT UpdateNumber(const Updating& updating, Variant& value) {
+  const HRESULT converted = value.ChangeType(VT_I4);
+  if (FAILED(converted)) return converted;
+  const LONG number = value.get().lVal;
+  std::uint32_t& lastKnown = updating.lastKnown(Property.lastKnown);
+  if (number < 1 || number > Property.highest || lastKnown == static_cast<std::uint32_t>(number)) {
+    return S_OK;
+  }
+  if ((updating.state.api.*Property.set)(updating.adapter, static_cast<std::uint32_t>(number)) !=
+      0) {
+    TraceMessage(Property.refused);
+    return S_OK;
+  }
+  lastKnown = static_cast<std::uint32_t>(number);
+  return S_OK;
+}
+
+/// Writes a flag (0 or 1) that differs from the last known one. `bits` is the client's own value.
+using SetFlag = HRESULT (*)(const Updating&, std::uint32_t flag, std::uint16_t bits,
+                            std::uint32_t& lastKnown);
+
+template <Slot LastKnown, SetFlag Set>
+HRESULT UpdateFlag(const Updating& updating, Variant& value) {
+  const auto bits = FlagBits(value.get());
+  std::uint32_t& lastKnown = updating.lastKnown(LastKnown);
+  const std::uint32_t flag = bits.value_or(0) != 0 ? 1 : 0;
+  // The library's own non-zero values differ from 1 as well, and are then written once as 1.
+  return !bits || lastKnown == flag ? S_OK : Set(updating, flag, *bits, lastKnown);
+}
+
+HRESULT SetRadioState(const Updating& updating, std::uint32_t flag, std::uint16_t bits,
+                      std::uint32_t& lastKnown) {
+  if (bits != 0 && bits != kRadioOn) return S_OK;
+  if (updating.state.api.SetRadioState(updating.adapter, flag) == 0) {
+    lastKnown = flag;
+  } else {
+    TraceMessage("UpdateAdapter: QuarnApi SetRadioState return error!");
+  }
+  return S_OK;
+}
+
+HRESULT SetReadyForProfileState(const Updating& updating, std::uint32_t flag, std::uint16_t,
+                                std::uint32_t& lastKnown) {
+  if (updating.state.api.SetReadyForProfileState(updating.adapter, flag) == 0) {
+    lastKnown = flag;
+  } else {
+    TraceMessage("UpdateAdapter: QuarnApi SetReadyForProfileState return error!");
+  }
+  return S_OK;
+}
+
+/// The only flag that counts as written whatever the library says.
+HRESULT SetXpZeroConfig(const Updating& updating, std::uint32_t flag, std::uint16_t,
+                        std::uint32_t& lastKnown) {
+  updating.state.api.EnableXpZeroConfig(updating.adapter, flag);
+  lastKnown = flag;
+  return S_OK;
+}
+
+HRESULT SetAdapterState(const Updating& updating, std::uint32_t flag, std::uint16_t,
+                        std::uint32_t& lastKnown) {
+  adapterapi::DeviceInfoRecord device = {};
+  if (updating.state.api.GetDeviceInfo(updating.adapter, &device) != 0) {
+    TraceMessage("UpdateAdapterProperty:failed to get device info!");
+    return S_OK;
+  }
+  const ApiStatus status = updating.state.api.SetAdapter(&device, flag);
+  if (status < 0) {
+    TraceMessage("UpdateAdapterProperty: QuarnApi SetAdapter returns error");
+    return status;
+  }
+  lastKnown = flag;
+  TraceMessage("UpdateAdapterProperty: Update AdapterState succeeded!");
+  return S_OK;
+}
+
+HRESULT SetDisableRfControl(const Updating& updating, std::uint32_t flag, std::uint16_t,
+                            std::uint32_t& lastKnown) {
+  if (updating.state.api.SetBoosSeteing(kDisableRfControlSetting, flag) != 0) {
+    TraceMessage("UpdateAdapterProperty: SetBoosSeteing failed to set DisableRfControl!");
+    return WBEM_E_PROVIDER_FAILURE;
+  }
+  lastKnown = flag;
+  return S_OK;
+}
+
+struct Row {
+  const OLECHAR* property;
+  const char* missing;
+  HRESULT (*update)(const Updating&, Variant&);
+  bool leftOutOnNt6 = false;
+  const char* before = nullptr;
+  const char* failed = nullptr;  ///< none: a failure says nothing more
+};
+
+// In the order in which they are applied; the last row's result is the update's.
+constexpr Row kRows[] = {
+    {OLESTR("RadioState"), "UpdateAdapter: failed to get RadioState property",
+     UpdateFlag<&LastKnownValues::radioState, SetRadioState>},
+    {OLESTR("ReadyForProfileState"), "UpdateAdapter: failed to get ReadyForProfileStated property",
+     UpdateFlag<&LastKnownValues::readyForProfileState, SetReadyForProfileState>, true},
+    {OLESTR("IBSSTxPower"), "UpdateAdapter: failed to get IBSSTxPower from instance",
+     UpdateNumber<kIbssTxPower>},
+    {OLESTR("PSPMode"), "UpdateAdapter: failed to get PSPMode from instance",
+     UpdateNumber<kPspMode>},
+    {OLESTR("ProtocolPreference"), "UpdateAdapter: failed to get ProtocolPreference from instance",
+     UpdateNumber<kProtocolPreference>},
+    {OLESTR("ConnectionPreference"),
+     "UpdateAdapter: failed to get ConnectionPreference from instance",
+     UpdateNumber<kConnectionPreference>},
+    {OLESTR("XpZeroConfigEnabled"), "UpdateAdapter: failed to get XpZeroConfigEnabled property",
+     UpdateFlag<&LastKnownValues::xpZeroConfigEnabled, SetXpZeroConfig>},
+    {OLESTR("AdapterState"), "UpdateAdapter: failed to get AdapterState property",
+     UpdateFlag<&LastKnownValues::adapterState, SetAdapterState>, true,
+     "UpdateAdapter: Updating AdapterState..."},
+    // The line names another property than the one that is missing.
+    {OLESTR("DisableRfControl"), "UpdateAdapter: failed to get ReadyForProfileStated property",
+     UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>, false, nullptr,
+     "UpdateAdapter: failed to update DisableRfControl property"},
+};
+
+}  // namespace
+
+HRESULT UpdateNetworkAdapter(ProviderState& state, IWbemClassObject* instance,
+                             AdapterEntry& entry) {
+  HRESULT result = IsUpdateOf(instance, OLESTR("DeviceID"), entry);
+  if (result != S_OK) return FAILED(result) ? result : S_OK;
+  const Updating updating{state, entry.number};
+  for (const Row& row : kRows) {
+    if (row.leftOutOnNt6 && IsNtVersion6()) continue;
+    Variant value;
+    if (FAILED(instance->Get(row.property, 0, value.put(), nullptr, nullptr))) {
+      TraceMessage(row.missing);
+      return WBEM_E_PROVIDER_FAILURE;
+    }
+    if (row.before != nullptr) TraceMessage(row.before);
+    result = row.update(updating, value);
+    if (FAILED(result) && row.failed != nullptr) TraceMessage(row.failed);
+  }
+  return result;
+}
+
+}  // namespace wifi

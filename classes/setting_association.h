@@ -1,0 +1,19 @@
+#pragma once
+
+#include "provider/instance.h"
+
+namespace wifi {
+
+// WiFi_NetworkAdapterSetting: ties each adapter (the path in Element) to its configuration (the
+// path in Setting).
+
+/// The Setting paths name the adapter under the key Setting.
+HRESULT EnumerateSettingAssociations(ProviderState& state, const Delivery& delivery);
+
+/// The association whose Element path names an adapter by DeviceID and whose Setting path holds a
+/// key Setting; WBEM_E_NOT_FOUND otherwise. Its own Setting path carries that value under the key
+/// DeviceID.
+HRESULT GetSettingAssociation(ProviderState& state, const Delivery& delivery,
+                              const ParsedPath& path);
+
+}  // namespace wifi

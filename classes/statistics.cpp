@@ -1,0 +1,157 @@
+#include "classes/statistics.h"
+
+#include <array>
+#include <cstring>
+
+#include "classes/adapter_record.h"
+#include "platform/bstr.h"
+#include "platform/text.h"
+#include "provider/code_table.h"
+#include "provider/format.h"
+
+namespace wifi {
+namespace {
+
+using adapterapi::TxRxStatsRecord;
+using platform::SafeArray;
+using platform::Variant;
+
+struct ArrayProperty {
+  platform::OleStringView name;
+  const char* deletingLine;  ///< the capitals of two of them are not those of the name
+};
+
+// In the order of ProviderState::statisticsArrays.
+constexpr ArrayProperty kArrays[] = {
+    {OLESTR("Rates"), "Deleting the Array Data for Rates"},
+    {OLESTR("TxDirectPacketsRate"), "Deleting the Array Data for TxDirectPacketsrate"},
+    {OLESTR("TxNonDirectPacketsRate"), "Deleting the Array Data for TxNonDirectPacketsRate"},
+    {OLESTR("RxDirectPacketsRate"), "Deleting the Array Data for RxDirectpacketsRate"},
+    {OLESTR("RxNonDirectPacketsRate"), "Deleting the Array Data for RxNonDirectPacketsRate"},
+};
+static_assert(std::size(kArrays) == std::tuple_size_v<decltype(ProviderState::statisticsArrays)>);
+
+/// A new array in the property's slot, none for an unknown name or without memory. The slots own
+/// the arrays: the one before stays until the next fill, the one before that goes now.
+SAFEARRAY* NewArray(ProviderState& state, const OLECHAR* property) {
+  for (std::size_t index = 0; index < std::size(kArrays); ++index) {
+    if (kArrays[index].name != platform::ViewOf(property)) continue;
+    ArraySlots& slots = state.statisticsArrays[index];
+    if (slots.previous) TraceMessage(kArrays[index].deletingLine);
+    slots.previous = std::move(slots.current);
+    SAFEARRAYBOUND bound = {static_cast<ULONG>(kRateCount), 0};
+    slots.current = SafeArray(SafeArrayCreate(VT_BSTR, 1, &bound));
+    return slots.current.get();
+  }
+  return nullptr;
+}
+
+HRESULT StoreTexts(SAFEARRAY* array, std::span<const std::int32_t, kRateCount> values) {
+  for (LONG index = 0; index < static_cast<LONG>(kRateCount); ++index) {
+    const std::string text = FormatText("%d", values[static_cast<std::size_t>(index)]);
+    const platform::Bstr element(platform::WideText(text));
+    const HRESULT stored =
+        element ? SafeArrayPutElement(array, &index, element.get()) : E_OUTOFMEMORY;
+    if (FAILED(stored)) return stored;
+  }
+  return S_OK;
+}
+
+void TraceStoreFailure(HRESULT code) {
+  constexpr CodeText kLines[] = {
+      {static_cast<std::uint32_t>(DISP_E_BADINDEX), "Error is DISP_E_BADINDEX"},
+      {static_cast<std::uint32_t>(E_OUTOFMEMORY), "Error is E_OUTOFMEMORY"},
+      {static_cast<std::uint32_t>(E_INVALIDARG), "Error is E_INVALIDARG"},
+  };
+  const std::string other = FormatText("Error is %d", static_cast<int>(code));
+  TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other.c_str()));
+}
+
+/// Puts an array that stays its slot's.
+HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY* array) {
+  if (instance == nullptr) return E_FAIL;
+  VARIANT borrowed;
+  VariantInit(&borrowed);
+  borrowed.vt = VT_ARRAY | VT_BSTR;
+  borrowed.parray = array;
+  return instance->Put(property, 0, &borrowed, 0);
+}
+
+struct Row {
+  const OLECHAR* property;
+  std::size_t offset;
+  bool perRate;  ///< sixteen values, one otherwise
+};
+constexpr Row kRows[] = {
+    {OLESTR("Rates"), offsetof(TxRxStatsRecord, rates), true},
+    {OLESTR("TxTotalPackets"), offsetof(TxRxStatsRecord, txTotalPackets), false},
+    {OLESTR("TxTotalBytes"), offsetof(TxRxStatsRecord, txTotalBytes), false},
+    {OLESTR("TxDirectPackets"), offsetof(TxRxStatsRecord, txDirectPackets), false},
+    {OLESTR("TxDirectPacketsRate"), offsetof(TxRxStatsRecord, txDirectPacketsRate), true},
+    {OLESTR("TxNonDirectPackets"), offsetof(TxRxStatsRecord, txNonDirectPackets), false},
+    {OLESTR("TxNonDirectPacketsRate"), offsetof(TxRxStatsRecord, txNonDirectPacketsRate), true},
+    {OLESTR("RxTotalPackets"), offsetof(TxRxStatsRecord, rxTotalPackets), false},
+    {OLESTR("RxTotalBytes"), offsetof(TxRxStatsRecord, rxTotalBytes), false},
+    {OLESTR("RxDirectPackets"), offsetof(TxRxStatsRecord, rxDirectPackets), false},
+    {OLESTR("RxDirectPacketsRate"), offsetof(TxRxStatsRecord, rxDirectPacketsRate), true},
+    {OLESTR("RxNonDirectPackets"), offsetof(TxRxStatsRecord, rxNonDirectPackets), false},
+    {OLESTR("RxNonDirectPacketsRate"), offsetof(TxRxStatsRecord, rxNonDirectPacketsRate), true},
+};
+
+/// The last array's result is the answer; what becomes of every other put decides nothing.
+HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const AdapterEntry& entry,
+                       const TxRxStatsRecord& record) {
+  TraceMessage("FillTxRxStats");
+  PutSettingId(instance, entry);
+  HRESULT result = S_OK;
+  for (const Row& row : kRows) {
+    // Unsigned in the library, shown signed.
+    std::array<std::int32_t, kRateCount> values;
+    std::memcpy(values.data(), reinterpret_cast<const std::uint8_t*>(&record) + row.offset,
+                row.perRate ? sizeof(values) : sizeof(values[0]));
+    if (row.perRate) {
+      result = FillSafeArray(state, instance, row.property, values);
+    } else {
+      PutDirectly(instance, row.property, Variant::AnsiText(FormatText("%d", values[0])));
+    }
+  }
+  return result;
+}
+
+// Both lines speak of the exclude list.
+constexpr RecordClass<TxRxStatsRecord> kStatistics = {
+    OLESTR("WiFi_AdapterTxRxStats"), adapterapi::operation::GetTxRxStats,
+    "Getting exclude list for WiFi_AdapterTxRxStats",
+    "Getting network information for WiFi_NetworkExcludeList", FillStatistics};
+
+}  // namespace
+
+HRESULT FillSafeArray(ProviderState& state, IWbemClassObject* instance, const OLECHAR* property,
+                      std::span<const std::int32_t, kRateCount> values) {
+  TraceMessage("Inside the Fillsafearray");
+  SAFEARRAY* array = NewArray(state, property);
+  if (array == nullptr) {
+    TraceMessage("Error out of memory");
+    return E_OUTOFMEMORY;
+  }
+  HRESULT result = StoreTexts(array, values);
+  if (FAILED(result)) {
+    TraceStoreFailure(result);
+    result = WBEM_E_NOT_FOUND;
+  } else {
+    result = PutArray(instance, property, array);
+  }
+  TraceMessage("exiting the Fillsafearray");
+  return result;
+}
+
+HRESULT EnumerateStatistics(ProviderState& state, const Delivery& delivery) {
+  return EnumerateRecords(state, delivery, kStatistics);
+}
+
+HRESULT GetStatisticsObject(ProviderState& state, const Delivery& delivery,
+                            const ParsedPath& path) {
+  return GetRecordObject(state, delivery, path, kStatistics);
+}
+
+}  // namespace wifi

@@ -1,0 +1,8 @@
+#pragma once
+// The product's own MOF files, compiled in: embedded::wifi_adapter_provider_mof() and
+// embedded::uninstall_mof().
+
+#include "cmake/embedded_text.h"
+
+EMBEDDED_TEXT(wifi_adapter_provider_mof)
+EMBEDDED_TEXT(uninstall_mof)

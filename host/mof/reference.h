@@ -1,0 +1,16 @@
+#pragma once
+// Class descriptions for people, made from the declarations.
+
+#include <string>
+
+#include "host/mof/schema.h"
+
+namespace host {
+
+/// The Markdown reference of all classes, in the schema's order; UTF-8, lines end in \n.
+std::string ClassReference(const Schema& schema);
+
+/// One class as plain text, wrapped at 80 columns; for the command line.
+std::string DescribeClass(const ClassDeclaration& declaration);
+
+}  // namespace host

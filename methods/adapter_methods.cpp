@@ -1,0 +1,75 @@
+#include "methods/adapter_methods.h"
+
+#include "platform/text.h"
+#include "provider/profile_record.h"
+#include "provider/same_name.h"
+
+namespace wifi {
+
+using platform::OleString;
+using platform::Variant;
+
+MethodResult RegisterProfileService(const MethodCall& call) {
+  const auto enroll = call.Flag(OLESTR("Register"));
+  return Answer(enroll && call.state.api.RegisterProfileService(call.adapter(), *enroll, 1) == 0);
+}
+
+MethodResult ResetStatistics(const MethodCall& call) {
+  return Answer(call.state.api.ResetStatistics(call.adapter()) == 0);
+}
+
+MethodResult EnableXpZeroConfig(const MethodCall& call) {
+  const auto enable = call.Flag(OLESTR("Enable"));
+  return Answer(enable && call.state.api.EnableXpZeroConfig(call.adapter(), *enable) == 0);
+}
+
+MethodResult IsAdapterSupported(const MethodCall& call) {
+  adapterapi::DeviceInfoRecord device = {};
+  if (call.state.api.GetDeviceInfo(call.adapter(), &device) != 0) return {};
+  std::uint32_t supported = 0;
+  return Answer(call.state.api.IsAdapterSupported(&device, &supported) >= 0 && supported != 0);
+}
+
+MethodResult StopAuthentication(const MethodCall& call) {
+  return Answer(call.state.api.StopAuthentication(call.adapter()) == 0);
+}
+
+MethodResult IsTcpIpInstalledAndBound(const MethodCall& call) {
+  std::uint32_t bound = 0;
+  return Answer(call.state.api.IsTcpIpInstalledAndBound(call.adapter(), &bound) == 0 && bound != 0);
+}
+
+MethodResult Release1xConfig(const MethodCall& call) {
+  // The constant, not the adapter, which only has to be there.
+  return Answer(call.state.api.Release1xConfig(0) == 0);
+}
+
+MethodResult GetApiVersion(const MethodCall& call) {
+  std::uint32_t version = 0;
+  call.state.api.GetApiVersion(&version);
+  return {Variant::Integer(static_cast<LONG>(version))};
+}
+
+MethodResult IsCurrentProfile(const MethodCall& call) {
+  std::optional<Variant> name = call.Value(OLESTR("ProfileName"));
+  if (!name) return {};
+  ORVEL_WLAN_PROFILE profile = {};
+  if (call.state.api.GetLastAppliedProfile(call.adapter(), &profile) != 0) return {};
+  if (FAILED(name->ChangeType(VT_BSTR))) return {};
+  // As the library stores names: in the ANSI code page. Names of different lengths differ, whatever
+  // a locale's rules equate.
+  const OleString asked = platform::WideText(platform::AnsiText(name->text()));
+  const OleString applied = platform::WideText(ProfileName(profile));
+  return Answer(asked.size() == applied.size() &&
+                SameNameIgnoringCase(asked.c_str(), applied.c_str()));
+}
+
+MethodResult Disassociate(const MethodCall& call) {
+  return Answer(call.state.api.Disassociate(call.adapter()) == 0);
+}
+
+MethodResult IsAssociated(const MethodCall& call) {
+  return {Variant::CopyOf(call.entry->associationFlag.get())};
+}
+
+}  // namespace wifi

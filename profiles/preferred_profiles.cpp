@@ -1,0 +1,154 @@
+#include "profiles/preferred_profiles.h"
+
+#include "profiles/feature_set.h"
+#include "profiles/profile_library.h"
+#include "provider/code_table.h"
+#include "provider/impersonation.h"
+#include "provider/property_writer.h"
+#include "provider/trace.h"
+
+namespace wifi {
+namespace {
+
+using platform::Variant;
+
+constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
+
+constexpr CodeText kEncryptions[] = {
+    {1, "None"},        {2, "40-bit"},       {3, "104-bit"},
+    {4, "CKIP 40-bit"}, {5, "CKIP 104-bit"}, {6, "TKIP "},  // clients know the blank
+};
+
+constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
+
+struct Store {
+  TolvaUlong flag;
+  const char* type;
+  bool StoreGates::*gate;  ///< none: always open
+  bool searched;           ///< whether a get by key looks here
+
+  bool isOpen(const StoreGates& gates) const { return gate == nullptr || gates.*gate; }
+};
+
+// In the order in which they are listed.
+constexpr Store kStores[] = {
+    {1, "user", nullptr, true},
+    {2, "persistent", &StoreGates::persistent, true},
+    {4, "prelogon", &StoreGates::prelogon, true},
+    // Listed, yet not found by key: that is what clients know.
+    {8, "postlogon", nullptr, false},
+    {16, "itprofile", nullptr, false},
+};
+
+// A search goes on behind statuses that are neither a profile nor the end; a library that repeats
+// one for ever must not hold the service up.
+constexpr int kMostSteps = 10000;
+
+Variant TextOf(PreferredProfile& profile, const char* (CPreferredProfile::*getter)() const) {
+  return Variant::AnsiText(
+      profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); }));
+}
+
+template <class Code>
+Variant CodeOf(PreferredProfile& profile, Code (CPreferredProfile::*getter)() const,
+               std::span<const CodeText> rows) {
+  const Code code = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
+  return Variant::AnsiText(TextOfCode(rows, static_cast<std::uint32_t>(code), "Unknown"));
+}
+
+HRESULT FillPreferredProfile(IWbemClassObject* instance, PreferredProfile& profile,
+                             const char* storeType) {
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  writer.Put(OLESTR("Name"), TextOf(profile, &CPreferredProfile::Name));
+  writer.Put(OLESTR("SSID"), TextOf(profile, &CPreferredProfile::Ssid));
+  writer.Put(OLESTR("MandatoryAp"), TextOf(profile, &CPreferredProfile::MandatoryAp));
+  writer.Put(OLESTR("OperationMode"), CodeOf(profile, &CPreferredProfile::OpMode, kModes));
+  const TolvaLong stealth =
+      profile.Call([](const CPreferredProfile& held) { return held.Stealth(); });
+  writer.Put(OLESTR("Stealth"), Variant::Boolean(stealth != 0));
+  writer.Put(OLESTR("Encryption"), CodeOf(profile, &CPreferredProfile::WepAlgorithm, kEncryptions));
+  writer.Put(OLESTR("Authentication"),
+             CodeOf(profile, &CPreferredProfile::AuthMode, kAuthentications));
+  writer.PutAnsi(OLESTR("Caption"), "Preferred Profile List");
+  writer.PutAnsi(OLESTR("Description"), "Provides the list of all Preferred Profiles");
+  writer.PutAnsi(OLESTR("Type"), storeType);
+  return writer.result();
+}
+
+/// What both routines work with, from the library's construction to its end.
+struct ProfileRequest {
+  ProviderState& state;
+  const Delivery& delivery;
+  PreferredProfile profile = {};
+  ProfileLibrary library = {};
+  StoreGates gates = ReadStoreGates(state.api);
+
+  HRESULT Deliver(const Store& store) {
+    return DeliverInstance(state, delivery, OLESTR("WiFi_PreferredProfile"),
+                           [&](IWbemClassObject* instance) {
+                             return FillPreferredProfile(instance, profile, store.type);
+                           });
+  }
+
+  HRESULT List() {
+    HRESULT result = WBEM_S_NO_ERROR;
+    if (!library.Open()) return result;
+    for (const Store& store : kStores) {
+      if (!store.isOpen(gates)) continue;
+      LONG status = library.GetFirst(profile, store.flag);
+      while (status == kTolvaSuccess) {
+        result = Deliver(store);
+        status = library.GetNext(profile, store.flag);
+      }
+    }
+    library.Close();
+    return result;
+  }
+
+  HRESULT Find(const std::string& name) {
+    TraceMessage("Opening");
+    HRESULT result = WBEM_E_NOT_FOUND;
+    if (!library.Open()) return result;
+    TraceMessage("Getting");
+    for (const Store& store : kStores) {
+      if (!store.searched || !store.isOpen(gates)) continue;
+      if (!LoadNamed(store, name)) continue;
+      result = Deliver(store);
+      break;
+    }
+    library.Close();
+    return result;
+  }
+
+ private:
+  bool LoadNamed(const Store& store, const std::string& name) {
+    LONG status = library.GetFirst(profile, store.flag);
+    for (int step = 0; step < kMostSteps && status != kTolvaNoMoreProfiles; ++step) {
+      const char* held = profile.Call([](const CPreferredProfile& one) { return one.Name(); });
+      if (held != nullptr && name == held) return true;
+      status = library.GetNext(profile, store.flag);
+    }
+    return false;
+  }
+};
+
+}  // namespace
+
+HRESULT EnumeratePreferredProfiles(ProviderState& state, const Delivery& delivery) {
+  if (state.initialized == 0) return E_FAIL;
+  TraceMessage("Getting preferred profile information for WiFi_PreferredProfile");
+  std::optional<ClientImpersonation> client(std::in_place);
+  ProfileRequest request{state, delivery};
+  const HRESULT result = request.List();
+  client.reset();  // the library's objects go as the service itself
+  return result;
+}
+
+HRESULT GetPreferredProfile(ProviderState& state, const Delivery& delivery,
+                            const ParsedPath& path) {
+  if (state.initialized == 0) return E_FAIL;
+  const std::string name = PathKeyText(path, OLESTR("Name"));
+  return ProfileRequest{state, delivery}.Find(name);
+}
+
+}  // namespace wifi

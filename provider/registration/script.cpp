@@ -1,0 +1,117 @@
+#include "provider/registration/script.h"
+
+#include <algorithm>
+
+namespace wifi {
+namespace {
+
+/// Recursive descent over the script's words, braces, equals signs and quoted texts.
+class ScriptParser {
+ public:
+  explicit ScriptParser(std::string_view text) : rest_(text) { Advance(); }
+
+  std::vector<ScriptKey> Root() {
+    Expect("HKCR");
+    ScriptKey root;
+    Expect("{");
+    Members(root);
+    if (!root.values.empty()) Fail("no value beside the keys");
+    if (!word_.empty()) Fail("the end");
+    return std::move(root.keys);
+  }
+
+ private:
+  [[noreturn]] void Fail(const std::string& expected) const {
+    throw ScriptError("registration script, line " + std::to_string(line_) + ": expected " +
+                      expected + ", found '" + word_ + "'");
+  }
+
+  void Advance() {
+    while (!rest_.empty() && (rest_.front() == ' ' || rest_.front() == '\t' ||
+                              rest_.front() == '\r' || rest_.front() == '\n')) {
+      if (rest_.front() == '\n') ++line_;
+      rest_.remove_prefix(1);
+    }
+    quoted_ = false;
+    std::size_t length = 0;
+    if (rest_.empty()) {
+      word_.clear();
+      return;
+    }
+    if (rest_.front() == '\'') {
+      length = rest_.find('\'', 1);
+      if (length == std::string_view::npos) {
+        word_ = std::string(rest_);
+        Fail("a closing quote");
+      }
+      word_ = rest_.substr(1, length - 1);
+      quoted_ = true;
+      rest_.remove_prefix(length + 1);
+      return;
+    }
+    // A brace alone is a block's; a word may begin with one, as class identifiers do.
+    length = std::min(rest_.find_first_of(" \t\r\n"), rest_.size());
+    word_ = rest_.substr(0, length);
+    rest_.remove_prefix(length);
+  }
+
+  bool Accept(const char* word) {
+    if (quoted_ || word_ != word) return false;
+    Advance();
+    return true;
+  }
+  void Expect(const char* word) {
+    if (!Accept(word)) Fail(word);
+  }
+  std::string Name() {
+    if (quoted_ || word_.empty() || word_ == "{" || word_ == "}" || word_ == "=") Fail("a name");
+    std::string name = word_;
+    Advance();
+    return name;
+  }
+  std::string Text() {
+    Expect("s");
+    if (!quoted_) Fail("a quoted text");
+    std::string text = word_;
+    Advance();
+    return text;
+  }
+
+  void Members(ScriptKey& key) {
+    while (!Accept("}")) {
+      if (Accept("val")) {
+        std::string name = Name();
+        Expect("=");
+        key.values.emplace_back(std::move(name), Text());
+      } else {
+        key.keys.push_back(Key());
+      }
+    }
+  }
+
+  ScriptKey Key() {
+    ScriptKey key;
+    if (Accept("NoRemove")) {
+      key.rule = RemovalRule::kNever;
+    } else if (Accept("ForceRemove")) {
+      key.rule = RemovalRule::kWithSubkeys;
+    }
+    key.name = Name();
+    if (Accept("=")) key.defaultValue = Text();
+    if (Accept("{")) Members(key);
+    return key;
+  }
+
+  std::string_view rest_;
+  std::string word_;
+  bool quoted_ = false;
+  int line_ = 1;
+};
+
+}  // namespace
+
+std::vector<ScriptKey> ParseRegistrationScript(std::string_view text) {
+  return ScriptParser(text).Root();
+}
+
+}  // namespace wifi

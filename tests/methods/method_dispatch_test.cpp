@@ -1,0 +1,141 @@
+#include "methods/method_dispatch.h"
+
+#include "tests/methods/method_fixture.h"
+
+namespace wifi {
+namespace {
+
+using testing_support::Answers;
+using testing_support::Raises;
+using Strings = std::vector<std::string>;
+
+class MethodDispatch : public testing_support::MethodFixture {};
+
+constexpr HRESULT kNotSupported = static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED);
+constexpr HRESULT kInvalidClass = static_cast<HRESULT>(WBEM_E_INVALID_CLASS);
+
+TEST_F(MethodDispatch, UnknownMethodsAndClasses) {
+  const struct {
+    const char* path;
+    const char* method;
+    HRESULT status;
+  } kRows[] = {
+      {"WiFi_NetworkAdapter.DeviceID=\"7\"", "setradiostate", kNotSupported},
+      {"WiFi_NetworkAdapter.DeviceID=\"7\"", "", kNotSupported},
+      {"WiFi_NetworkAdapter.DeviceID=\"7\"", "IsAssociated", kNotSupported},
+      {"WiFi_NetworkAdapterConfiguration.SettingID=\"7\"", "getAPIVersion", WBEM_S_NO_ERROR},
+      {"WiFi_PreferredProfile.Name=\"a\"", "Delete", WBEM_S_NO_ERROR},
+      {"WiFi_NetworkExcludeList.SettingID=\"7\"", "Clear", WBEM_S_NO_ERROR},
+      {"WiFi_AdapterAssociationInfo.SettingID=\"7\"", "Disassociate", kInvalidClass},
+      {"WiFi_NetworkAdapterSetting.Setting=\"7\"", "IsAssociated", kNotSupported},
+      {"WiFi_AdapterChannel.SettingID=\"7\"", "IsAssociated", kInvalidClass},
+      {"WiFi_NetworkAdapter.DeviceID=\"7\" ", "ResetStatistics",
+       static_cast<HRESULT>(WBEM_E_INVALID_OBJECT_PATH)},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(std::string(row.path) + " " + row.method);
+    EXPECT_EQ(Exec(row.path, row.method), row.status);
+    EXPECT_EQ(sink->statuses.back(), row.status);
+    EXPECT_TRUE(sink->objects.empty());
+  }
+  EXPECT_EQ(journal.calls(), Strings{});
+}
+
+TEST_F(MethodDispatch, EveryMethodAnswersItsOutParameters) {
+  const struct {
+    const char* className;
+    const char* key;
+    Strings methods;
+  } kRows[] = {
+      {"WiFi_NetworkAdapter",
+       "DeviceID",
+       {"RegisterProfileService", "SetRadioState", "SetIBSSTxPower", "SetPspMode",
+        "SetReadyForProfileState", "ResetStatistics", "SetProtocolPreference",
+        "SetConnectionPreference", "EnableXpZeroConfig", "ResetExcludeList", "AddExcludeListEntry",
+        "RemoveExcludeListEntry", "IsAdapterSupported", "StopAuthentication",
+        "IsTcpIpInstalledAndBound", "Release1xConfig"}},
+      {"WiFi_NetworkAdapterConfiguration",
+       "SettingID",
+       {"GetAPIVersion", "IsCurrentProfile", "Disassociate"}},
+      {"WiFi_AdapterAssociationInfo", "SettingID", {"IsAssociated"}},
+      {"WiFi_PreferredProfile",
+       "Name",
+       {"ApplyProfile", "ReenterAndReapplyProfile", "ApplyProfileFromMacAddress"}},
+      {"WiFi_NetworkExcludeList",
+       "SettingID",
+       {"IsExcludeListEnabled", "EnableExcludeList", "GetRogueApCount", "ExcludeThisAP"}},
+  };
+  for (const auto& row : kRows) {
+    for (const std::string& method : row.methods) {
+      SCOPED_TRACE(method);
+      // An adapter that is not there, under a class name in other letter case.
+      std::string path = std::string(row.className) + "." + row.key + "=\"none\"";
+      path[0] = 'w';
+      EXPECT_EQ(Exec(path, method.c_str()), WBEM_S_NO_ERROR);
+      EXPECT_EQ(Out(), Strings{method == "GetAPIVersion" ? "ReturnValue=number:0"
+                                                         : "ReturnValue=flag:false"});
+      EXPECT_EQ(sink->objects[0]->className, std::string(row.className) + "." + method);
+      EXPECT_EQ(Exec(std::string(row.className) + "=@", method.c_str()), WBEM_S_NO_ERROR);
+      EXPECT_EQ(Out().size(), 1u);
+      if (method.rfind("Set", 0) != 0) continue;
+      // Served, without a body.
+      EXPECT_EQ(OnAdapter(method.c_str()), WBEM_S_NO_ERROR);
+      EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+    }
+  }
+  EXPECT_EQ(journal.calls(), Strings{});
+}
+
+TEST_F(MethodDispatch, AFaultOfTheLibraryIsFalse) {
+  api.onResetStatistics = Raises();
+  api.onGetApiVersion = Raises();
+  api.onIsExcludeListEnabled = Raises();
+  EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_S_NO_ERROR);
+  EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+  EXPECT_EQ(Exec("WiFi_NetworkAdapterConfiguration.SettingID=\"7\"", "GetAPIVersion"), 0);
+  EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+  EXPECT_EQ(Exec("WiFi_NetworkExcludeList.SettingID=\"7\"", "IsExcludeListEnabled"), 0);
+  EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+}
+
+TEST_F(MethodDispatch, TheStatusIsThatOfDelivery) {
+  script.indicateResult = static_cast<HRESULT>(WBEM_E_CALL_CANCELLED);
+  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_CALL_CANCELLED));
+  script.indicateResult = S_OK;
+  script.putResults["ReturnValue"] = E_ACCESSDENIED;
+  EXPECT_EQ(OnAdapter("ResetStatistics"), S_OK);
+  EXPECT_EQ(sink->objects.size(), 1u);
+  script.putThrows = "ReturnValue";
+  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE));
+  script.putThrows.clear();
+  script.spawnResult = static_cast<HRESULT>(WBEM_E_OUT_OF_MEMORY);
+  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_OUT_OF_MEMORY));
+  fakeNamespace.getObjectResults["WiFi_NetworkAdapter"] = static_cast<HRESULT>(WBEM_E_NOT_FOUND);
+  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  // The method itself ran every time.
+  EXPECT_EQ(journal.calls(), Strings(5, "ResetStatistics"));
+}
+
+TEST_F(MethodDispatch, TheObjectOfASecondOutParameterIsMadeFirst) {
+  api.onGetRogueApCount = Answers(0);
+  EXPECT_EQ(Exec("WiFi_NetworkExcludeList.SettingID=\"7\"", "GetRogueApCount"), 0);
+  EXPECT_EQ(
+      journal.events(),
+      (Strings{"method GetRogueApCount", "spawn WiFi_NetworkExcludeList.GetRogueApCount",
+               "call GetRogueApCount", "put Count", "put ReturnValue", "indicate", "status 0"}));
+  journal.Clear();
+  OnAdapter("ResetStatistics");
+  EXPECT_EQ(journal.events().front(), "call ResetStatistics");
+}
+
+TEST_F(MethodDispatch, NoNamespaceNoObject) {
+  state.services.reset();
+  ParsedPath path;
+  path.className = OLESTR("WiFi_NetworkAdapter");
+  EXPECT_TRUE(FAILED(ExecuteMethod(state, delivery(), path, OLESTR("ResetStatistics"), nullptr)));
+  EXPECT_EQ(ExecuteMethod(state, delivery(), path, nullptr, nullptr), kNotSupported);
+  EXPECT_FALSE(journal.Has("indicate"));
+}
+
+}  // namespace
+}  // namespace wifi

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstring>
+
+#include "tests/support/os_version.h"
+#include "tests/support/provider_fixture.h"
+
+namespace testing_support {
+
+/// A provider with the adapters "10", "12" and "7" (in map order; numbers 110, 112, 107), whose
+/// library notes every change it is asked for. A change answers what `statuses` says, else 0.
+class UpdateFixture : public ProviderFixture {
+ protected:
+  UpdateFixture() {
+    Initialize({{107, "7", 1}, {110, "10", 2}, {112, "12", 3}});
+    api.onSetRadioState = Noting("SetRadioState");
+    api.onSetReadyForProfileState = Noting("SetReadyForProfileState");
+    api.onSetIbssTxPower = Noting("SetIbssTxPower");
+    api.onSetPspMode = Noting("SetPspMode");
+    api.onSetProtocolPreference = Noting("SetProtocolPreference");
+    api.onSetConnectionPreference = Noting("SetConnectionPreference");
+    api.onEnableXpZeroConfig = Noting("EnableXpZeroConfig");
+    api.onSetBoosSeteing = Noting("SetBoosSeteing");
+    api.onSetPolicyValue = Noting("SetPolicyValue");
+    api.onGetDeviceInfo = [this](std::uint32_t adapter, adapterapi::DeviceInfoRecord* record) {
+      record->deviceId = static_cast<std::uint16_t>(adapter);
+      return statuses["GetDeviceInfo"];
+    };
+    api.onSetAdapter = [this](const adapterapi::DeviceInfoRecord* record, std::uint32_t enable) {
+      return Noting("SetAdapter")(record->deviceId, enable);
+    };
+    journal.Clear();
+  }
+
+  std::function<adapterapi::ApiStatus(std::uint32_t, std::uint32_t)> Noting(const char* name) {
+    return [this, name](std::uint32_t first, std::uint32_t second) {
+      changes.push_back(std::string(name) + " " + std::to_string(first) + " " +
+                        std::to_string(second));
+      return statuses[name];
+    };
+  }
+
+  /// An instance as a client submits it.
+  platform::ComPtr<FakeObject> Submitted(const std::string& className, const char* keyName,
+                                         const char* key) {
+    platform::ComPtr<FakeObject> object = MakeObject();
+    object->values["__PATH"] = platform::Variant::AnsiText(className + "=@");
+    object->values["__CLASS"] = platform::Variant::AnsiText(className);
+    if (keyName != nullptr) object->values[keyName] = platform::Variant::AnsiText(key);
+    return object;
+  }
+  HRESULT Put(const platform::ComPtr<FakeObject>& object) {
+    return provider->PutInstanceAsync(object.get(), 0, nullptr, sink.get());
+  }
+
+  std::map<std::string, adapterapi::ApiStatus> statuses;
+  std::vector<std::string> changes;  ///< "SetRadioState 107 1"
+};
+
+/// A value of a type that no platform::Variant factory makes.
+inline platform::Variant Raw(VARTYPE type, LONG bits) {
+  platform::Variant value = platform::Variant::Integer(bits);
+  value.in_place()->vt = type;
+  return value;
+}
+
+}  // namespace testing_support

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/os/os.h"
+#include "platform/bstr.h"
+
+namespace testing_support {
+
+/// This machine's feature switches, empty at first, while it lives.
+class ProfileSettings {
+ public:
+  void Set(const OLECHAR* name, DWORD type, const void* data, DWORD size) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, OLESTR("SOFTWARE\\ORVEL\\Wireless\\GUIConfiguration"), 0,
+                    nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+    RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), size);
+    RegCloseKey(key);
+  }
+  void SetNumber(const OLECHAR* name, DWORD value) { Set(name, REG_DWORD, &value, sizeof(value)); }
+
+ private:
+  host::os::PrivateLocalMachine machine_;
+};
+
+}  // namespace testing_support

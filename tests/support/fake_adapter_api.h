@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+
+#include "adapterapi/adapter_api.h"
+#include "tests/support/journal.h"
+
+namespace testing_support {
+
+using namespace adapterapi;  // the list of operations names its records without a namespace
+
+/// An adapter control library whose operations succeed and leave their outputs alone, unless a test
+/// sets `onNAME`. Every call is in the journal.
+class FakeAdapterApi final : public AdapterApi {
+ public:
+  explicit FakeAdapterApi(Journal& journal) : journal_(journal) {}
+
+#define QUARN_OPERATION(ordinal, name, parameters, arguments) \
+  std::function<ApiStatus parameters> on##name;               \
+  ApiStatus name parameters override {                        \
+    journal_.Add("call " #name);                              \
+    return on##name ? on##name arguments : 0;                 \
+  }
+#include "adapterapi/operations.inc"
+#undef QUARN_OPERATION
+
+ private:
+  Journal& journal_;
+};
+
+/// An operation that answers a status and leaves its output alone.
+inline auto Answers(ApiStatus status) {
+  return [status](auto...) { return status; };
+}
+
+/// An operation that throws.
+inline auto Raises() {
+  return [](auto...) -> ApiStatus { throw std::runtime_error("library fault"); };
+}
+
+/// A getter that writes `value` behind its first argument and answers `status`.
+template <class Value>
+auto Gives(Value value, ApiStatus status = 0) {
+  return [value, status](auto, auto* output) {
+    *output = value;
+    return status;
+  };
+}
+
+}  // namespace testing_support

@@ -1,0 +1,194 @@
+#pragma once
+// The management service's side, faked: class definitions that accept every property, instances
+// that remember what was put, sinks that remember what they were told.
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/com_ptr.h"
+#include "platform/text.h"
+#include "platform/variant.h"
+#include "tests/support/journal.h"
+
+namespace testing_support {
+
+/// Reference counting for one-interface fakes; counts the living ones.
+template <class Interface>
+class FakeUnknown : public Interface {
+ public:
+  FakeUnknown() { ++live; }
+  FakeUnknown(const FakeUnknown&) = delete;
+  FakeUnknown& operator=(const FakeUnknown&) = delete;
+  virtual ~FakeUnknown() { --live; }
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  static inline int live = 0;
+
+ private:
+  ULONG references_ = 1;
+};
+
+/// How puts and spawns of a test's instances go; shared by all of them.
+struct InstanceScript {
+  Journal& journal;
+  std::map<std::string, HRESULT> putResults = {};  ///< by property; success otherwise
+  std::string putThrows = {};                      ///< the property whose put throws
+  HRESULT spawnResult = S_OK;
+  HRESULT indicateResult = S_OK;
+  std::map<int, HRESULT> indicateResults = {};  ///< by the number of the call, from 1
+};
+
+/// A value as tests compare it: TYPE:VALUE, such as "text:Poor", "number:5", "flag:true".
+std::string Shown(const VARIANT& value);
+
+/// An instance, a class definition or a method signature.
+class FakeObject final : public FakeUnknown<IWbemClassObject> {
+ public:
+  explicit FakeObject(InstanceScript& script) : script_(script) {}
+
+  struct PutValue {
+    std::string name;
+    std::string value;
+  };
+  std::vector<PutValue> puts;
+  std::map<std::string, platform::Variant> values;  ///< what Get answers
+  std::string className;
+
+  /// "Name=VALUE" of every put, in order.
+  std::vector<std::string> ShownPuts() const;
+  /// The last value put under a name, "" if none was.
+  std::string Last(const std::string& name) const;
+
+  HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type,
+                                LONG* flavor) override;
+  HRESULT STDMETHODCALLTYPE Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) override;
+  HRESULT STDMETHODCALLTYPE SpawnInstance(LONG flags, IWbemClassObject** instance) override;
+  HRESULT STDMETHODCALLTYPE GetMethod(LPCWSTR name, LONG flags, IWbemClassObject** in,
+                                      IWbemClassObject** out) override;
+
+#define UNUSED_OPERATION(operation, parameters)             \
+  HRESULT STDMETHODCALLTYPE operation parameters override { \
+    return E_NOTIMPL;                                       \
+  }
+  UNUSED_OPERATION(GetQualifierSet, (IWbemQualifierSet**))
+  UNUSED_OPERATION(Delete, (LPCWSTR))
+  UNUSED_OPERATION(GetNames, (LPCWSTR, LONG, VARIANT*, SAFEARRAY**))
+  UNUSED_OPERATION(BeginEnumeration, (LONG))
+  UNUSED_OPERATION(Next, (LONG, BSTR*, VARIANT*, CIMTYPE*, LONG*))
+  UNUSED_OPERATION(EndEnumeration, ())
+  UNUSED_OPERATION(GetPropertyQualifierSet, (LPCWSTR, IWbemQualifierSet**))
+  UNUSED_OPERATION(Clone, (IWbemClassObject**))
+  UNUSED_OPERATION(GetObjectText, (LONG, BSTR*))
+  UNUSED_OPERATION(SpawnDerivedClass, (LONG, IWbemClassObject**))
+  UNUSED_OPERATION(CompareTo, (LONG, IWbemClassObject*))
+  UNUSED_OPERATION(GetPropertyOrigin, (LPCWSTR, BSTR*))
+  UNUSED_OPERATION(InheritsFrom, (LPCWSTR))
+  UNUSED_OPERATION(PutMethod, (LPCWSTR, LONG, IWbemClassObject*, IWbemClassObject*))
+  UNUSED_OPERATION(DeleteMethod, (LPCWSTR))
+  UNUSED_OPERATION(BeginMethodEnumeration, (LONG))
+  UNUSED_OPERATION(NextMethod, (LONG, BSTR*, IWbemClassObject**, IWbemClassObject**))
+  UNUSED_OPERATION(EndMethodEnumeration, ())
+  UNUSED_OPERATION(GetMethodQualifierSet, (LPCWSTR, IWbemQualifierSet**))
+  UNUSED_OPERATION(GetMethodOrigin, (LPCWSTR, BSTR*))
+#undef UNUSED_OPERATION
+
+ private:
+  InstanceScript& script_;
+};
+
+/// Remembers what it is handed; keeps the instances alive.
+class FakeSink final : public FakeUnknown<IWbemObjectSink> {
+ public:
+  explicit FakeSink(InstanceScript& script) : script_(script) {}
+
+  std::vector<platform::ComPtr<FakeObject>> objects;
+  std::vector<HRESULT> statuses;
+
+  HRESULT STDMETHODCALLTYPE Indicate(LONG count, IWbemClassObject** indicated) override;
+  HRESULT STDMETHODCALLTYPE SetStatus(LONG flags, HRESULT status, BSTR, IWbemClassObject*) override;
+
+ private:
+  InstanceScript& script_;
+  int calls_ = 0;
+};
+
+/// A finite enumeration of objects, then WBEM_S_FALSE.
+class FakeEnumeration final : public FakeUnknown<IEnumWbemClassObject> {
+ public:
+  explicit FakeEnumeration(std::vector<platform::ComPtr<IWbemClassObject>> objects)
+      : objects_(std::move(objects)) {}
+  HRESULT STDMETHODCALLTYPE Next(LONG timeout, ULONG count, IWbemClassObject** object,
+                                 ULONG* returned) override;
+  HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE NextAsync(ULONG, IWbemObjectSink*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Clone(IEnumWbemClassObject**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Skip(LONG, ULONG) override { return E_NOTIMPL; }
+
+ private:
+  std::vector<platform::ComPtr<IWbemClassObject>> objects_;
+  std::size_t next_ = 0;
+};
+
+/// The namespace that the provider is handed.
+class FakeNamespace final : public FakeUnknown<IWbemServices> {
+ public:
+  explicit FakeNamespace(InstanceScript& script) : script_(script) {}
+
+  /// What enumerations of platform classes give, by class name; an object that is none makes Next
+  /// answer success without one. A class that is missing fails with WBEM_E_INVALID_CLASS.
+  std::map<std::string, std::vector<platform::ComPtr<IWbemClassObject>>> platformObjects;
+  std::map<std::string, HRESULT> getObjectResults;  ///< by class name; success otherwise
+  std::vector<IWbemContext*> contexts;              ///< of every GetObject
+  std::vector<std::string> enumerations;            ///< "CLASS flags", flags in hexadecimal
+
+  HRESULT STDMETHODCALLTYPE GetObject(const BSTR path, LONG flags, IWbemContext* context,
+                                      IWbemClassObject** object, IWbemCallResult** result) override;
+  HRESULT STDMETHODCALLTYPE CreateInstanceEnum(const BSTR name, LONG flags, IWbemContext* context,
+                                               IEnumWbemClassObject** enumeration) override;
+
+#define UNUSED_OPERATION(operation, parameters)             \
+  HRESULT STDMETHODCALLTYPE operation parameters override { \
+    return E_NOTIMPL;                                       \
+  }
+  UNUSED_OPERATION(OpenNamespace,
+                   (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
+  UNUSED_OPERATION(CancelAsyncCall, (IWbemObjectSink*))
+  UNUSED_OPERATION(QueryObjectSink, (LONG, IWbemObjectSink**))
+  UNUSED_OPERATION(GetObjectAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(PutInstanceAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(DeleteInstanceAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(CreateInstanceEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(ExecQueryAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecNotificationQuery,
+                   (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(ExecNotificationQueryAsync,
+                   (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
+                                IWbemClassObject**, IWbemCallResult**))
+  UNUSED_OPERATION(ExecMethodAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
+                                     IWbemObjectSink*))
+#undef UNUSED_OPERATION
+
+ private:
+  InstanceScript& script_;
+};
+
+}  // namespace testing_support

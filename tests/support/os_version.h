@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/os/os.h"
+
+namespace testing_support {
+
+/// While it lives, the version query of this program answers NT 5.1 instead of 6.1, so that no
+/// property is left out.
+class OsVersionNotNt6 {
+ public:
+  OsVersionNotNt6() { host::os::SetOsVersion(nullptr, 5, 1); }
+  OsVersionNotNt6(const OsVersionNotNt6&) = delete;
+  OsVersionNotNt6& operator=(const OsVersionNotNt6&) = delete;
+  ~OsVersionNotNt6() { host::os::SetOsVersion(nullptr, 6, 1); }
+};
+
+}  // namespace testing_support
