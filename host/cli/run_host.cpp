@@ -1,0 +1,149 @@
+#include "host/cli/run_host.h"
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#include "host/cli/command_runner.h"
+#include "host/cli/shell.h"
+#include "host/mof/product_schema.h"
+#include "host/os/os.h"
+#include "host/service/provider_module.h"
+#include "host/service/result_codes.h"
+#include "platform/environment.h"
+#include "simulator/scenario/from_iw.h"
+
+namespace host {
+namespace {
+
+constexpr const char* kScenarioVariable = "WIFI_SCENARIO";
+constexpr const char* kTraceVariable = "WIFI_PROVIDER_TRACE";
+constexpr int kDefaultWidth = 100;
+
+/// Writes the scenario's feature settings where the provider reads them.
+void ApplyFeatureValues(const simulator::PlatformObjects& objects) {
+  if (!objects.featureKeyPresent) return;
+  HKEY key = nullptr;
+  if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, OLESTR("SOFTWARE\\ORVEL\\Wireless\\GUIConfiguration"), 0,
+                      nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, nullptr, &key,
+                      nullptr) != ERROR_SUCCESS) {
+    return;
+  }
+  const std::pair<const OLECHAR*, const std::optional<std::uint32_t>*> values[] = {
+      {OLESTR("FeatureSet1"), &objects.featureSet1}, {OLESTR("FeatureSet2"), &objects.featureSet2}};
+  for (const auto& [name, value] : values) {
+    if (!*value) continue;
+    const DWORD number = **value;
+    RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof(number));
+  }
+  RegCloseKey(key);
+}
+
+simulator::PlatformObjects LoadScenario(const HostOptions& options) {
+  if (!options.scenario) {
+    return simulator::LoadPlatformObjects(
+        platform::EnvironmentText(kScenarioVariable).value_or(""));
+  }
+  const std::string file = os::FileName(*options.scenario);
+  simulator::PlatformObjects objects = simulator::LoadPlatformObjects(file);
+  os::SetEnvironment(kScenarioVariable, file);
+  return objects;
+}
+
+ExitStatus RunShell(const Command& command, CommandRunner& runner, std::ostream& output,
+                    std::ostream& errors) {
+  if (command.target.empty()) {
+    return Shell(std::cin, output, errors, "input", os::IsTerminal(0)).Run(runner, command);
+  }
+  std::ifstream file(os::FileName(command.target));
+  if (!file) {
+    errors << "wmihost: " << command.target << ": the file cannot be read\n";
+    return kBadInput;
+  }
+  return Shell(file, output, errors, command.target, false).Run(runner, command);
+}
+
+/// Writes the scenario of a capture; what it leaves out goes to `errors`.
+ExitStatus ConvertCapture(const std::string& path, std::ostream& output, std::ostream& errors) {
+  const bool isFile = !path.empty() && path != "-";
+  const std::string source = isFile ? path : "standard input";
+  std::ifstream file;
+  if (isFile) file.open(os::FileName(path), std::ios::binary);
+  std::istream& input = isFile ? static_cast<std::istream&>(file) : std::cin;
+  std::ostringstream capture;
+  if (!(capture << input.rdbuf())) {
+    throw simulator::ScenarioError(source + ": nothing can be read from it");
+  }
+  const simulator::ScenarioOfCapture made = simulator::ScenarioFromIw(capture.str(), source);
+  for (const std::string& remark : made.remarks) errors << "wmihost: " << remark << '\n';
+  output << made.json;
+  return kSuccess;
+}
+
+ExitStatus RunWithProvider(const CommandLine& commandLine, const Repository& repository,
+                           const simulator::PlatformObjects& objects, int width,
+                           std::ostream& output, std::ostream& errors) {
+  Defects defects([&](const std::string& sentence) {
+    errors << "wmihost: provider defect: " << sentence << '\n';
+  });
+  const HostOptions& options = commandLine.host;
+  const os::Apartment apartment;
+  std::optional<os::DebugOutputToStderr> debugOutput;
+  if (options.trace) {
+    os::SetEnvironment(kTraceVariable, "1");
+    debugOutput.emplace();
+  }
+  const os::PrivateLocalMachine localMachine;
+  ApplyFeatureValues(objects);
+  const ProviderModule module(options.module.value_or(os::DefaultModulePath()));
+  if (options.osVersion) {
+    os::SetOsVersion(module.handle(), options.osVersion->first, options.osVersion->second);
+  }
+  ExitStatus status = kSuccess;
+  {
+    ProviderSession session(repository, objects, defects);
+    if (const HRESULT started = session.Start(module.Factory().get()); FAILED(started)) {
+      errors << "wmihost: the provider cannot be made: " << DescribeResult(started) << '\n';
+      return kRefused;
+    }
+    // The provider still serves requests, as far as it can.
+    if (session.initStatus() != S_OK) {
+      errors << "wmihost: the provider reports a failed start: "
+             << DescribeResult(session.initStatus()) << '\n';
+      status = kRefused;
+    }
+    CommandRunner runner(repository, &session, output, errors, width);
+    const Command& command = commandLine.command;
+    status = Worse(status, command.name == CommandName::kShell
+                               ? RunShell(command, runner, output, errors)
+                               : runner.Run(command));
+    session.Stop();
+    module.CheckUnloadable(defects);
+  }
+  return defects.count() > 0 ? kDefective : status;
+}
+
+}  // namespace
+
+ExitStatus RunHost(const CommandLine& commandLine, std::ostream& output, std::ostream& errors) {
+  const int width = os::TerminalWidth().value_or(kDefaultWidth);
+  try {
+    if (commandLine.command.name == CommandName::kScenario) {
+      return ConvertCapture(commandLine.command.target, output, errors);
+    }
+    const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
+    const simulator::PlatformObjects objects = LoadScenario(commandLine.host);
+    if (!CommandRunner::NeedsProvider(commandLine.command.name)) {
+      return CommandRunner(repository, nullptr, output, errors, width).Run(commandLine.command);
+    }
+    return RunWithProvider(commandLine, repository, objects, width, output, errors);
+  } catch (const simulator::ScenarioError& error) {
+    errors << "wmihost: scenario: " << error.what() << '\n';
+    return kBadInput;
+  } catch (const ModuleError& error) {
+    errors << "wmihost: " << error.what() << '\n';
+    return kRefused;
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,40 @@
+#pragma once
+// The output formats. Rows are JSON objects, name to value, in the order in which they are shown;
+// not every row has every name. Texts are UTF-8, lines end with a line feed.
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/service/value.h"
+
+namespace host {
+
+enum class OutputFormat { kTable, kList, kJson, kCsv };
+
+/// The names that the command line takes, in the order of the enumeration.
+inline constexpr const char* kFormatNames[] = {"table", "list", "json", "csv"};
+
+/// `rows` is a JSON array of objects; `width` is the number of columns that a table may fill.
+std::string FormatRows(const Json& rows, OutputFormat format, int width);
+
+/// JSON with an indent of two blanks and a line end; texts that are no UTF-8 are mended.
+std::string JsonText(const Json& value);
+/// One header line, then one line for each row, as RFC 4180 writes them but with line feeds.
+std::string CsvText(const Json& rows);
+/// One `Name : Value` line for each value; a blank line between rows.
+std::string ListText(const Json& rows);
+/// Columns side by side; three or more that do not fit are turned: one line for each name, one
+/// column for each row, as many as fit.
+std::string TableText(const Json& rows, int width);
+
+/// All names of the rows in the order in which they first appear.
+std::vector<std::string> NamesOf(const Json& rows);
+/// A value in one line: text with its control characters escaped, the elements of an array with a
+/// comma between them, nothing for null.
+std::string CellText(const Json& value);
+/// Columns that a text takes on a terminal: two for wide characters, none for combining ones.
+int DisplayWidth(std::string_view utf8);
+
+}  // namespace host

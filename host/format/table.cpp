@@ -1,0 +1,98 @@
+#include <algorithm>
+#include <cstddef>
+
+#include "host/format/format.h"
+
+namespace host {
+namespace {
+
+constexpr int kGap = 2;  ///< blanks between columns
+/// So many columns stay side by side even where the last runs over the edge.
+constexpr std::size_t kAlwaysUpright = 2;
+
+struct Column {
+  std::vector<std::string> cells;  ///< the first is the heading
+  int width = 0;
+
+  void Add(std::string cell) {
+    width = std::max(width, DisplayWidth(cell));
+    cells.push_back(std::move(cell));
+  }
+};
+
+int TotalWidth(const std::vector<Column>& columns) {
+  int total = -kGap;
+  for (const Column& column : columns) total += column.width + kGap;
+  return total;
+}
+
+/// The lines of a table; a rule stands below the headings. No line ends with blanks.
+std::string Lines(const std::vector<const Column*>& columns) {
+  std::string text;
+  const std::size_t count = columns.front()->cells.size();
+  for (std::size_t row = 0; row < count; ++row) {
+    std::string line;
+    std::string rule;
+    for (const Column* column : columns) {
+      const std::string& cell = column->cells[row];
+      line += cell +
+              std::string(static_cast<std::size_t>(column->width - DisplayWidth(cell) + kGap), ' ');
+      rule += std::string(static_cast<std::size_t>(column->width), '-') + std::string(kGap, ' ');
+    }
+    text += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
+    if (row == 0) text += rule.substr(0, rule.find_last_not_of(' ') + 1) + '\n';
+  }
+  return text;
+}
+
+std::string CellOf(const Json& row, const std::string& name) {
+  const auto found = row.find(name);
+  return found == row.end() ? std::string() : CellText(*found);
+}
+
+std::vector<const Column*> Pointers(const std::vector<Column>& columns) {
+  std::vector<const Column*> pointers;
+  for (const Column& column : columns) pointers.push_back(&column);
+  return pointers;
+}
+
+/// One line for each name; blocks of as many rows as fit beside the names.
+std::string Turned(const Json& rows, const std::vector<std::string>& names, int width) {
+  Column heads;
+  heads.Add("Property");
+  for (const std::string& name : names) heads.Add(name);
+  std::vector<Column> values;
+  for (const Json& row : rows) {
+    Column& column = values.emplace_back();
+    column.Add("Instance " + std::to_string(values.size()));
+    for (const std::string& name : names) column.Add(CellOf(row, name));
+  }
+  std::string text;
+  for (std::size_t next = 0; next < values.size();) {
+    std::vector<const Column*> block = {&heads, &values[next]};
+    int used = heads.width + kGap + values[next++].width;
+    while (next < values.size() && used + kGap + values[next].width <= width) {
+      used += kGap + values[next].width;
+      block.push_back(&values[next++]);
+    }
+    text += (text.empty() ? "" : "\n") + Lines(block);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string TableText(const Json& rows, int width) {
+  const std::vector<std::string> names = NamesOf(rows);
+  if (names.empty()) return "";
+  std::vector<Column> columns;
+  for (const std::string& name : names) {
+    Column& column = columns.emplace_back();
+    column.Add(name);
+    for (const Json& row : rows) column.Add(CellOf(row, name));
+  }
+  const bool upright = names.size() <= kAlwaysUpright || TotalWidth(columns) <= width;
+  return upright ? Lines(Pointers(columns)) : Turned(rows, names, width);
+}
+
+}  // namespace host

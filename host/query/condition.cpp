@@ -1,0 +1,152 @@
+#include "host/query/condition.h"
+
+#include <charconv>
+#include <compare>
+#include <cstdint>
+#include <utility>
+
+namespace host {
+namespace {
+
+std::string Lower(std::string text) {
+  for (char& character : text) {
+    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 32);
+  }
+  return text;
+}
+
+/// The whole number that a value stands for: itself, a text of digits, 1 or 0 for a boolean.
+std::optional<std::int64_t> NumberOf(const Json& value) {
+  if (value.is_number_integer()) return value.get<std::int64_t>();
+  if (value.is_boolean()) return value.get<bool>() ? 1 : 0;
+  if (!value.is_string()) return std::nullopt;
+  const std::string& text = value.get_ref<const std::string&>();
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+/// Texts compare as texts, everything else as numbers; none where that is not possible.
+std::optional<std::strong_ordering> Order(const Json& left, const Json& right) {
+  if (left.is_string() && right.is_string()) {
+    return Lower(left.get<std::string>()).compare(Lower(right.get<std::string>())) <=> 0;
+  }
+  const std::optional<std::int64_t> leftNumber = NumberOf(left);
+  const std::optional<std::int64_t> rightNumber = NumberOf(right);
+  if (!leftNumber || !rightNumber) return std::nullopt;
+  return *leftNumber <=> *rightNumber;
+}
+
+/// Whether a character is in the set that starts after '['; moves `next` behind the ']'.
+bool InSet(char character, std::string_view pattern, std::size_t* next) {
+  const std::size_t end = pattern.find(']', *next);
+  std::string_view set = pattern.substr(*next, end - *next);
+  *next = end + 1;
+  const bool negated = set.starts_with('^');
+  if (negated) set.remove_prefix(1);
+  bool found = false;
+  for (std::size_t index = 0; index < set.size(); ++index) {
+    // "a-z" and, as the service also takes it, "a=z" are ranges.
+    if (index + 2 < set.size() && (set[index + 1] == '-' || set[index + 1] == '=')) {
+      found = found || (set[index] <= character && character <= set[index + 2]);
+      index += 2;
+    } else {
+      found = found || set[index] == character;
+    }
+  }
+  return found != negated;
+}
+
+/// Where the character that begins at `at` ends, in UTF-8.
+std::size_t CharacterEnd(std::string_view text, std::size_t at) {
+  do {
+    ++at;
+  } while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80);
+  return at;
+}
+
+/// Matches one pattern element other than '%' against the character at `at`.
+bool MatchesOne(std::string_view text, std::size_t* at, std::string_view pattern,
+                std::size_t* next) {
+  if (*at >= text.size()) return false;
+  const char wanted = pattern[(*next)++];
+  if (wanted == '_') {
+    *at = CharacterEnd(text, *at);
+    return true;
+  }
+  const char character = text[(*at)++];
+  const bool isSet = wanted == '[' && pattern.find(']', *next) != std::string_view::npos;
+  return isSet ? InSet(character, pattern, next) : wanted == character;
+}
+
+}  // namespace
+
+bool MatchesLike(std::string_view text, std::string_view pattern) {
+  const std::string lowerText = Lower(std::string(text));
+  const std::string lowerPattern = Lower(std::string(pattern));
+  std::size_t at = 0;
+  std::size_t next = 0;
+  // After a mismatch the last '%' takes one character more: no recursion, no exponential time.
+  std::size_t retryAt = 0;
+  std::size_t retryNext = std::string::npos;
+  while (at < lowerText.size() || next < lowerPattern.size()) {
+    if (next < lowerPattern.size() && lowerPattern[next] == '%') {
+      retryNext = ++next;
+      retryAt = at;
+      continue;
+    }
+    if (next < lowerPattern.size() && MatchesOne(lowerText, &at, lowerPattern, &next)) continue;
+    if (retryNext == std::string::npos || retryAt >= lowerText.size()) return false;
+    retryAt = CharacterEnd(lowerText, retryAt);
+    at = retryAt;
+    next = retryNext;
+  }
+  return true;
+}
+
+CompareCondition::CompareCondition(std::size_t property, Comparison comparison, Json literal)
+    : property_(property), comparison_(comparison), literal_(std::move(literal)) {}
+
+std::optional<bool> CompareCondition::Holds(const CimObject& instance) const {
+  const CIMTYPE type = instance.info().declaration.properties[property_].type;
+  const Json value = ToJson(type, instance.Value(property_));
+  if (value.is_null()) return std::nullopt;
+  if (comparison_ == Comparison::kLike) {
+    return value.is_string() &&
+           MatchesLike(value.get_ref<const std::string&>(), literal_.get_ref<const std::string&>());
+  }
+  const std::optional<std::strong_ordering> order = Order(value, literal_);
+  if (!order) return comparison_ == Comparison::kUnequal;
+  switch (comparison_) {
+    case Comparison::kEqual:
+      return *order == 0;
+    case Comparison::kUnequal:
+      return *order != 0;
+    case Comparison::kLess:
+      return *order < 0;
+    case Comparison::kLessOrEqual:
+      return *order <= 0;
+    case Comparison::kGreater:
+      return *order > 0;
+    default:
+      return *order >= 0;
+  }
+}
+
+std::optional<bool> NotCondition::Holds(const CimObject& instance) const {
+  const std::optional<bool> inner = inner_->Holds(instance);
+  if (!inner) return std::nullopt;
+  return !*inner;
+}
+
+std::optional<bool> PairCondition::Holds(const CimObject& instance) const {
+  const std::optional<bool> left = left_->Holds(instance);
+  if (left == decisive_) return decisive_;
+  const std::optional<bool> right = right_->Holds(instance);
+  if (right == decisive_) return decisive_;
+  if (!left || !right) return std::nullopt;
+  return !decisive_;
+}
+
+}  // namespace host

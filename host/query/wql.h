@@ -1,0 +1,48 @@
+#pragma once
+// The part of WQL that selects instances of one class:
+//   SELECT * | column, … FROM class [WHERE condition]
+// with AND, OR, NOT, parentheses, = <> != < <= > >= LIKE (% _ [set] [^set]), IS [NOT] NULL, and
+// literals of text, whole numbers, TRUE, FALSE and NULL. Keywords, names and texts compare without
+// regard to the case of ASCII letters. A comparison with a missing value is neither true nor false.
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/service/cim_object.h"
+
+namespace host {
+
+/// Says what is wrong in a query, and at which character, counted from 1.
+class QueryError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A condition on one instance: true, false, or none where a missing value decides.
+class Condition {
+ public:
+  virtual ~Condition() = default;
+  virtual std::optional<bool> Holds(const CimObject& instance) const = 0;
+};
+
+struct WqlQuery {
+  std::string className;
+  std::vector<std::string> columns;  ///< empty for all
+  std::unique_ptr<Condition> where;  ///< null for none
+
+  bool Selects(const CimObject& instance) const {
+    return where == nullptr || where->Holds(instance).value_or(false);
+  }
+};
+
+/// Reads a query; its property names must be those of its class. Throws QueryError.
+WqlQuery ParseWql(std::string_view text, const Repository& repository);
+
+/// Whether a text matches a LIKE pattern.
+bool MatchesLike(std::string_view text, std::string_view pattern);
+
+}  // namespace host

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+struct WqlToken {
+  enum class Kind { kWord, kText, kNumber, kSymbol, kEnd };
+  Kind kind = Kind::kEnd;
+  std::string text;          ///< a text without its quotes and escapes
+  std::size_t position = 0;  ///< of its first character, from 1
+};
+
+/// Cuts a query into tokens; the last is kEnd. Throws QueryError.
+std::vector<WqlToken> CutWql(std::string_view query);
+
+}  // namespace host

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/service/repository.h"
+#include "host/service/value.h"
+#include "platform/variant.h"
+
+namespace host {
+
+/// A class definition or an instance as a value: which properties were put, in which order, and
+/// what they hold. The class outlives it.
+class CimObject {
+ public:
+  enum class Kind { kClass, kInstance };
+
+  explicit CimObject(const ClassInfo& info, Kind kind = Kind::kInstance);
+  CimObject(const CimObject& other);
+  CimObject(CimObject&&) noexcept = default;
+  CimObject& operator=(CimObject other) noexcept;
+
+  const ClassInfo& info() const { return *info_; }
+  bool isClass() const { return kind_ == Kind::kClass; }
+
+  /// Writes a property as the service does (see Convert); a failure leaves it as it was.
+  HRESULT Put(std::size_t property, const VARIANT& value);
+  /// Gives a property its default back; it counts as never put.
+  void Reset(std::size_t property);
+  /// What was put, else the default of the class, else VT_NULL.
+  const VARIANT& Value(std::size_t property) const { return values_[property].get(); }
+  /// The properties that were put, in the order of their first puts.
+  const std::vector<std::size_t>& order() const { return order_; }
+
+  /// Class.Key="value"; none while a key has no value.
+  std::optional<std::string> RelativePath() const;
+  /// \\.\root\cimv2:Class.Key="value"
+  std::optional<std::string> Path() const;
+  /// The object as MOF text.
+  std::string Text() const;
+
+  /// The properties that were put, name to value, in the order of their first puts.
+  Json ToJson() const;
+
+ private:
+  const ClassInfo* info_;
+  Kind kind_;
+  std::vector<platform::Variant> values_;
+  std::vector<std::size_t> order_;
+};
+
+}  // namespace host

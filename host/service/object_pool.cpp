@@ -1,0 +1,19 @@
+#include "host/service/com_object.h"
+
+namespace host {
+
+void ObjectPool::Sweep(const std::string& request, Defects& defects) {
+  for (std::unique_ptr<Counted>& object : objects_) {
+    const LONG held = object->references();
+    if (object->misused() || held < 0) {
+      defects.Add(request + ": " + object->what() + " was released more often than taken");
+    } else if (held > 0) {
+      defects.Add(request + ": " + std::to_string(held) + " reference" + (held == 1 ? "" : "s") +
+                  " to " + object->what() + (held == 1 ? " was" : " were") + " not released");
+    }
+    if (held > 0) leaked_.push_back(std::move(object));
+  }
+  objects_.clear();
+}
+
+}  // namespace host

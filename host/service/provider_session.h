@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "host/service/namespace.h"
+#include "host/service/request_sink.h"
+#include "simulator/scenario/platform_objects.h"
+
+namespace host {
+
+/// One provider from Initialize to its last release, and the requests made of it. Every breach of
+/// the contract between service and provider goes to `defects`.
+class ProviderSession {
+ public:
+  /// All outlive the session.
+  ProviderSession(const Repository& repository, const simulator::PlatformObjects& platformObjects,
+                  Defects& defects);
+  ProviderSession(const ProviderSession&) = delete;
+  ProviderSession& operator=(const ProviderSession&) = delete;
+  ~ProviderSession();
+
+  /// Makes a provider and initialises it. A failure to make one is returned; what Initialize
+  /// reported is `initStatus()`.
+  HRESULT Start(IClassFactory* factory);
+  HRESULT initStatus() const { return initStatus_; }
+  /// Releases the provider and everything that belongs to it; reports what it still holds.
+  void Stop();
+
+  const Repository& repository() const { return repository_; }
+
+  Outcome Enumerate(const std::string& className);
+  Outcome Get(const std::string& path);
+  Outcome Query(const std::string& query);
+  Outcome Put(const CimObject& instance);
+  Outcome Delete(const std::string& path);
+  /// `in` holds the in-parameters, null for none. The outcome's object holds the out-parameters.
+  Outcome Call(const std::string& path, const std::string& method, const CimObject* in);
+
+ private:
+  /// Runs one request: `operation(context, sink)` makes the call and returns its result.
+  template <class Operation>
+  Outcome Run(const std::string& request, const ClassInfo* expected, Operation operation);
+
+  const Repository& repository_;
+  Defects& defects_;
+  ObjectPool pool_;
+  Namespace namespace_;
+  platform::ComPtr<IWbemProviderInit> provider_;
+  platform::ComPtr<IWbemServices> services_;
+  HRESULT initStatus_ = S_OK;
+};
+
+}  // namespace host

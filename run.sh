@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Builds what is missing and runs wmihost: ./run.sh [--windows] [ARGS…]
+# Without ARGS: lists the adapters of the default scenario. --windows takes the DLL, through Wine.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+. "$root/cmake/prepare.sh"
+
+preset=native
+if [ "${1:-}" = --windows ]; then
+  preset=windows
+  shift
+fi
+[ $# -gt 0 ] || set -- enum WiFi_NetworkAdapter
+
+install_packages "$preset"
+build "$preset" wmihost WiFiAdapterProvider
+if [ "$preset" = windows ]; then
+  use_wine
+  exec wine "$root/build/windows/bin/wmihost.exe" "$@"
+fi
+exec "$root/build/native/bin/wmihost" "$@"

@@ -1,0 +1,79 @@
+#include "host/format/format.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+Json Rows() {
+  return Json::parse(R"([
+    {"Id": "a,\"b\"", "Count": -5, "On": true, "Tags": ["x", "y"]},
+    {"Id": "line\nbreak", "Note": null, "Count": 10}
+  ])");
+}
+
+TEST(Format, Json) {
+  EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kJson, 100), "[]\n");
+  EXPECT_EQ(
+      FormatRows(Json::parse(R"([{"B": "x\u00fc", "A": [1, null]}])"), OutputFormat::kJson, 100),
+      "[\n  {\n    \"B\": \"x\xC3\xBC\",\n    \"A\": [\n      1,\n      null\n    ]\n  }\n]\n");
+}
+
+TEST(Format, JsonMendsTextThatIsNoUtf8) {
+  EXPECT_EQ(JsonText(Json("a\xED\xA0\x80"
+                          "b\xFF")),
+            "\"a\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+            "b\xEF\xBF\xBD\"\n");
+}
+
+TEST(Format, Csv) {
+  EXPECT_EQ(FormatRows(Rows(), OutputFormat::kCsv, 100),
+            "Id,Count,On,Tags,Note\n"
+            "\"a,\"\"b\"\"\",-5,true,\"[\"\"x\"\",\"\"y\"\"]\",\n"
+            "\"line\nbreak\",10,,,\n");
+  EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kCsv, 100), "");
+}
+
+TEST(Format, List) {
+  EXPECT_EQ(FormatRows(Rows(), OutputFormat::kList, 100),
+            "Id    : a,\"b\"\nCount : -5\nOn    : true\nTags  : x, y\n\n"
+            "Id    : line\\x0abreak\nNote  :\nCount : 10\n");
+}
+
+TEST(Format, TableWithRowsThatFit) {
+  EXPECT_EQ(FormatRows(Rows(), OutputFormat::kTable, 100),
+            "Id             Count  On    Tags  Note\n"
+            "-------------  -----  ----  ----  ----\n"
+            "a,\"b\"          -5     true  x, y\n"
+            "line\\x0abreak  10\n");
+  EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kTable, 100), "");
+}
+
+TEST(Format, TableTurnsRowsThatDoNotFit) {
+  const Json rows = Json::parse(
+      R"([{"A": "0123456789012345678901234567890123456789", "B": true, "C": 5},
+          {"A": "x", "C": 6}, {"A": "y", "B": false}])");
+  EXPECT_EQ(FormatRows(rows, OutputFormat::kTable, 32),
+            "Property  Instance 1\n--------  ----------------------------------------\n"
+            "A         0123456789012345678901234567890123456789\n"
+            "B         true\nC         5\n\n"
+            "Property  Instance 2  Instance 3\n--------  ----------  ----------\n"
+            "A         x           y\nB                     false\nC         6\n");
+  const Json two = Json::parse(R"([{"Name": "one", "Text": "longer than the width"}])");
+  EXPECT_EQ(FormatRows(two, OutputFormat::kTable, 10),
+            "Name  Text\n----  ---------------------\none   longer than the width\n");
+}
+
+TEST(Format, AlignsByDisplayWidth) {
+  EXPECT_EQ(DisplayWidth("abc"), 3);
+  EXPECT_EQ(DisplayWidth("\xC3\xBC"), 1);
+  EXPECT_EQ(DisplayWidth("u\xCC\x88"), 1) << "a combining mark takes no column";
+  EXPECT_EQ(DisplayWidth("\xE6\x97\xA5\xE6\x9C\xAC"), 4);
+  EXPECT_EQ(DisplayWidth("\xF0\x9F\x98\x80"), 2);
+  EXPECT_EQ(DisplayWidth("a\xE6"), 2) << "a broken character ends with the text";
+  EXPECT_EQ(TableText(Json::parse(R"([{"N": "\u65e5", "V": 1}, {"N": "abc", "V": 2}])"), 100),
+            "N    V\n---  -\n\xE6\x97\xA5   1\nabc  2\n");
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,219 @@
+// The MOF reader, the checks of a schema, and the product's own MOF held against them.
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <sstream>
+
+#include "host/mof/check.h"
+#include "host/mof/product_schema.h"
+#include "host/mof/reference.h"
+
+namespace host {
+namespace {
+
+Schema ProductSchema() {
+  return ParseMof(embedded::wifi_adapter_provider_mof(), "product");
+}
+
+TEST(MofReader, ReadsEveryFeature) {
+  const Schema schema = ParseMof(
+      "\xEF\xBB\xBF// a comment\n"
+      "#pragma namespace(\"\\\\\\\\.\\\\root\\\\x\")\n"
+      "/* one\n more */ INSTANCE OF __Win32Provider as $P { Name = \"N\"; Level = -0x10;\n"
+      "  Flag = true; Nothing = NULL; };\n"
+      "instance of Reg { Provider = $p; };\n"
+      "[dynamic: ToInstance ToSubclass, Values{\"a\", \"b\"}, Provider(\"N\")]\n"
+      "class Wi_A : Base {\n"
+      "  [key] string Name = \"a\" \"\\\"\\x41\\xe9\\n\";\n"
+      "  uint16 Numbers[] = {1, 65535};\n"
+      "  Wi_B ref Other = NULL;\n"
+      "  [Implemented] void Run();\n"
+      "  sint32 Do([in, ID(0)] boolean Really, [out, ID(1)] string Texts[]);\n"
+      "};\n"
+      "#pragma deleteclass(\"Old\", NOFAIL)\n"
+      "#pragma deleteinstance(\"Old.K=1\", NOFAIL)",
+      "all");
+  EXPECT_EQ(schema.namespaceName, "\\\\.\\root\\x");
+  ASSERT_EQ(schema.instances.size(), 2u);
+  using Values = std::vector<MofScalar>;
+  const std::vector<std::pair<std::string, Values>> expected = {
+      {"Name", {"N"}}, {"Level", {std::int64_t{-16}}}, {"Flag", {true}}, {"Nothing", {}}};
+  EXPECT_EQ(schema.instances[0].values, expected);
+  EXPECT_EQ(schema.instances[0].alias, "$P");
+  EXPECT_EQ(schema.instances[1].values[0].second, Values{"$p"});
+  EXPECT_EQ(schema.deletedClasses, std::vector<std::string>{"Old"});
+  EXPECT_EQ(schema.deletedInstances, std::vector<std::string>{"Old.K=1"});
+
+  const ClassDeclaration* wiA = schema.FindClass("wi_a");
+  ASSERT_NE(wiA, nullptr);
+  EXPECT_EQ(wiA->superclass, "Base");
+  EXPECT_EQ(wiA->line, 8);
+  EXPECT_TRUE(wiA->qualifiers.Flag("Dynamic"));
+  EXPECT_EQ(wiA->qualifiers.Text("provider"), "N");
+  EXPECT_EQ(wiA->qualifiers.Find("values")->values.size(), 2u);
+  EXPECT_EQ(wiA->FindProperty("NAME")->defaultValue, Values{"a\"A\xC3\xA9\n"});
+  EXPECT_TRUE(wiA->FindProperty("Name")->qualifiers.Flag("key"));
+  EXPECT_EQ(CimTypeName(wiA->FindProperty("Numbers")->type), "uint16[]");
+  EXPECT_EQ(wiA->FindProperty("Numbers")->defaultValue->size(), 2u);
+  EXPECT_EQ(wiA->FindProperty("Other")->referencedClass, "Wi_B");
+  EXPECT_EQ(wiA->FindProperty("Other")->defaultValue, std::nullopt);
+  EXPECT_EQ(wiA->FindMethod("run")->returnType, CIM_EMPTY);
+  const MethodDeclaration* method = wiA->FindMethod("Do");
+  EXPECT_EQ(CimTypeName(method->returnType), "sint32");
+  ASSERT_EQ(method->parameters.size(), 2u);
+  EXPECT_EQ(CimTypeName(method->parameters[1].type), "string[]");
+  EXPECT_EQ(wiA->FindProperty("Do"), nullptr);
+}
+
+TEST(MofReader, SaysWhatIsWrongAndWhere) {
+  const struct {
+    std::string text;
+    std::string message;
+  } rows[] = {
+      {"klass A {};", "m:1: expected #pragma, class or instance, found 'klass'"},
+      {"[key", "m:1: expected ']', found the end"},
+      {"[key(", "m:1: expected a text, a number, TRUE or FALSE, found the end"},
+      {"[key: Sometimes] class A {};",
+       "m:1: expected a flavor such as ToInstance, found 'Sometimes'"},
+      {"class {};", "m:1: expected a class name, found '{'"},
+      {"class A {\n  string B\n};", "m:3: expected ';', found '}'"},
+      {"class A { datetime B; };", "m:1: expected a data type or CLASS ref, found 'datetime'"},
+      {"class A { void B; };", "m:1: expected '(', found ';'"},
+      {"class A { string B(void C); };",
+       "m:1: expected a data type before the parameter's name, found ')'"},
+      {"class A { string B[2]; };", "m:1: expected ']', found '2'"},
+      {"class A {\nsint32 B =\n\"2\"; };", "m:3: expected a value of type sint32, found another"},
+      {"class A { sint32 B = 2147483648; };",
+       "m:1: expected a value of type sint32, found another"},
+      {"class A { string B[] = \"x\"; };", "m:1: expected a value of type string[], found another"},
+      {"class A { sint32 B = 010; };",
+       "m:1: expected a decimal or hexadecimal number of at most 64 bits, found '010'"},
+      {"class A { sint32 B = 99999999999999999999; };",
+       "m:1: expected a decimal or hexadecimal number of at most 64 bits, found "
+       "'99999999999999999999'"},
+      {"class A { sint32 B = 0x; };",
+       "m:1: expected a decimal or hexadecimal number of at most 64 bits, found '0x'"},
+      {"instance A {};", "m:1: expected of, found 'A'"},
+      {"instance of A as B {};", "m:1: expected an alias such as $name, found 'B'"},
+      {"instance of A { B = $C; };", "m:1: expected an alias of an earlier instance, found '$C'"},
+      {"instance of A { B = $; };", "m:1: expected an alias's name after $, found another"},
+      {"instance of A { B = {1, }; };", "m:1: expected a text, a number, TRUE or FALSE, found '}'"},
+      {"#pragma include(\"x\")",
+       "m:1: expected namespace, deleteclass or deleteinstance, found 'include'"},
+      {"#pragma deleteclass(\"x\", MAYBE)", "m:1: expected NOFAIL, found 'MAYBE'"},
+      {"\n/* open\n\n", "m:2: expected */ to close a comment, found the end"},
+      {"[a(\"open", "m:1: expected \" to close a text, found the end"},
+      {"[a(\"open\n\")]", "m:1: expected \" to close a text, found a control character"},
+      {"[a(\"\\xD800\")]",
+       "m:1: expected an escape: one of \\b \\t \\n \\f \\r \\\" \\' \\\\ or \\xHHHH of a "
+       "character, found another after the backslash"},
+      {"[a(\"\\",
+       "m:1: expected an escape: one of \\b \\t \\n \\f \\r \\\" \\' \\\\ or \\xHHHH of a "
+       "character, found another after the backslash"},
+      {std::string("class\0", 6), "m:1: expected a class name, found byte 0"},
+      {"\xFF\xFE", "m:1: expected #pragma, class or instance, found byte 255"},
+  };
+  for (const auto& row : rows) {
+    try {
+      ParseMof(row.text, "m");
+      ADD_FAILURE() << "accepted: " << row.text;
+    } catch (const MofError& error) {
+      EXPECT_EQ(error.what(), row.message);
+    }
+  }
+}
+
+TEST(SchemaCheck, FindsEveryFault) {
+  const Schema schema = ParseMof(
+      "[dynamic, provider(\"P\"), Description(\"D.\")] class A {\n"
+      "  [read, read, Description(\"D.\")] string B;\n"
+      "  [key, Description(\"D.\"), ValueMap{\"1\"}, Values{\"a\", \"b\"}] uint8 b;\n"
+      "  [Description(\"D.\")] string M([Description(\"no stop\"), ID(1)] string X);\n"
+      "};\n"
+      "class a {};\n",
+      "m");
+  EXPECT_EQ(CheckSchema(schema), (std::vector<std::string>{
+                                     "6: a: the name stands twice",
+                                     "3: b: the name stands twice",
+                                     "2: A.B: the qualifier read stands twice",
+                                     "3: A.b: ValueMap and Values differ in length",
+                                     "3: A.b: type uint8",
+                                     "3: A.b: not readable",
+                                     "4: A.M: not implemented",
+                                     "4: A.M: returns string",
+                                     "4: A.M.X: no description that ends in a full stop",
+                                     "4: A.M.X: neither in nor out, or both",
+                                     "4: A.M.X: its ID is not 0",
+                                     "6: a: no description that ends in a full stop",
+                                     "6: a: not dynamic",
+                                     "6: a: no provider",
+                                     "6: a: no key",
+                                 }));
+}
+
+TEST(ProductMof, IsWholeAndWithoutFindings) {
+  const Schema schema = ProductSchema();
+  EXPECT_EQ(CheckSchema(schema), std::vector<std::string>{});
+  EXPECT_EQ(schema.namespaceName, "\\\\.\\root\\cimv2");
+  EXPECT_EQ(schema.instances.size(), 3u);
+  EXPECT_EQ(schema.classes.size(), 19u);
+  std::size_t methods = 0;
+  for (const ClassDeclaration& declaration : schema.classes) methods += declaration.methods.size();
+  EXPECT_EQ(methods, 27u);
+}
+
+TEST(ProductMof, IsTakenAwayWhole) {
+  const Schema schema = ProductSchema();
+  const Schema removal = ParseMof(embedded::uninstall_mof(), "uninstall");
+  EXPECT_EQ(removal.namespaceName, schema.namespaceName);
+  std::set<std::string> names;
+  for (const ClassDeclaration& declaration : schema.classes) names.insert(declaration.name);
+  EXPECT_EQ(std::set(removal.deletedClasses.begin(), removal.deletedClasses.end()), names);
+  EXPECT_EQ(removal.deletedInstances.size(), schema.instances.size());
+  EXPECT_EQ(removal.deletedInstances.front(),
+            "__MethodProviderRegistration.Provider="
+            "\"__Win32Provider.Name=\\\"WiFiAdapterProvider\\\"\"");
+}
+
+TEST(ClassReference, WritesTablesAndEscapes) {
+  const Schema schema = ParseMof(
+      "[Description(\"A class.\")] class A {\n"
+      "  [key, read, write, Units(\"dBm\"), MinValue(1), MaxValue(5), ValueMap{\"1\", \"<2>\"},\n"
+      "   Values{\"one\", \"two\"}, Description(\"B | b\\nmore.\")] sint32 B;\n"
+      "  [read] C ref R;\n"
+      "  [Description(\"Runs.\")] boolean Run([in, Description(\"How.\")] string How);\n"
+      "};",
+      "m");
+  EXPECT_EQ(ClassReference(schema),
+            "# Management classes\n\n"
+            "Made from `schema/wifi_adapter_provider.mof`. Namespace ``.\n\n"
+            "- [A](#a)\n"
+            "\n## A\n\nA class.\n"
+            "\n| Property | Type | Access | Unit or values | Description |\n"
+            "|---|---|---|---|---|\n"
+            "| `B` | sint32 | key, read, write | dBm; 1 to 5; \"1\" one, \"\\<2\\>\" two | "
+            "B \\| b more. |\n"
+            "| `R` | C ref | read |  |  |\n"
+            "\n### A.Run\n\n`boolean Run(in string How)`\n\nRuns.\n"
+            "\n| Parameter | Type | Access | Unit or values | Description |\n"
+            "|---|---|---|---|---|\n"
+            "| `How` | string | in |  | How. |\n");
+  EXPECT_EQ(DescribeClass(schema.classes[0]),
+            "A\n    A class.\n\nProperties\n"
+            "  B: sint32, key, read, write\n      B | b more.\n"
+            "      [dBm; 1 to 5; \"1\" one, \"<2>\" two]\n"
+            "  R: C ref, read\n"
+            "\nMethods\n  boolean Run(in string How)\n      Runs.\n"
+            "      How: string, in\n          How.\n");
+}
+
+TEST(ClassReference, WrapsAtEightyColumns) {
+  for (const ClassDeclaration& declaration : ProductSchema().classes) {
+    std::istringstream lines(DescribeClass(declaration));
+    for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80u) << line;
+  }
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,122 @@
+#include "host/query/wql.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/host/toy.h"
+
+namespace host {
+namespace {
+
+TEST(Wql, SelectsByCondition) {
+  CimObject toy = NewToy("Alpha", 5);
+  Put(toy, "On", platform::Variant::Boolean(true));
+  struct Row {
+    const char* condition;
+    bool selected;
+  };
+  constexpr Row kRows[] = {
+      {"Id = 'ALPHA'", true},
+      {"id = \"alpha\"", true},
+      {"Id <> 'beta'", true},
+      {"Id < 'b' and Id >= 'alpha'", true},
+      {"Count = 5", true},
+      {"Count != +5", false},
+      {"Count > -1 AND Count <= 5", true},
+      {"Count = '5'", true},
+      {"Count = 'five'", false},
+      {"Id > 3", false},
+      {"On = TRUE", true},
+      {"On = 1", true},
+      {"On <> false", true},
+      {"Small = 1", false},
+      {"NOT Small = 1", false},  // no value: neither true nor false
+      {"Small = 1 OR Count = 5", true},
+      {"Small IS NULL", true},
+      {"Count IS NOT NULL", true},
+      {"Small = NULL", true},
+      {"Count <> NULL", true},
+      {"NOT (Id = 'x' OR Count = 5)", false},
+      {"Id = 'x' AND Count = 1 OR Count = 5", true},
+      {"Id = 'x' AND (Count = 1 OR Count = 5)", false},
+      {"Id LIKE 'al%'", true},
+      {"NOT Id LIKE '%z%'", true},
+      {"Note = 'none'", true},  // the default of the class
+  };
+  for (const Row& row : kRows) {
+    const WqlQuery query =
+        ParseWql(std::string("SELECT * FROM Toy WHERE ") + row.condition, ToyRepository());
+    EXPECT_EQ(query.Selects(toy), row.selected) << row.condition;
+  }
+}
+
+TEST(Wql, MatchesPatterns) {
+  struct Row {
+    const char* text;
+    const char* pattern;
+    bool matches;
+  };
+  constexpr Row kRows[] = {
+      {"abc", "abc", true},
+      {"abc", "ABC", true},
+      {"abc", "ab", false},
+      {"abc", "%", true},
+      {"", "%", true},
+      {"", "_", false},
+      {"abc", "a_c", true},
+      {"abc", "%b%", true},
+      {"abc", "%bd", false},
+      {"aXbXc", "a%x%c", true},
+      {"aab", "%ab", true},
+      {"abc", "[a-c]bc", true},
+      {"abc", "[^a]bc", false},
+      {"dbc", "[^a-c]bc", true},
+      {"a-c", "a[-x]c", true},
+      {"a[c", "a[c", true},
+      {"50%", "50[%]", true},
+      {"aaaaaaaaaaaaaaaaaaaaaaaab", "%a%a%a%a%a%a%a%a%a%a%a%c", false},
+      {"\xC3\xBC"
+       "b",
+       "_b", true},
+  };
+  for (const Row& row : kRows) {
+    EXPECT_EQ(MatchesLike(row.text, row.pattern), row.matches) << row.text << " " << row.pattern;
+  }
+}
+
+TEST(Wql, SpellsNamesAsTheSchemaDoes) {
+  const WqlQuery query = ParseWql("select count, ID from TOY", ToyRepository());
+  EXPECT_EQ(query.className, "Toy");
+  EXPECT_EQ(query.columns, (std::vector<std::string>{"Count", "Id"}));
+  EXPECT_TRUE(query.Selects(NewToy("x", 1)));
+}
+
+TEST(Wql, SaysWhereAQueryIsWrong) {
+  const std::pair<std::string, const char*> rows[] = {
+      {"", "character 1: expected SELECT"},
+      {"SELECT FROM Toy", "character 13: expected FROM"},
+      {"SELECT * FROM", "expected a class name"},
+      {"SELECT * FROM Nothing", "character 15: there is no class 'Nothing'"},
+      {"SELECT Size FROM Toy", "character 8: Toy has no property 'Size'; it has Id, On"},
+      {"SELECT * FROM Toy WHERE", "expected a property name"},
+      {"SELECT * FROM Toy WHERE Id", "expected =, <>"},
+      {"SELECT * FROM Toy WHERE Id = alpha", "expected a text in quotes"},
+      {"SELECT * FROM Toy WHERE Id LIKE 5", "expected a text in quotes"},
+      {"SELECT * FROM Toy WHERE Id = 'x", "character 30: the text has no end"},
+      {"SELECT * FROM Toy WHERE (Id = 'x'", "expected )"},
+      {"SELECT * FROM Toy WHERE Count = 99999999999999999999", "too large"},
+      {"SELECT * FROM Toy extra", "expected the end"},
+      {"SELECT * FROM Toy;", "unexpected ';'"},
+      {"SELECT * FROM Toy WHERE " + std::string(100000, '('), "nested too deeply"},
+  };
+  for (const auto& [query, message] : rows) {
+    try {
+      ParseWql(query, ToyRepository());
+      ADD_FAILURE() << query.substr(0, 80) << " was accepted";
+    } catch (const QueryError& error) {
+      EXPECT_NE(std::string(error.what()).find(message), std::string::npos) << error.what();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace host
