@@ -301,6 +301,7 @@ TEST_F(ProviderSessionTest, WantsTheNamespaceBack) {
   Start();
   session_.Stop();
   ExpectDefects({"still holds the namespace"});
+  provider_.services.services.reset();  // while there is still something to release
 }
 
 }  // namespace
