@@ -57,7 +57,7 @@ HRESULT FillAdapterChannel(ProviderState& state, IWbemClassObject* instance, Ada
   TraceMessage("Getting Adapter Channel information for WiFi_AdapterChannel");
   IbssPreferencesRecord record = {};
   const GuardedResult read =
-      GuardedCall(state.api, adapterapi::operation::GetChannelInfo, entry.number, &record);
+      GuardedCall(state.api, adapterapi::operation::GetChannelInfo, entry.number, record);
   if (!read.raised) {
     TraceMessage(read.status == 0 ? "FillAdapterChannles: QuarnAPI GetIbssPreferences succedded"
                                   : "FillAdapterChannles: QuarnAPI GetIbssPreferences failed");

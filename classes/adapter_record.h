@@ -15,13 +15,13 @@ inline HRESULT PutSettingId(IWbemClassObject* instance, const AdapterEntry& entr
 }
 
 /// Traces `line` and has the library fill the cleared `record` behind a guard. Answers with the
-/// library's status, with `ifRaised` when it throws: filling then goes on with what is in the
-/// record, unless `ifRaised` is a failure too.
+/// library's status, with `ifRaised` when it throws: filling then goes on with the cleared record,
+/// unless `ifRaised` is a failure too.
 template <class Record>
 HRESULT ReadRecord(ProviderState& state, const AdapterEntry& entry, const char* line,
                    const RecordGetter<Record>& getter, Record& record, HRESULT ifRaised) {
   TraceMessage(line);
-  const GuardedResult result = GuardedCall(state.api, getter, entry.number, &record);
+  const GuardedResult result = GuardedCall(state.api, getter, entry.number, record);
   return result.raised ? ifRaised : result.status;
 }
 
@@ -33,6 +33,7 @@ struct RecordClass {
   const char* enumerateLine;  ///< traced before the call for an enumeration
   const char* getLine;        ///< traced before the call for a get by key
   HRESULT (*fill)(ProviderState&, IWbemClassObject*, const AdapterEntry&, const Record&);
+  bool successIsZero;  ///< a success code of the sink counts as 0 and ends no enumeration
 };
 
 /// Indicates the adapter's instance; WBEM_E_NOT_FOUND when the library has no record for it.
@@ -43,9 +44,10 @@ HRESULT DeliverRecord(ProviderState& state, const Delivery& delivery,
   TraceMessage(line);
   Record record = {};
   if ((state.api.*shown.getter.call)(entry.number, &record) != 0) return WBEM_E_NOT_FOUND;
-  return DeliverInstance(state, delivery, shown.name, [&](IWbemClassObject* instance) {
-    return shown.fill(state, instance, entry, record);
-  });
+  const HRESULT result = DeliverInstance(
+      state, delivery, shown.name,
+      [&](IWbemClassObject* instance) { return shown.fill(state, instance, entry, record); });
+  return shown.successIsZero && SUCCEEDED(result) ? WBEM_S_NO_ERROR : result;
 }
 
 /// Indicates the instance of every adapter, until one fails.

@@ -58,9 +58,12 @@ HRESULT FillAssociationStats(ProviderState& state, IWbemClassObject* instance,
 }
 
 constexpr RecordClass<AssociationStatsRecord> kAssociationStats = {
-    OLESTR("WiFi_AdapterAssocStats"), adapterapi::operation::GetAssociationStats,
+    OLESTR("WiFi_AdapterAssocStats"),
+    adapterapi::operation::GetAssociationStats,
     "Getting Association Stats for WiFi_AdapterAssocStats",
-    "Getting network information for WiFi_AdapterAssocStats", FillAssociationStats};
+    "Getting network information for WiFi_AdapterAssocStats",
+    FillAssociationStats,
+    true};
 
 }  // namespace
 

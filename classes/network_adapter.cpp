@@ -69,8 +69,7 @@ struct Reading {
 template <class Value>
 Reading<Value> Read(const Filling& filling, const Operation<AdapterNumber, Value*>& getter) {
   Value value = 0;
-  const GuardedResult result = GuardedCall(filling.state.api, getter, filling.entry.number, &value);
-  if (result.raised) value = 0;
+  const GuardedResult result = GuardedCall(filling.state.api, getter, filling.entry.number, value);
   return {value, result.succeeded()};
 }
 
@@ -120,7 +119,7 @@ HRESULT PutSupportedRates(const Filling& filling, const OLECHAR* property) {
 HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
   adapterapi::PspInfoRecord record = {};
   const GuardedResult result =
-      GuardedCall(filling.state.api, operation::GetPspInfo, filling.entry.number, &record);
+      GuardedCall(filling.state.api, operation::GetPspInfo, filling.entry.number, record);
   const std::uint32_t mode = result.succeeded() ? record.mode : 0;
   Remember(filling, &LastKnownValues::pspMode, mode);
   return filling.Put(property, Variant::Integer(static_cast<LONG>(mode)));
@@ -136,7 +135,7 @@ HRESULT PutAuthenticationStatus(const Filling& filling, const OLECHAR* property)
 HRESULT PutCcxVersion(const Filling& filling, const OLECHAR* property) {
   adapterapi::CcxVersionRecord version = {};
   const GuardedResult result =
-      GuardedCall(filling.state.api, operation::GetCcxVersion, filling.entry.number, &version);
+      GuardedCall(filling.state.api, operation::GetCcxVersion, filling.entry.number, version);
   return filling.Put(property, Variant::AnsiText(result.raised || result.status < 0
                                                      ? std::string(kNoCcxVersion)
                                                      : FormatText("%d.%d.%d", version.major,
@@ -157,7 +156,7 @@ std::string PowerLevelsText(const adapterapi::CcxPowerLevelsRecord& record) {
 HRESULT PutCcxPowerLevels(const Filling& filling, const OLECHAR* property) {
   adapterapi::CcxPowerLevelsRecord record = {};
   const GuardedResult result =
-      GuardedCall(filling.state.api, operation::GetCcxPowerLevels, filling.entry.number, &record);
+      GuardedCall(filling.state.api, operation::GetCcxPowerLevels, filling.entry.number, record);
   return filling.Put(
       property, Variant::AnsiText(result.raised || result.status < 0 ? std::string(kNoCcxVersion)
                                                                      : PowerLevelsText(record)));
@@ -166,7 +165,7 @@ HRESULT PutCcxPowerLevels(const Filling& filling, const OLECHAR* property) {
 HRESULT PutLastAppliedProfile(const Filling& filling, const OLECHAR* property) {
   ORVEL_WLAN_PROFILE profile = {};
   const GuardedResult result = GuardedCall(filling.state.api, operation::GetLastAppliedProfile,
-                                           filling.entry.number, &profile);
+                                           filling.entry.number, profile);
   return filling.Put(property,
                      Variant::AnsiText(result.raised || result.status < 0 ? std::string_view()
                                                                           : ProfileName(profile)));

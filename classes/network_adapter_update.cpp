@@ -22,6 +22,7 @@ using Setter = ApiStatus (AdapterApi::*)(AdapterNumber, std::uint32_t);
 struct Updating {
   ProviderState& state;
   AdapterNumber adapter;
+  HRESULT read;  ///< the success code with which the client's instance gave the value
 
   std::uint32_t& lastKnown(Slot slot) const { return state.lastKnown.*slot; }
 };
@@ -74,7 +75,7 @@ HRESULT UpdateFlag(const Updating& updating, Variant& value) {
   std::uint32_t& lastKnown = updating.lastKnown(LastKnown);
   const std::uint32_t flag = bits.value_or(0) != 0 ? 1 : 0;
   // The library's own non-zero values differ from 1 as well, and are then written once as 1.
-  return !bits || lastKnown == flag ? S_OK : Set(updating, flag, *bits, lastKnown);
+  return !bits || lastKnown == flag ? updating.read : Set(updating, flag, *bits, lastKnown);
 }
 
 HRESULT SetRadioState(const Updating& updating, std::uint32_t flag, std::uint16_t bits,
@@ -136,36 +137,39 @@ HRESULT SetDisableRfControl(const Updating& updating, std::uint32_t flag, std::u
 struct Row {
   const OLECHAR* property;
   const char* missing;
+  const char* failed;  ///< traced when `update` fails, which some never do; may be none
   HRESULT (*update)(const Updating&, Variant&);
   bool leftOutOnNt6 = false;
   const char* before = nullptr;
-  const char* failed = nullptr;  ///< none: a failure says nothing more
 };
 
 // In the order in which they are applied; the last row's result is the update's.
 constexpr Row kRows[] = {
     {OLESTR("RadioState"), "UpdateAdapter: failed to get RadioState property",
+     "UpdateAdapter: failed to update RadioState property",
      UpdateFlag<&LastKnownValues::radioState, SetRadioState>},
     {OLESTR("ReadyForProfileState"), "UpdateAdapter: failed to get ReadyForProfileStated property",
+     "UpdateAdapter: failed to update ReadyForProfileState property",
      UpdateFlag<&LastKnownValues::readyForProfileState, SetReadyForProfileState>, true},
-    {OLESTR("IBSSTxPower"), "UpdateAdapter: failed to get IBSSTxPower from instance",
+    {OLESTR("IBSSTxPower"), "UpdateAdapter: failed to get IBSSTxPower from instance", nullptr,
      UpdateNumber<kIbssTxPower>},
-    {OLESTR("PSPMode"), "UpdateAdapter: failed to get PSPMode from instance",
+    {OLESTR("PSPMode"), "UpdateAdapter: failed to get PSPMode from instance", nullptr,
      UpdateNumber<kPspMode>},
     {OLESTR("ProtocolPreference"), "UpdateAdapter: failed to get ProtocolPreference from instance",
-     UpdateNumber<kProtocolPreference>},
+     nullptr, UpdateNumber<kProtocolPreference>},
     {OLESTR("ConnectionPreference"),
-     "UpdateAdapter: failed to get ConnectionPreference from instance",
+     "UpdateAdapter: failed to get ConnectionPreference from instance", nullptr,
      UpdateNumber<kConnectionPreference>},
     {OLESTR("XpZeroConfigEnabled"), "UpdateAdapter: failed to get XpZeroConfigEnabled property",
+     "UpdateAdapter: failed to update XpZeroConfigEnabled property",
      UpdateFlag<&LastKnownValues::xpZeroConfigEnabled, SetXpZeroConfig>},
-    {OLESTR("AdapterState"), "UpdateAdapter: failed to get AdapterState property",
+    {OLESTR("AdapterState"), "UpdateAdapter: failed to get AdapterState property", nullptr,
      UpdateFlag<&LastKnownValues::adapterState, SetAdapterState>, true,
      "UpdateAdapter: Updating AdapterState..."},
     // The line names another property than the one that is missing.
     {OLESTR("DisableRfControl"), "UpdateAdapter: failed to get ReadyForProfileStated property",
-     UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>, false, nullptr,
-     "UpdateAdapter: failed to update DisableRfControl property"},
+     "UpdateAdapter: failed to update DisableRfControl property",
+     UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>},
 };
 
 }  // namespace
@@ -174,16 +178,16 @@ HRESULT UpdateNetworkAdapter(ProviderState& state, IWbemClassObject* instance,
                              AdapterEntry& entry) {
   HRESULT result = IsUpdateOf(instance, OLESTR("DeviceID"), entry);
   if (result != S_OK) return FAILED(result) ? result : S_OK;
-  const Updating updating{state, entry.number};
   for (const Row& row : kRows) {
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;
     Variant value;
-    if (FAILED(instance->Get(row.property, 0, value.put(), nullptr, nullptr))) {
+    const HRESULT read = instance->Get(row.property, 0, value.put(), nullptr, nullptr);
+    if (FAILED(read)) {
       TraceMessage(row.missing);
       return WBEM_E_PROVIDER_FAILURE;
     }
     if (row.before != nullptr) TraceMessage(row.before);
-    result = row.update(updating, value);
+    result = row.update({state, entry.number, read}, value);
     if (FAILED(result) && row.failed != nullptr) TraceMessage(row.failed);
   }
   return result;

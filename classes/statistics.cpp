@@ -120,9 +120,12 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
 
 // Both lines speak of the exclude list.
 constexpr RecordClass<TxRxStatsRecord> kStatistics = {
-    OLESTR("WiFi_AdapterTxRxStats"), adapterapi::operation::GetTxRxStats,
+    OLESTR("WiFi_AdapterTxRxStats"),
+    adapterapi::operation::GetTxRxStats,
     "Getting exclude list for WiFi_AdapterTxRxStats",
-    "Getting network information for WiFi_NetworkExcludeList", FillStatistics};
+    "Getting network information for WiFi_NetworkExcludeList",
+    FillStatistics,
+    false};
 
 }  // namespace
 

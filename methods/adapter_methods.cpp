@@ -55,7 +55,7 @@ MethodResult IsCurrentProfile(const MethodCall& call) {
   if (!name) return {};
   ORVEL_WLAN_PROFILE profile = {};
   if (call.state.api.GetLastAppliedProfile(call.adapter(), &profile) != 0) return {};
-  if (FAILED(name->ChangeType(VT_BSTR))) return {};
+  name->ChangeType(VT_BSTR);  // what cannot become one counts as the empty name
   // As the library stores names: in the ANSI code page. Names of different lengths differ, whatever
   // a locale's rules equate.
   const OleString asked = platform::WideText(platform::AnsiText(name->text()));

@@ -85,7 +85,7 @@ const ClassMethods kClasses[] = {
 
 const ClassMethods* FindClass(const ParsedPath& path) {
   for (const ClassMethods& row : kClasses) {
-    if (path.className && SameNameIgnoringCase(path.className->c_str(), row.className)) return &row;
+    if (SameNameIgnoringCase(path.classText(), row.className)) return &row;
   }
   return nullptr;
 }
@@ -148,6 +148,7 @@ HRESULT ExecuteMethod(ProviderState& state, const Delivery& delivery, const Pars
     result = Run(*method, call, needsAdapter);
   } catch (...) {
     result = {};
+    out.reset();  // the answer that says so is made anew
   }
   if (!out && SUCCEEDED(spawned)) spawn();
   if (!out) return spawned;

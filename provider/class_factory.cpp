@@ -40,9 +40,13 @@ class InstanceProviderFactory final : public IClassFactory {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    const auto provider =
-        platform::ComPtr<InstanceProvider>::Adopt(new (std::nothrow) InstanceProvider(api_));
-    return provider ? provider->QueryInterface(iid, object) : E_OUTOFMEMORY;
+    try {
+      // Plain new: its members may need memory too.
+      const auto provider = platform::ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api_));
+      return provider->QueryInterface(iid, object);
+    } catch (const std::bad_alloc&) {
+      return E_OUTOFMEMORY;
+    }
   }
 
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {

@@ -15,16 +15,18 @@ struct GuardedResult {
   bool succeeded() const { return !raised && status == 0; }
 };
 
-/// Runs one library operation so that no exception of it leaves: one that it raises is traced as
-/// "Exception from Quarn API NAME".
-template <class... Parameters, class... Arguments>
+/// Runs one getter of the library so that no exception of it leaves: one that it raises is traced
+/// as "Exception from Quarn API NAME", and `output` is then what it was before the call.
+template <class Output>
 GuardedResult GuardedCall(adapterapi::AdapterApi& api,
-                          const adapterapi::Operation<Parameters...>& operation,
-                          Arguments... arguments) {
+                          const adapterapi::Operation<adapterapi::AdapterNumber, Output*>& getter,
+                          adapterapi::AdapterNumber adapter, Output& output) {
+  const Output before = output;
   try {
-    return {false, (api.*operation.call)(arguments...)};
+    return {false, (api.*getter.call)(adapter, &output)};
   } catch (...) {
-    TraceException(("Exception from Quarn API " + std::string(operation.name)).c_str());
+    TraceException(("Exception from Quarn API " + std::string(getter.name)).c_str());
+    output = before;
     return {true, 0};
   }
 }

@@ -15,12 +15,10 @@ using platform::Variant;
 
 constexpr std::uint32_t kFirstReserved = 16;
 
-/// Reads a request's object path. WBEM_E_INVALID_OBJECT_PATH for a text that is none, or that names
-/// no class.
+/// Reads a request's object path; WBEM_E_INVALID_OBJECT_PATH for a text that is none.
 HRESULT ReadObjectPath(const OLECHAR* text, std::unique_ptr<ParsedPath>& path) {
   const PathResult result = PathParser(PathFlag::kAbsoluteNamespace).Parse(text, &path);
-  return result == PathResult::kParsed && path->className ? WBEM_S_NO_ERROR
-                                                          : WBEM_E_INVALID_OBJECT_PATH;
+  return result == PathResult::kParsed ? WBEM_S_NO_ERROR : WBEM_E_INVALID_OBJECT_PATH;
 }
 
 HRESULT Enumerate(const ClassRoute* route, ProviderState& state, const Delivery& delivery) {
@@ -100,7 +98,7 @@ HRESULT InstanceProvider::GetObjectAsync(const BSTR path, LONG, IWbemContext* co
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
     if (FAILED(result)) return result;
-    const ClassRoute* route = RouteByName(parsed->className->c_str());
+    const ClassRoute* route = RouteByName(parsed->classText());
     if (route == nullptr) return WBEM_E_INVALID_CLASS;
     return route->get(state_, {sink, context}, *parsed);
   });
@@ -136,7 +134,7 @@ HRESULT InstanceProvider::DeleteInstanceAsync(const BSTR path, LONG, IWbemContex
   return RunRequest(sink, [&]() -> HRESULT {
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
-    return FAILED(result) ? result : DeleteAnswer(parsed->className->c_str());
+    return FAILED(result) ? result : DeleteAnswer(parsed->classText());
   });
 }
 

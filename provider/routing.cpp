@@ -1,7 +1,5 @@
 #include "provider/routing.h"
 
-#include <span>
-
 #include "classes/adapter_channel_update.h"
 #include "classes/adapter_configuration.h"
 #include "classes/association_stats.h"

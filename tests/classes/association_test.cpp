@@ -144,9 +144,13 @@ TEST_F(Association, StatsOutcomes) {
   script.putResults = {{"SettingID", E_FAIL}, {"CrcErrs", E_FAIL}};
   EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), S_OK);
   EXPECT_EQ(sink->objects.size(), 2u);
+  script.putResults.clear();
+  script.indicateResults = {{3, 1}};  // a success code is success, and the walk goes on
+  EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), S_OK);
+  EXPECT_EQ(sink->objects.size(), 4u);
   script.putResults = {{"PercentMissedBeacons", E_FAIL}};
   EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), E_FAIL);
-  EXPECT_EQ(sink->objects.size(), 2u);
+  EXPECT_EQ(sink->objects.size(), 4u);
   api.onGetAssociationStats = Answers(-1);
   journal.Clear();
   EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()),

@@ -18,21 +18,26 @@ struct Rule {
   Filler fill;
   const char* operation;
   void (*answer)(FakeAdapterApi&, ApiStatus);
-  void (*raise)(FakeAdapterApi&);
-  HRESULT refused[2];  ///< the result when the library answers 5 and -5
-  std::size_t puts;    ///< of an empty record, with the key
-  const char* sample;  ///< one of them
-  bool directKey;      ///< the key's put has no fence
+  void (*raise)(FakeAdapterApi&);  ///< after writing into the record
+  HRESULT refused[2];              ///< the result when the library answers 5 and -5
+  std::size_t puts;                ///< of an empty record, with the key
+  const char* sample;              ///< one of them
+  bool directKey;                  ///< the key's put has no fence
 };
 
-#define OPERATION(name)                                                          \
-#name,                                                                         \
-      [](FakeAdapterApi & api,                                                   \
-         ApiStatus status) { api.on##name = Answers(status); },                  \
-                                                             [](FakeAdapterApi & \
-                                                                api) { api.on##name = Raises(); }
+/// What the library wrote before it threw does not count.
+ApiStatus RaiseAfterWriting(void* record, std::size_t size) {
+  std::memset(record, 0xEE, size);
+  throw std::runtime_error("library fault");
+}
 
 // clang-format off
+#define OPERATION(name)                                                                   \
+  #name, [](FakeAdapterApi& api, ApiStatus status) { api.on##name = Answers(status); },  \
+  [](FakeAdapterApi& api) {                                                              \
+    api.on##name = [](auto, auto* record) { return RaiseAfterWriting(record, sizeof(*record)); }; \
+  }
+
 const Rule kRules[] = {
     {"Association", wifi::FillAssociationInfo, OPERATION(GetAssociationInfo), {S_OK, S_OK}, 11,
      "AuthenAlgorithm=text:No Authentication", false},

@@ -73,6 +73,10 @@ TEST_F(Statistics, OnlyTheLastArrayDecides) {
   script.putResults = {{"RxNonDirectPacketsRate", E_FAIL}};
   EXPECT_EQ(wifi::EnumerateStatistics(state, delivery()), E_FAIL);
   EXPECT_EQ(sink->objects.size(), 2u);
+  script.putResults.clear();
+  script.indicateResults = {{3, 1}};  // a success code of the sink ends the walk
+  EXPECT_EQ(wifi::EnumerateStatistics(state, delivery()), 1);
+  EXPECT_EQ(sink->objects.size(), 3u);
   script.putThrows = "TxTotalBytes";  // put without a fence
   EXPECT_THROW(wifi::EnumerateStatistics(state, delivery()), std::runtime_error);
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "tests/support/os_version.h"
 #include "tests/support/provider_fixture.h"
 
 namespace wifi {
@@ -120,6 +121,18 @@ TEST_F(Discovery, StopsAtTheFirstObjectThatCannotBeRead) {
   InitializeOnly();
   EXPECT_EQ(initStatuses, std::vector<LONG>{WBEM_E_NOT_FOUND});
   EXPECT_EQ(Served(), Strings{"text:1"});
+}
+
+TEST_F(Discovery, ReadsDirectlyExceptOnNt50) {
+  InitializeOnly();
+  for (const DWORD minor : {1u, 0u}) {
+    const testing_support::OsVersionNotNt6 version(minor);
+    InitializeOnly();
+  }
+  EXPECT_EQ(
+      fakeNamespace.enumerations,
+      (Strings{"Win32_ComputerSystem 1", "Win32_NetworkAdapter 230", "Win32_ComputerSystem 1",
+               "Win32_NetworkAdapter 230", "Win32_ComputerSystem 1", "Win32_NetworkAdapter 30"}));
 }
 
 TEST_F(Discovery, AnotherInitializeStartsAfresh) {

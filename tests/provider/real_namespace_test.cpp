@@ -73,15 +73,17 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   const auto count = static_cast<std::uint32_t>(platformAdapters.size());
   std::memcpy(list.data(), &count, sizeof(count));
   for (std::size_t index = 0; index < platformAdapters.size(); ++index) {
-    std::uint8_t* record = list.data() + 4 + index * sizeof(adapterapi::AdapterListRecord);
+    auto* record = reinterpret_cast<adapterapi::AdapterListRecord*>(list.data() + 4) + index;
     const std::string address =
         platform::AnsiText(Value(platformAdapters[index], OLESTR("MACAddress")).text());
     unsigned mac[6] = {};
     ASSERT_EQ(std::sscanf(address.c_str(), "%2x:%2x:%2x:%2x:%2x:%2x", &mac[0], &mac[1], &mac[2],
                           &mac[3], &mac[4], &mac[5]),
               6);
-    for (int byte = 0; byte < 6; ++byte) record[8 + byte] = static_cast<std::uint8_t>(mac[byte]);
-    record[offsetof(adapterapi::AdapterListRecord, present)] = 1;
+    for (int byte = 0; byte < 6; ++byte) {
+      record->macAddress[byte] = static_cast<std::uint8_t>(mac[byte]);
+    }
+    record->present = 1;
   }
   Journal journal;
   FakeAdapterApi api(journal);

@@ -122,7 +122,7 @@ TEST_F(Request, GetsOneInstanceByItsExactKey) {
       {OLESTR("WiFi_NetworkAdapter"), WBEM_E_NOT_FOUND},
       {OLESTR("WiFi_Other.DeviceID=\"Lan7\""), WBEM_E_INVALID_CLASS},
       {OLESTR("WiFi_NetworkAdapter.DeviceID="), WBEM_E_INVALID_OBJECT_PATH},
-      {OLESTR("\\\\.\\root\\cimv2"), WBEM_E_INVALID_OBJECT_PATH},
+      {OLESTR("\\\\.\\root\\cimv2"), WBEM_E_INVALID_CLASS},  // a path, of no class
       {OLESTR("root\\cimv2:WiFi_NetworkAdapter.DeviceID=\"Lan7\""), WBEM_E_INVALID_OBJECT_PATH},
       {OLESTR(""), WBEM_E_INVALID_OBJECT_PATH},
       {nullptr, WBEM_E_INVALID_OBJECT_PATH},

@@ -68,7 +68,8 @@ HRESULT FakeObject::Get(LPCWSTR name, LONG, VARIANT* value, CIMTYPE*, LONG*) {
   script_.journal.Add("get " + key);
   const auto found = values.find(key);
   if (found == values.end()) return WBEM_E_NOT_FOUND;
-  return VariantCopy(value, const_cast<VARIANT*>(&found->second.get()));
+  const HRESULT copied = VariantCopy(value, const_cast<VARIANT*>(&found->second.get()));
+  return FAILED(copied) ? copied : script_.getResult;
 }
 
 HRESULT FakeObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) {
@@ -122,9 +123,10 @@ HRESULT FakeSink::SetStatus(LONG flags, HRESULT status, BSTR text, IWbemClassObj
   return S_OK;
 }
 
-HRESULT FakeEnumeration::Next(LONG, ULONG count, IWbemClassObject** object, ULONG* returned) {
+HRESULT FakeEnumeration::Next(LONG timeout, ULONG count, IWbemClassObject** object,
+                              ULONG* returned) {
   *returned = 0;
-  if (count != 1) return E_INVALIDARG;
+  if (timeout != WBEM_INFINITE || count != 1) return E_INVALIDARG;
   if (next_ == objects_.size()) return WBEM_S_FALSE;
   ComPtr<IWbemClassObject> found = objects_[next_++];
   *returned = found ? 1 : 0;

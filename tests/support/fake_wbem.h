@@ -42,6 +42,7 @@ struct InstanceScript {
   Journal& journal;
   std::map<std::string, HRESULT> putResults = {};  ///< by property; success otherwise
   std::string putThrows = {};                      ///< the property whose put throws
+  HRESULT getResult = S_OK;                        ///< of a Get that finds its value
   HRESULT spawnResult = S_OK;
   HRESULT indicateResult = S_OK;
   std::map<int, HRESULT> indicateResults = {};  ///< by the number of the call, from 1

@@ -4,11 +4,11 @@
 
 namespace testing_support {
 
-/// While it lives, the version query of this program answers NT 5.1 instead of 6.1, so that no
+/// While it lives, the version query of this program answers NT 5 instead of 6.1, so that no
 /// property is left out.
 class OsVersionNotNt6 {
  public:
-  OsVersionNotNt6() { host::os::SetOsVersion(nullptr, 5, 1); }
+  explicit OsVersionNotNt6(DWORD minor = 1) { host::os::SetOsVersion(nullptr, 5, minor); }
   OsVersionNotNt6(const OsVersionNotNt6&) = delete;
   OsVersionNotNt6& operator=(const OsVersionNotNt6&) = delete;
   ~OsVersionNotNt6() { host::os::SetOsVersion(nullptr, 6, 1); }
