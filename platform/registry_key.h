@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <utility>
 
 #include "platform/bstr.h"
@@ -34,6 +35,21 @@ class RegistryKey {
     return RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
                           reinterpret_cast<const BYTE*>(text.c_str()),
                           static_cast<DWORD>((text.size() + 1) * sizeof(OLECHAR)));
+  }
+  /// The text of a value, none if there is none or it is no text.
+  std::optional<OleString> Text(const OleString& name) const {
+    DWORD type = 0;
+    DWORD size = 0;
+    const OLECHAR* valueName = name.empty() ? nullptr : name.c_str();
+    if (RegQueryValueExW(key_, valueName, nullptr, &type, nullptr, &size) != 0 || type != REG_SZ) {
+      return std::nullopt;
+    }
+    OleString text(size / sizeof(OLECHAR), OLECHAR{});
+    if (RegQueryValueExW(key_, valueName, nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()),
+                         &size) != 0) {
+      return std::nullopt;
+    }
+    return OleString(text.c_str());  // without its terminator
   }
   bool HasSubkeys() const {
     OLECHAR name[256];

@@ -36,6 +36,8 @@ constexpr CommandRow kCommands[] = {
      "file with one command a line"},
     {CommandName::kScenario, "scenario", "Make a scenario of what a Linux machine sees", nullptr,
      ""},
+    {CommandName::kRegister, "register", "Register the module as a COM server", nullptr, ""},
+    {CommandName::kUnregister, "unregister", "Take the module's registration back", nullptr, ""},
 };
 
 /// What CLI11 writes to; read after the parse.
@@ -43,13 +45,16 @@ struct Fields {
   CommandLine result;
   std::string scenario;
   std::string module;
+  std::string libraries;
+  std::string registry;
   std::string osVersion;
   std::string fields;
 };
 
-/// Commands of the program's own command line only; standard input is theirs.
-bool OwnsInput(CommandName name) {
-  return name == CommandName::kShell || name == CommandName::kScenario;
+/// Commands of the program's own command line only: standard input or the registration is theirs.
+bool OutsideShell(CommandName name) {
+  return name == CommandName::kShell || name == CommandName::kScenario ||
+         name == CommandName::kRegister || name == CommandName::kUnregister;
 }
 
 constexpr const char* kProgram = "wmihost";
@@ -67,6 +72,14 @@ void AddHostOptions(CLI::App& app, Fields& fields) {
   app.add_option("--scenario", fields.scenario, "Scenario file that the simulator plays")
       ->type_name("FILE");
   app.add_option("--module", fields.module, "The provider's module (default: beside this program)")
+      ->type_name("FILE");
+  app.add_flag("--registered", fields.result.host.registered,
+               "Reach the module through its registration instead of by file");
+  app.add_option("--libraries", fields.libraries,
+                 "Folder of QuarnApi and TolvaApi (default: where the system finds them)")
+      ->type_name("DIR");
+  app.add_option("--registry", fields.registry,
+                 "File that keeps the registry, where the system has none")
       ->type_name("FILE");
   app.add_option("--os-version", fields.osVersion,
                  "System version that the provider is told, such as 6.1")
@@ -143,12 +156,12 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
   app.require_subcommand(0, 1);
   if (!inShell) AddHostOptions(app, fields);
   app.add_option("--format", fields.result.command.format, "table, list, json or csv")
-      ->transform(CLI::CheckedTransformer(FormatMap(), CLI::ignore_case).description(""))
+      ->transform(CLI::Transformer(FormatMap(), CLI::ignore_case).description(""))
       ->type_name("FORMAT");
   app.add_option("--fields", fields.fields, "Show only these properties, in this order")
       ->type_name("A,B,...");
   for (const CommandRow& row : kCommands) {
-    if (!inShell || !OwnsInput(row.name)) AddCommand(app, row, fields.result.command);
+    if (!inShell || !OutsideShell(row.name)) AddCommand(app, row, fields.result.command);
   }
   try {
     std::ranges::reverse(arguments);  // CLI11 takes them from the back
@@ -158,7 +171,7 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
     app.exit(request, text, text);
     fields.result.information = text.str();
     return std::move(fields.result);
-  } catch (const CLI::ValidationError& error) {
+  } catch (const CLI::ConversionError& error) {
     throw CommandLineError(OneLine(error.what()) + "; --format takes table, list, json or csv");
   } catch (const CLI::ParseError& error) {
     throw CommandLineError(OneLine(error.what()) + "; see --help");
@@ -167,6 +180,11 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
   HostOptions& options = fields.result.host;
   if (!fields.scenario.empty()) options.scenario = fields.scenario;
   if (!fields.module.empty()) options.module = fields.module;
+  if (!fields.libraries.empty()) options.libraries = fields.libraries;
+  if (!fields.registry.empty()) options.registry = fields.registry;
+  if (options.registered && options.module) {
+    throw CommandLineError("--registered and --module exclude each other");
+  }
   if (!fields.osVersion.empty()) options.osVersion = ReadVersion(fields.osVersion);
   if (!fields.fields.empty()) fields.result.command.fields = SplitList(fields.fields);
   const Command& command = fields.result.command;

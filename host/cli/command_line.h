@@ -22,6 +22,8 @@ enum class CommandName {
   kDelete,
   kShell,
   kScenario,
+  kRegister,
+  kUnregister,
 };
 
 /// One command with what applies to it alone.
@@ -39,6 +41,9 @@ struct Command {
 struct HostOptions {
   std::optional<std::string> scenario;
   std::optional<std::string> module;
+  bool registered = false;               ///< reach the module through its registration
+  std::optional<std::string> libraries;  ///< folder of the closed libraries
+  std::optional<std::string> registry;   ///< file that keeps the native registry
   std::optional<std::pair<unsigned, unsigned>> osVersion;
   bool trace = false;
 };

@@ -74,6 +74,8 @@ ExitStatus CommandRunner::Run(const Command& command) {
         return RunDelete(command);
       case CommandName::kShell:
       case CommandName::kScenario:
+      case CommandName::kRegister:
+      case CommandName::kUnregister:
         break;
     }
     return Fail(kUnexpected, "a shell cannot run this command");

@@ -93,16 +93,23 @@ ExitStatus RunWithProvider(const CommandLine& commandLine, const Repository& rep
     os::SetEnvironment(kTraceVariable, "1");
     debugOutput.emplace();
   }
+  if (options.libraries) LoadClosedLibraries(*options.libraries);
+  const ProviderModule module =
+      options.registered ? ProviderModule::Registered()
+                         : ProviderModule(options.module.value_or(os::DefaultModulePath()));
+  platform::ComPtr<IClassFactory> factory = module.Factory();
+  // Only from here on: the registration is the machine's own.
   const os::PrivateLocalMachine localMachine;
   ApplyFeatureValues(objects);
-  const ProviderModule module(options.module.value_or(os::DefaultModulePath()));
   if (options.osVersion) {
     os::SetOsVersion(module.handle(), options.osVersion->first, options.osVersion->second);
   }
   ExitStatus status = kSuccess;
   {
     ProviderSession session(repository, objects, defects);
-    if (const HRESULT started = session.Start(module.Factory().get()); FAILED(started)) {
+    const HRESULT started = session.Start(factory.get());
+    factory.reset();
+    if (FAILED(started)) {
       errors << "wmihost: the provider cannot be made: " << DescribeResult(started) << '\n';
       return kRefused;
     }
@@ -123,6 +130,16 @@ ExitStatus RunWithProvider(const CommandLine& commandLine, const Repository& rep
   return defects.count() > 0 ? kDefective : status;
 }
 
+/// Registers the module, or takes that back.
+ExitStatus RunRegistration(const CommandLine& commandLine, std::ostream& errors) {
+  const ProviderModule module(commandLine.host.module.value_or(os::DefaultModulePath()));
+  const bool take = commandLine.command.name == CommandName::kRegister;
+  const HRESULT result = take ? module.Register() : module.Unregister();
+  if (SUCCEEDED(result)) return kSuccess;
+  errors << "wmihost: " << (take ? "register: " : "unregister: ") << DescribeResult(result) << '\n';
+  return kRefused;
+}
+
 }  // namespace
 
 ExitStatus RunHost(const CommandLine& commandLine, std::ostream& output, std::ostream& errors) {
@@ -130,6 +147,17 @@ ExitStatus RunHost(const CommandLine& commandLine, std::ostream& output, std::os
   try {
     if (commandLine.command.name == CommandName::kScenario) {
       return ConvertCapture(commandLine.command.target, output, errors);
+    }
+    if (commandLine.host.registry &&
+        !os::KeepRegistryIn(os::FileName(*commandLine.host.registry))) {
+      errors << "wmihost: --registry: '" << *commandLine.host.registry
+             << "' cannot keep the registry here\n";
+      return kBadInput;
+    }
+    if (commandLine.command.name == CommandName::kRegister ||
+        commandLine.command.name == CommandName::kUnregister) {
+      if (commandLine.host.libraries) LoadClosedLibraries(*commandLine.host.libraries);
+      return RunRegistration(commandLine, errors);
     }
     const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
     const simulator::PlatformObjects objects = LoadScenario(commandLine.host);

@@ -34,6 +34,24 @@ HMODULE LoadModule(const std::string& path) {
   return LoadLibraryA(path.c_str());
 }
 
+std::string LibraryFile(const std::string& name) {
+  return "lib" + name + ".so";
+}
+
+bool KeepRegistryIn(const std::string& file) {
+  return native::KeepRegistryIn(file);
+}
+bool HasComRegistration() {
+  return false;
+}
+HRESULT RegisteredClassFactory(REFCLSID, IClassFactory**) {
+  return E_NOTIMPL;
+}
+HMODULE LoadedModule(const std::string&) {
+  return nullptr;
+}
+void UnloadUnusedModules() {}
+
 std::string FileName(const std::string& path) {
   return path;
 }

@@ -21,8 +21,23 @@ std::optional<int> TerminalWidth();
 
 /// The name of the provider's module, beside this program.
 std::string DefaultModulePath();
-/// Loads a module; null if that fails.
+/// Loads a module, and what it imports from its own folder and the system's, never from the current
+/// one; null if that fails.
 HMODULE LoadModule(const std::string& path);
+/// The name of a library's file: QuarnApi.dll or libQuarnApi.so.
+std::string LibraryFile(const std::string& name);
+
+/// Keeps the registry in a file from now on; false where the system has its own, or if the file
+/// cannot be used.
+bool KeepRegistryIn(const std::string& file);
+/// Whether the system itself makes objects of registered classes.
+bool HasComRegistration();
+/// The class factory of a registered class, where the system makes its objects.
+HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory);
+/// A module that is loaded already, null otherwise.
+HMODULE LoadedModule(const std::string& path);
+/// Lets the system unload the modules of registered classes that nobody needs any more.
+void UnloadUnusedModules();
 /// A path in the form that the standard library's files and the environment take.
 std::string FileName(const std::string& path);
 void SetEnvironment(const char* name, const std::string& value);

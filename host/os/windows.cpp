@@ -110,13 +110,34 @@ std::string DefaultModulePath() {
 }
 
 HMODULE LoadModule(const std::string& path) {
-  // The module's own libraries lie beside it.
   const std::wstring wide = platform::WideFromUtf8(path);
   wchar_t full[32768];
   if (GetFullPathNameW(wide.c_str(), static_cast<DWORD>(std::size(full)), full, nullptr) == 0) {
     return nullptr;
   }
-  return LoadLibraryExW(full, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  return LoadLibraryExW(full, nullptr,
+                        LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+}
+
+std::string LibraryFile(const std::string& name) {
+  return name + ".dll";
+}
+
+bool KeepRegistryIn(const std::string&) {
+  return false;
+}
+bool HasComRegistration() {
+  return true;
+}
+HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory) {
+  return CoGetClassObject(classId, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                          reinterpret_cast<void**>(factory));
+}
+HMODULE LoadedModule(const std::string& path) {
+  return GetModuleHandleW(platform::WideFromUtf8(path).c_str());
+}
+void UnloadUnusedModules() {
+  CoFreeUnusedLibrariesEx(0, 0);
 }
 
 std::string FileName(const std::string& path) {

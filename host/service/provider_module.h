@@ -13,25 +13,41 @@ class ModuleError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// Loads the closed libraries from a folder, so that the module's imports find them; the path is
+/// UTF-8. Throws ModuleError.
+void LoadClosedLibraries(const std::string& folder);
+
 /// The provider's module, reached only through what it exports. Everything that came from it must
 /// be released before it ends.
 class ProviderModule {
  public:
   /// Loads a file; the path is UTF-8. Throws ModuleError.
   explicit ProviderModule(const std::string& path);
+  /// The module that the registry names for the provider's class; where the system makes objects of
+  /// registered classes, it loads the module. Throws ModuleError.
+  static ProviderModule Registered();
   ProviderModule(const ProviderModule&) = delete;
   ProviderModule& operator=(const ProviderModule&) = delete;
   ~ProviderModule();
 
-  HMODULE handle() const { return module_; }
+  /// The module itself; null before the first Factory() of a registered one.
+  HMODULE handle() const;
   /// The class factory of the provider. Throws ModuleError.
   platform::ComPtr<IClassFactory> Factory() const;
-  /// Reports a module that says it cannot be unloaded although nothing of it is held any more.
+  /// Reports a module that cannot be unloaded although nothing of it is held any more.
   void CheckUnloadable(Defects& defects) const;
 
+  /// Has the module write its registration, or take it back.
+  HRESULT Register() const;
+  HRESULT Unregister() const;
+
  private:
+  ProviderModule(const std::string& path, bool loadedByCom);
+  HRESULT CallExport(const char* name) const;
+
   std::string path_;
-  HMODULE module_;
+  bool loadedByCom_;
+  HMODULE module_;  ///< null when the system loads it
 };
 
 }  // namespace host
