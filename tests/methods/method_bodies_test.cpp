@@ -137,6 +137,8 @@ TEST_F(Methods, IsCurrentProfileIgnoresLetterCase) {
        Variant::AnsiText("Strasse"), kFalse},
       {"5", Variant::Integer(5), kTrue},
       {"", Variant::AnsiText(""), kTrue},
+      {"", Variant::Error(E_FAIL), kTrue},  // what is no text counts as the empty one
+      {"Office", Variant::Error(E_FAIL), kFalse},
       {std::string(adapterapi::kProfileSize - 4, 'a'),
        Variant::AnsiText(std::string(adapterapi::kProfileSize - 4, 'A')), kTrue},
   };

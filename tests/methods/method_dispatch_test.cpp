@@ -94,8 +94,10 @@ TEST_F(MethodDispatch, AFaultOfTheLibraryIsFalse) {
   EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
   EXPECT_EQ(Exec("WiFi_NetworkAdapterConfiguration.SettingID=\"7\"", "GetAPIVersion"), 0);
   EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+  journal.Clear();
   EXPECT_EQ(Exec("WiFi_NetworkExcludeList.SettingID=\"7\"", "IsExcludeListEnabled"), 0);
   EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
+  EXPECT_EQ(journal.Of("method "), Strings(2, "IsExcludeListEnabled"));  // made, and made anew
 }
 
 TEST_F(MethodDispatch, TheStatusIsThatOfDelivery) {

@@ -90,6 +90,13 @@ TEST_F(NetworkAdapterUpdate, ValuesOfOtherTypes) {
   EXPECT_EQ(changes, (Strings{"SetIbssTxPower 112 1", "SetReadyForProfileState 112 1"}));
 }
 
+TEST_F(NetworkAdapterUpdate, AnUnchangedLastPropertyAnswersAsItWasRead) {
+  script.getResult = 1;
+  EXPECT_EQ(Put(Adapter()), 1);
+  EXPECT_EQ(changes, Strings{});
+  EXPECT_EQ(PutOne("DisableRfControl", Variant::Boolean(true)), S_OK);
+}
+
 TEST_F(NetworkAdapterUpdate, ValuesThatSayNothingChangeNothing) {
   for (const Property& property : kProperties) {
     EXPECT_EQ(PutOne(property.name, Raw(VT_NULL, -1)), S_OK);
