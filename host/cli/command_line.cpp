@@ -36,6 +36,7 @@ constexpr CommandRow kCommands[] = {
      "file with one command a line"},
     {CommandName::kScenario, "scenario", "Make a scenario of what a Linux machine sees", nullptr,
      ""},
+    {CommandName::kReference, "reference", "Print the class reference as Markdown", nullptr, ""},
     {CommandName::kRegister, "register", "Register the module as a COM server", nullptr, ""},
     {CommandName::kUnregister, "unregister", "Take the module's registration back", nullptr, ""},
 };
@@ -54,7 +55,8 @@ struct Fields {
 /// Commands of the program's own command line only: standard input or the registration is theirs.
 bool OutsideShell(CommandName name) {
   return name == CommandName::kShell || name == CommandName::kScenario ||
-         name == CommandName::kRegister || name == CommandName::kUnregister;
+         name == CommandName::kReference || name == CommandName::kRegister ||
+         name == CommandName::kUnregister;
 }
 
 constexpr const char* kProgram = "wmihost";
@@ -199,6 +201,14 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
 
 CommandLine ParseCommandLine(std::vector<std::string> arguments) {
   return Parse(std::move(arguments), Command(), false);
+}
+
+std::vector<std::string> CommandWords() {
+  std::vector<std::string> words = {"help", "exit", "quit"};
+  for (const CommandRow& row : kCommands) {
+    if (!OutsideShell(row.name)) words.emplace_back(row.word);
+  }
+  return words;
 }
 
 CommandLine ParseShellCommand(std::vector<std::string> arguments, const Command& defaults) {

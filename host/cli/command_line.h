@@ -22,6 +22,7 @@ enum class CommandName {
   kDelete,
   kShell,
   kScenario,
+  kReference,
   kRegister,
   kUnregister,
 };
@@ -62,6 +63,9 @@ class CommandLineError : public std::runtime_error {
 
 /// Reads a command line without the program's name. Throws CommandLineError.
 CommandLine ParseCommandLine(std::vector<std::string> arguments);
+
+/// The words of the commands that the shell takes.
+std::vector<std::string> CommandWords();
 
 /// Reads one line of the shell: commands and their own options only. `defaults` gives what the line
 /// leaves open. Throws CommandLineError.

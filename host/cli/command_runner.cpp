@@ -74,6 +74,7 @@ ExitStatus CommandRunner::Run(const Command& command) {
         return RunDelete(command);
       case CommandName::kShell:
       case CommandName::kScenario:
+      case CommandName::kReference:
       case CommandName::kRegister:
       case CommandName::kUnregister:
         break;

@@ -1,5 +1,6 @@
 #include "host/cli/run_host.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -7,6 +8,7 @@
 #include "host/cli/command_runner.h"
 #include "host/cli/shell.h"
 #include "host/mof/product_schema.h"
+#include "host/mof/reference.h"
 #include "host/os/os.h"
 #include "host/service/provider_module.h"
 #include "host/service/result_codes.h"
@@ -18,6 +20,7 @@ namespace {
 
 constexpr const char* kScenarioVariable = "WIFI_SCENARIO";
 constexpr const char* kTraceVariable = "WIFI_PROVIDER_TRACE";
+constexpr const char* kSchemaName = "wifi_adapter_provider.mof";
 constexpr int kDefaultWidth = 100;
 
 /// Writes the scenario's feature settings where the provider reads them.
@@ -50,17 +53,35 @@ simulator::PlatformObjects LoadScenario(const HostOptions& options) {
   return objects;
 }
 
-ExitStatus RunShell(const Command& command, CommandRunner& runner, std::ostream& output,
-                    std::ostream& errors) {
+/// What a person at the shell may want completed.
+std::vector<std::string> CompletionWords(const Repository& repository) {
+  std::vector<std::string> words = CommandWords();
+  for (const ClassInfo* served : repository.served()) {
+    words.push_back(served->name());
+    for (const auto& property : served->declaration.properties) words.push_back(property.name);
+    for (const auto& method : served->declaration.methods) words.push_back(method.name);
+  }
+  std::ranges::sort(words);
+  words.erase(std::unique(words.begin(), words.end()), words.end());
+  return words;
+}
+
+ExitStatus RunShell(const Command& command, const Repository& repository, CommandRunner& runner,
+                    std::ostream& output, std::ostream& errors) {
+  if (command.target.empty() && os::IsTerminal(0)) {
+    os::LineEditor editor(CompletionWords(repository));
+    const LineSource typed = [&editor] { return editor.Read("wmihost> "); };
+    return Shell(typed, output, errors, "input", false).Run(runner, command);
+  }
   if (command.target.empty()) {
-    return Shell(std::cin, output, errors, "input", os::IsTerminal(0)).Run(runner, command);
+    return Shell(LinesOf(std::cin), output, errors, "input", false).Run(runner, command);
   }
   std::ifstream file(os::FileName(command.target));
   if (!file) {
     errors << "wmihost: " << command.target << ": the file cannot be read\n";
     return kBadInput;
   }
-  return Shell(file, output, errors, command.target, false).Run(runner, command);
+  return Shell(LinesOf(file), output, errors, command.target, true).Run(runner, command);
 }
 
 /// Writes the scenario of a capture; what it leaves out goes to `errors`.
@@ -122,7 +143,7 @@ ExitStatus RunWithProvider(const CommandLine& commandLine, const Repository& rep
     CommandRunner runner(repository, &session, output, errors, width);
     const Command& command = commandLine.command;
     status = Worse(status, command.name == CommandName::kShell
-                               ? RunShell(command, runner, output, errors)
+                               ? RunShell(command, repository, runner, output, errors)
                                : runner.Run(command));
     session.Stop();
     module.CheckUnloadable(defects);
@@ -159,7 +180,11 @@ ExitStatus RunHost(const CommandLine& commandLine, std::ostream& output, std::os
       if (commandLine.host.libraries) LoadClosedLibraries(*commandLine.host.libraries);
       return RunRegistration(commandLine, errors);
     }
-    const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
+    if (commandLine.command.name == CommandName::kReference) {
+      output << ClassReference(ParseMof(embedded::wifi_adapter_provider_mof(), kSchemaName));
+      return kSuccess;
+    }
+    const Repository repository(embedded::wifi_adapter_provider_mof(), kSchemaName);
     const simulator::PlatformObjects objects = LoadScenario(commandLine.host);
     if (!CommandRunner::NeedsProvider(commandLine.command.name)) {
       return CommandRunner(repository, nullptr, output, errors, width).Run(commandLine.command);

@@ -2,6 +2,7 @@
 // What the host needs of the operating system and what differs between Windows and elsewhere.
 // Texts and paths are UTF-8.
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -71,6 +72,23 @@ class Apartment {
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;
   ~Apartment();
+};
+
+/// Reads lines that a person types, with a history and completion where the system has them.
+class LineEditor {
+ public:
+  /// `words` are offered as completions.
+  explicit LineEditor(std::vector<std::string> words);
+  LineEditor(const LineEditor&) = delete;
+  LineEditor& operator=(const LineEditor&) = delete;
+  ~LineEditor();
+
+  /// The next line without its end, none at the end of the input.
+  std::optional<std::string> Read(const std::string& prompt);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace host::os

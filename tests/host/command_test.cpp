@@ -168,8 +168,11 @@ TEST_F(CommandTest, ShellRunsLinesAndKeepsTheWorstStatus) {
       "enum Nothing\nexit\nenum Toy\n");
   Command defaults;
   defaults.format = OutputFormat::kCsv;
-  EXPECT_EQ(Shell(input, output_, errors_, "lines", false).Run(runner_, defaults), kNotFound);
-  EXPECT_EQ(output_.str(), "Note\nx\n");
+  EXPECT_EQ(Shell(LinesOf(input), output_, errors_, "lines", true).Run(runner_, defaults),
+            kNotFound);
+  EXPECT_EQ(
+      output_.str(),
+      "> put Toy.Id=\"a\" Note=x\n> enum Toy --fields Note\nNote\nx\n> fly\n> enum Nothing\n");
   EXPECT_NE(errors_.str().find("wmihost: lines:5: "), std::string::npos) << errors_.str();
 }
 
