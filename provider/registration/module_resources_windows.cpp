@@ -26,10 +26,10 @@ HRESULT RegisterTypeLibrary(const platform::OleString& modulePath) {
 }
 
 HRESULT UnregisterTypeLibrary() {
-  const HRESULT result = UnRegisterTypeLib(kTypeLibrary, 1, 0, LOCALE_NEUTRAL, SYS_WIN64);
-  return result == TYPE_E_REGISTRYACCESS || result == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)
-             ? S_OK
-             : result;
+  // Whether it is registered is asked first: the answers to unregistering one that is not differ.
+  platform::Bstr path;
+  if (FAILED(QueryPathOfRegTypeLib(kTypeLibrary, 1, 0, LOCALE_NEUTRAL, path.put()))) return S_OK;
+  return UnRegisterTypeLib(kTypeLibrary, 1, 0, LOCALE_NEUTRAL, SYS_WIN64);
 }
 
 }  // namespace wifi
