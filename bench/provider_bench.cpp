@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <iostream>
+
 #include "host/mof/product_schema.h"
 #include "host/os/os.h"
 #include "host/service/provider_module.h"
@@ -28,7 +30,7 @@ class Service {
  private:
   host::Repository repository_;
   simulator::PlatformObjects platformObjects_;
-  host::Defects defects_;
+  host::Defects defects_{[](const std::string& sentence) { std::cerr << sentence << '\n'; }};
   host::ProviderModule module_;
   host::ProviderSession session_;
 };

@@ -54,7 +54,7 @@ class Checker {
 
   void CheckMethod(const MethodDeclaration& method, const std::string& where) {
     CheckQualifiers(method.qualifiers, method.line, where);
-    Require(method.qualifiers.Flag("Implemented"), method.line, where, "not implemented");
+    Require(method.qualifiers.Flag("Implemented"), method.line, where, "no qualifier Implemented");
     Require(method.returnType == CIM_BOOLEAN || method.returnType == CIM_SINT32, method.line, where,
             "returns " + CimTypeName(method.returnType));
     CheckNames(method.parameters);

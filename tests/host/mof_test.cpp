@@ -140,7 +140,7 @@ TEST(SchemaCheck, FindsEveryFault) {
                                      "3: A.b: ValueMap and Values differ in length",
                                      "3: A.b: type uint8",
                                      "3: A.b: not readable",
-                                     "4: A.M: not implemented",
+                                     "4: A.M: no qualifier Implemented",
                                      "4: A.M: returns string",
                                      "4: A.M.X: no description that ends in a full stop",
                                      "4: A.M.X: neither in nor out, or both",
