@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/service/result_codes.h"
 #include "platform/text.h"
 
 namespace host {
@@ -131,7 +132,12 @@ HRESULT ClassObject::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type
 
 HRESULT ClassObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) {
   if (name == nullptr || flags != 0) return kInvalidParameter;
-  const std::string key = NameText(name);
+  const HRESULT result = TryPut(NameText(name), value, type);
+  if (FAILED(result)) Complain("refused " + NameText(name) + ": " + DescribeResult(result));
+  return result;
+}
+
+HRESULT ClassObject::TryPut(const std::string& key, VARIANT* value, CIMTYPE type) {
   if (FindSystemProperty(key) != nullptr) return static_cast<HRESULT>(WBEM_E_READ_ONLY);
   const std::optional<std::size_t> index = object_.info().FindProperty(key);
   if (!index) return kNotFound;

@@ -54,6 +54,7 @@ class ClassObject final : public ComObject<IWbemClassObject, IID_IWbemClassObjec
   HRESULT STDMETHODCALLTYPE GetMethodOrigin(LPCWSTR name, BSTR* className) override;
 
  private:
+  HRESULT TryPut(const std::string& name, VARIANT* value, CIMTYPE type);
   /// The names that an enumeration with these flags visits; false for flags it does not know.
   bool NamesFor(LONG flags, std::vector<std::string>* names) const;
   /// The signature's class definition, none where the method has none.

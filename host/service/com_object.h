@@ -24,10 +24,13 @@ class Counted {
   LONG references() const { return references_; }
   /// Whether it was taken again after its last release, or released more often than taken.
   bool misused() const { return misused_; }
+  /// What the provider did wrong with it, a sentence each.
+  const std::vector<std::string>& complaints() const { return complaints_; }
   /// What it is, for messages: "the sink", "an instance of CLASS".
   const std::string& what() const { return what_; }
 
  protected:
+  void Complain(std::string sentence) { complaints_.push_back(std::move(sentence)); }
   ULONG Take() {
     const LONG now = ++references_;
     if (now <= 1) misused_ = true;
@@ -41,6 +44,7 @@ class Counted {
 
  private:
   std::string what_;
+  std::vector<std::string> complaints_;
   std::atomic<LONG> references_{1};
   std::atomic<bool> misused_{false};
 };

@@ -4,6 +4,9 @@ namespace host {
 
 void ObjectPool::Sweep(const std::string& request, Defects& defects) {
   for (std::unique_ptr<Counted>& object : objects_) {
+    for (const std::string& complaint : object->complaints()) {
+      defects.Add(request + ": " + object->what() + " " + complaint);
+    }
     const LONG held = object->references();
     if (object->misused() || held < 0) {
       defects.Add(request + ": " + object->what() + " was released more often than taken");

@@ -42,3 +42,20 @@ file(WRITE ${WORK}/commands.txt "# two commands, one provider\nclasses --format 
                                 "enum ${adapter} --fields DeviceID\nfly\n")
 check(RUN shell ${WORK}/commands.txt --format csv STATUS 2 OUT "Description\n.*DeviceID\n"
       ERR "commands.txt:4: ")
+
+# The registration, in a registry that a file keeps; where the system has one of its own, the
+# package's test goes through it.
+if(NOT EMULATOR)
+  set(registry ${WORK}/registry.json)
+  file(REMOVE ${registry})
+  check(RUN --registered enum WiFi_SystemPolicies STATUS 4 OUT ${none} ERR "not registered")
+  check(RUN --registry ${registry} register STATUS 0 OUT ${none} ERR ${none})
+  check(RUN --registry ${registry} --registered enum WiFi_SystemPolicies --fields Caption
+        STATUS 0 OUT "System Policies" ERR ${none})
+  check(RUN --registry ${registry} unregister STATUS 0 OUT ${none} ERR ${none})
+  check(RUN --registry ${registry} unregister STATUS 0 OUT ${none} ERR ${none})
+  check(RUN --registry ${registry} --registered enum WiFi_SystemPolicies
+        STATUS 4 OUT ${none} ERR "not registered")
+  check(RUN --registry ${WORK}/no/such/folder/file register STATUS 2 OUT ${none} ERR "--registry")
+endif()
+check(RUN --libraries ${WORK}/none enum WiFi_SystemPolicies STATUS 4 OUT ${none} ERR "QuarnApi")

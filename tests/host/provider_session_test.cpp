@@ -138,6 +138,15 @@ TEST_F(ProviderSessionTest, ReportsEveryBreachOfTheContract) {
          return Finish(request, S_OK);
        },
        {"no array", "0 objects", "a missing object"}},
+      {"values that do not fit, and a property that is not declared",
+       [](Request& request) {
+         const ComPtr<IWbemClassObject> toy = Spawn(request, OLESTR("Toy"));
+         Variant text = Variant::AnsiText("many");
+         EXPECT_TRUE(FAILED(toy->Put(OLESTR("Count"), 0, text.in_place(), 0)));
+         EXPECT_TRUE(FAILED(toy->Put(OLESTR("Colour"), 0, text.in_place(), 0)));
+         return Finish(request, S_OK);
+       },
+       {"refused Count: WBEM_E_TYPE_MISMATCH", "refused Colour: WBEM_E_NOT_FOUND"}},
       {"another class",
        [](Request& request) {
          const ComPtr<IWbemClassObject> pair = Spawn(request, OLESTR("Pair"));
