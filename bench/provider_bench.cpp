@@ -10,7 +10,7 @@
 #include "host/os/os.h"
 #include "host/service/provider_module.h"
 #include "host/service/provider_session.h"
-#include "provider/object_path.h"
+#include "provider/core/object_path.h"
 
 namespace {
 

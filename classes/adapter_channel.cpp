@@ -1,6 +1,6 @@
 #include "classes/adapter_channel.h"
 
-#include "classes/adapter_record.h"
+#include "classes/record_class.h"
 #include "classes/record_fields.h"
 #include "platform/text.h"
 

@@ -1,7 +1,7 @@
 #include "classes/adapter_channel_update.h"
 
 #include "classes/updated_adapter.h"
-#include "provider/trace.h"
+#include "provider/core/trace.h"
 
 namespace wifi {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "provider/provider_state.h"
+#include "provider/core/provider_state.h"
 
 namespace wifi {
 

@@ -1,6 +1,6 @@
 #include "classes/adapter_configuration.h"
 
-#include "provider/property_writer.h"
+#include "provider/core/property_writer.h"
 
 namespace wifi {
 namespace {

@@ -3,7 +3,7 @@
 // library refuses, the instance keeps only its key and the fill answers with the library's own
 // non-zero status.
 
-#include "provider/provider_state.h"
+#include "provider/core/provider_state.h"
 
 namespace wifi {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "provider/instance.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 

@@ -1,9 +1,9 @@
 #include "classes/exclude_list.h"
 
 #include "adapterapi/bounded_text.h"
+#include "classes/list_class.h"
 #include "classes/network_entry.h"
-#include "provider/format.h"
-#include "provider/library_list.h"
+#include "provider/core/format.h"
 
 namespace wifi {
 namespace {

@@ -4,13 +4,13 @@
 #include <cmath>
 
 #include "adapterapi/bounded_text.h"
+#include "adapterapi/profile_record.h"
 #include "classes/os_gate.h"
 #include "platform/text.h"
-#include "provider/code_table.h"
-#include "provider/format.h"
-#include "provider/guarded_call.h"
-#include "provider/instance.h"
-#include "provider/profile_record.h"
+#include "provider/core/code_table.h"
+#include "provider/core/format.h"
+#include "provider/core/guarded_call.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 namespace {

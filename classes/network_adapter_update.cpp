@@ -2,8 +2,8 @@
 
 #include "classes/os_gate.h"
 #include "classes/updated_adapter.h"
-#include "provider/flag_value.h"
-#include "provider/trace.h"
+#include "provider/core/flag_value.h"
+#include "provider/core/trace.h"
 
 namespace wifi {
 namespace {

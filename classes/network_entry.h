@@ -1,6 +1,6 @@
 #pragma once
 
-#include "provider/property_writer.h"
+#include "provider/core/property_writer.h"
 
 namespace wifi {
 

@@ -8,9 +8,9 @@
 #include <type_traits>
 
 #include "adapterapi/bounded_text.h"
-#include "provider/code_table.h"
-#include "provider/format.h"
-#include "provider/property_writer.h"
+#include "provider/core/code_table.h"
+#include "provider/core/format.h"
+#include "provider/core/property_writer.h"
 
 namespace wifi {
 

@@ -1,9 +1,9 @@
 #include "classes/scan_lists.h"
 
+#include "classes/list_class.h"
 #include "classes/network_entry.h"
 #include "classes/record_fields.h"
 #include "platform/text.h"
-#include "provider/library_list.h"
 
 namespace wifi {
 namespace {

@@ -4,7 +4,7 @@
 // first put that fails. WBEM_E_NOT_FOUND when a list is empty or refused, or no entry has the
 // path's keys.
 
-#include "provider/instance.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 

@@ -1,7 +1,7 @@
 #include "classes/setting_association.h"
 
 #include "platform/text.h"
-#include "provider/property_writer.h"
+#include "provider/core/property_writer.h"
 
 namespace wifi {
 namespace {

@@ -1,6 +1,6 @@
 #include "classes/signal_parameters.h"
 
-#include "classes/adapter_record.h"
+#include "classes/record_class.h"
 #include "classes/record_fields.h"
 
 namespace wifi {

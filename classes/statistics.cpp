@@ -3,11 +3,11 @@
 #include <array>
 #include <cstring>
 
-#include "classes/adapter_record.h"
+#include "classes/record_class.h"
 #include "platform/bstr.h"
 #include "platform/text.h"
-#include "provider/code_table.h"
-#include "provider/format.h"
+#include "provider/core/code_table.h"
+#include "provider/core/format.h"
 
 namespace wifi {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "provider/instance.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 

@@ -1,8 +1,8 @@
 #include "classes/system_policies.h"
 
-#include "provider/flag_value.h"
-#include "provider/property_writer.h"
-#include "provider/trace.h"
+#include "provider/core/flag_value.h"
+#include "provider/core/property_writer.h"
+#include "provider/core/trace.h"
 
 namespace wifi {
 namespace {

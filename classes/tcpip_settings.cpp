@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "classes/adapter_record.h"
+#include "classes/record_class.h"
 #include "classes/record_fields.h"
 
 namespace wifi {

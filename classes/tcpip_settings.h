@@ -3,7 +3,7 @@
 // GetTcpipv6ConfigInfo: the same properties over two records. A fill stops at the first put from
 // DHCP_WINS on that fails and answers with it; what becomes of DHCP_IP and DNS decides nothing.
 
-#include "provider/provider_state.h"
+#include "provider/core/provider_state.h"
 
 namespace wifi {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "provider/adapter_map.h"
+#include "provider/core/adapter_map.h"
 
 namespace wifi {
 

@@ -1,5 +1,5 @@
 # embed_text(TARGET FILE SYMBOL): compiles FILE's bytes into TARGET as
-# a text that EMBEDDED_TEXT(SYMBOL) of cmake/embedded_text.h declares and gives as SYMBOL()
+# a text that EMBEDDED_TEXT(SYMBOL) of platform/embedded_text.h declares and gives as SYMBOL()
 # in namespace embedded. The source is made anew whenever FILE changes.
 
 function(embed_text target file symbol)

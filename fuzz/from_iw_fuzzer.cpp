@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "simulator/scenario/from_iw.h"
-#include "simulator/scenario/scenario.h"
+#include "scenario/from_iw.h"
+#include "scenario/scenario.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string scenario;

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "simulator/scenario/scenario.h"
+#include "scenario/scenario.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {

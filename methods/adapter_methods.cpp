@@ -1,8 +1,8 @@
 #include "methods/adapter_methods.h"
 
+#include "adapterapi/profile_record.h"
 #include "platform/text.h"
-#include "provider/profile_record.h"
-#include "provider/same_name.h"
+#include "provider/core/same_name.h"
 
 namespace wifi {
 

@@ -1,7 +1,7 @@
 #include "methods/method_call.h"
 
 #include "platform/text.h"
-#include "provider/flag_value.h"
+#include "provider/core/flag_value.h"
 
 namespace wifi {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "provider/instance.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 

@@ -5,7 +5,7 @@
 #include "methods/adapter_methods.h"
 #include "methods/exclude_list_methods.h"
 #include "methods/profile_methods.h"
-#include "provider/same_name.h"
+#include "provider/core/same_name.h"
 
 namespace wifi {
 namespace {

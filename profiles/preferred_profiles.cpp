@@ -2,10 +2,10 @@
 
 #include "profiles/feature_set.h"
 #include "profiles/profile_library.h"
-#include "provider/code_table.h"
-#include "provider/impersonation.h"
-#include "provider/property_writer.h"
-#include "provider/trace.h"
+#include "provider/core/code_table.h"
+#include "provider/core/impersonation.h"
+#include "provider/core/property_writer.h"
+#include "provider/core/trace.h"
 
 namespace wifi {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "adapterapi/tolva_api.h"
 #include "platform/structured_exception.h"
-#include "profiles/tolva_api.h"
 
 namespace wifi {
 

@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "platform/platform.h"
-#include "provider/trace.h"
+#include "provider/core/trace.h"
 
 namespace wifi {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/scenario/signal_quality.h"
+#include "scenario/signal_quality.h"
 
 namespace simulator {
 namespace {

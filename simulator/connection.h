@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/scenario/scenario.h"
+#include "scenario/scenario.h"
 
 namespace simulator {
 

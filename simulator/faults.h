@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/scenario/scenario.h"
+#include "scenario/scenario.h"
 
 namespace simulator {
 

@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "simulator/scenario/operations.h"
+#include "scenario/operations.h"
 
 namespace simulator {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/scenario/names.h"
+#include "scenario/names.h"
 
 namespace simulator {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "adapterapi/adapter_api.h"
-#include "simulator/scenario/scenario.h"
+#include "scenario/scenario.h"
 
 namespace simulator {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "scenario/hex.h"
 #include "simulator/connection.h"
-#include "simulator/hex.h"
 #include "simulator/machine.h"
 
 namespace simulator {

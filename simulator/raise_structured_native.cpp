@@ -1,7 +1,7 @@
 #include <stdexcept>
 
+#include "scenario/hex.h"
 #include "simulator/faults.h"
-#include "simulator/hex.h"
 
 namespace simulator {
 

@@ -1,4 +1,4 @@
-#include "profiles/tolva_api.h"
+#include "adapterapi/tolva_api.h"
 
 #include <new>
 #include <type_traits>

@@ -13,7 +13,7 @@
 #include "host/service/provider_module.h"
 #include "host/service/result_codes.h"
 #include "platform/environment.h"
-#include "simulator/scenario/from_iw.h"
+#include "scenario/from_iw.h"
 
 namespace host {
 namespace {

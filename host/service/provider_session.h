@@ -4,7 +4,7 @@
 
 #include "host/service/namespace.h"
 #include "host/service/request_sink.h"
-#include "simulator/scenario/platform_objects.h"
+#include "scenario/platform_objects.h"
 
 namespace host {
 

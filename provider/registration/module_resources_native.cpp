@@ -1,4 +1,4 @@
-#include "cmake/embedded_text.h"
+#include "platform/embedded_text.h"
 #include "provider/registration/module_resources.h"
 
 EMBEDDED_TEXT(registration_script)

@@ -1,6 +1,6 @@
 #include "classes/association_info.h"
 #include "classes/association_stats.h"
-#include "provider/object_path.h"
+#include "provider/core/object_path.h"
 #include "tests/classes/filler_fixture.h"
 
 namespace testing_support {

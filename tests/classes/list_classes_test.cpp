@@ -2,7 +2,7 @@
 
 #include "classes/exclude_list.h"
 #include "classes/scan_lists.h"
-#include "provider/object_path.h"
+#include "provider/core/object_path.h"
 #include "tests/classes/filler_fixture.h"
 
 namespace testing_support {

@@ -1,6 +1,6 @@
 #include "classes/statistics.h"
 
-#include "provider/object_path.h"
+#include "provider/core/object_path.h"
 #include "tests/classes/filler_fixture.h"
 
 namespace testing_support {

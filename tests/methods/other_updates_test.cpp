@@ -1,6 +1,6 @@
 // The channels, the system policies, the configuration and its association.
 
-#include "tests/methods/update_fixture.h"
+#include "tests/classes/update_fixture.h"
 
 namespace wifi {
 namespace {

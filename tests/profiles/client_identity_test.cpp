@@ -3,7 +3,7 @@
 #include "platform/native/observe.h"
 #include "profiles/preferred_profiles.h"
 #include "profiles/user_profile_trace.h"
-#include "provider/impersonation.h"
+#include "provider/core/impersonation.h"
 #include "tests/profiles/profile_settings.h"
 #include "tests/support/fake_profile_library.h"
 #include "tests/support/provider_fixture.h"

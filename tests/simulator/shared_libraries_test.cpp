@@ -5,9 +5,9 @@
 #include <cstring>
 
 #include "adapterapi/quarn_api.h"
+#include "adapterapi/tolva_api.h"
 #include "platform/environment.h"
 #include "platform/structured_exception.h"
-#include "profiles/tolva_api.h"
 
 namespace {
 

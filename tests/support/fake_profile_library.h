@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "profiles/tolva_api.h"
+#include "adapterapi/tolva_api.h"
 #include "tests/support/journal.h"
 
 namespace testing_support {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "provider/trace.h"
+#include "provider/core/trace.h"
 
 namespace testing_support {
 

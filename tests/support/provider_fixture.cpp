@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "provider/format.h"
+#include "provider/core/format.h"
 
 namespace testing_support {
 namespace {

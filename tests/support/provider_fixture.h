@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "provider/instance_provider.h"
+#include "provider/server/instance_provider.h"
 #include "tests/support/fake_adapter_api.h"
 #include "tests/support/fake_wbem.h"
 

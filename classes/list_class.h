@@ -1,0 +1,84 @@
+#pragma once
+// Classes with one instance for each entry of a list that the adapter control library owns.
+
+#include <cstdint>
+
+#include "adapterapi/operations.h"
+#include "provider/core/instance.h"
+#include "provider/core/trace.h"
+
+namespace wifi {
+
+template <class Entry>
+using ListGetter =
+    adapterapi::Operation<adapterapi::AdapterNumber, const adapterapi::LibraryList<Entry>**>;
+
+/// The entry at `index`, none from the list's end on. Asks the list for its count at every call:
+/// it belongs to the library. A count of 0 or less, or no list at all, is an empty list.
+template <class Entry>
+const Entry* EntryAt(const adapterapi::LibraryList<Entry>* list, std::int32_t index) {
+  return list != nullptr && index < list->count ? list->entries + index : nullptr;
+}
+
+template <class Entry>
+struct ListClass {
+  const OLECHAR* name;
+  const ListGetter<Entry>& getter;
+  const char* enumerateLine;  ///< traced before the call for an enumeration
+  const char* getLine;        ///< traced before the call for a get by key
+  const char* doneLine;       ///< traced after a call that succeeded; may be none
+  HRESULT (*fill)(IWbemClassObject*, const AdapterEntry&, const Entry&);
+  /// Whether the path's second key names the entry.
+  bool (*matches)(const Entry&, const ParsedPath&);
+};
+
+/// The adapter's list, read without a guard; none if the library refuses it.
+template <class Entry>
+const adapterapi::LibraryList<Entry>* ReadList(ProviderState& state, const AdapterEntry& adapter,
+                                               const ListClass<Entry>& shown, const char* line) {
+  TraceMessage(line);
+  const adapterapi::LibraryList<Entry>* list = nullptr;
+  if ((state.api.*shown.getter.call)(adapter.number, &list) != 0) return nullptr;
+  if (shown.doneLine != nullptr) TraceMessage(shown.doneLine);
+  return list;
+}
+
+template <class Entry>
+HRESULT DeliverEntry(const ProviderState& state, const Delivery& delivery,
+                     const ListClass<Entry>& shown, const AdapterEntry& adapter,
+                     const Entry& entry) {
+  return DeliverInstance(state, delivery, shown.name, [&](IWbemClassObject* instance) {
+    return shown.fill(instance, adapter, entry);
+  });
+}
+
+/// Indicates an instance for each entry of every adapter's list. A failing entry does not stop the
+/// ones after it; an adapter whose last entry fails, or whose list is empty or refused
+/// (WBEM_E_NOT_FOUND), ends the enumeration.
+template <class Entry>
+HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
+                       const ListClass<Entry>& shown) {
+  return VisitAdapters(state, [&](AdapterEntry& adapter) {
+    const auto* list = ReadList(state, adapter, shown, shown.enumerateLine);
+    HRESULT result = WBEM_E_NOT_FOUND;
+    for (std::int32_t index = 0; const Entry* entry = EntryAt(list, index); ++index) {
+      result = DeliverEntry(state, delivery, shown, adapter, *entry);
+    }
+    return result;
+  });
+}
+
+/// Indicates the first entry that the path's keys name; WBEM_E_NOT_FOUND without one.
+template <class Entry>
+HRESULT GetListEntry(ProviderState& state, const Delivery& delivery, const ParsedPath& path,
+                     const ListClass<Entry>& shown) {
+  const AdapterEntry* adapter = FindAdapterByPath(state, path, kSettingId);
+  if (adapter == nullptr) return WBEM_E_NOT_FOUND;
+  const auto* list = ReadList(state, *adapter, shown, shown.getLine);
+  for (std::int32_t index = 0; const Entry* entry = EntryAt(list, index); ++index) {
+    if (shown.matches(*entry, path)) return DeliverEntry(state, delivery, shown, *adapter, *entry);
+  }
+  return WBEM_E_NOT_FOUND;
+}
+
+}  // namespace wifi

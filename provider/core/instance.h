@@ -1,0 +1,67 @@
+#pragma once
+// Making instances, writing their properties and reading keys: what every class routine uses.
+
+#include <string>
+
+#include "platform/variant.h"
+#include "provider/core/object_path.h"
+#include "provider/core/provider_state.h"
+
+namespace wifi {
+
+/// The key of every class but WiFi_NetworkAdapter: the adapter's device id.
+inline constexpr const OLECHAR* kSettingId = OLESTR("SettingID");
+
+/// Spawns an empty instance of a class of the namespace. Without a namespace (before Initialize)
+/// answers 0 and leaves `instance` untouched; otherwise the first failing code of the service.
+HRESULT SpawnClassInstance(const ProviderState& state, const OLECHAR* className,
+                           platform::ComPtr<IWbemClassObject>& instance, IWbemContext* context);
+
+/// Writes one property with the class's own type. E_FAIL without an instance or a name, and when
+/// the instance throws; otherwise the instance's answer.
+HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, platform::Variant value);
+
+/// The same without a fence: what the instance throws ends the request.
+HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, platform::Variant value);
+
+/// The value of the first key with exactly this name; a key without a name matches only a missing
+/// name. It belongs to the path; VT_EMPTY without a match.
+const VARIANT& GetPathKeyValue(const ParsedPath& path, const OLECHAR* keyName);
+
+/// The ANSI text of a key; empty if the key is missing or holds no text.
+std::string PathKeyText(const ParsedPath& path, const OLECHAR* keyName);
+
+/// The adapter that a path's key names, none if there is no such adapter.
+AdapterEntry* FindAdapterByPath(ProviderState& state, const ParsedPath& path,
+                                const OLECHAR* keyName);
+
+/// Hands one instance to the sink and answers with what it says; `otherwise` without an instance.
+inline HRESULT Indicate(const Delivery& delivery, IWbemClassObject* instance, HRESULT otherwise) {
+  return instance == nullptr ? otherwise : delivery.sink->Indicate(1, &instance);
+}
+
+/// Spawns an instance of the class, has `fill` (IWbemClassObject* to HRESULT) fill it, and
+/// indicates it. Answers with the first failing step's code, otherwise with the sink's.
+template <class Fill>
+HRESULT DeliverInstance(const ProviderState& state, const Delivery& delivery,
+                        const OLECHAR* className, Fill&& fill) {
+  platform::ComPtr<IWbemClassObject> instance;
+  HRESULT result = SpawnClassInstance(state, className, instance, delivery.context);
+  if (SUCCEEDED(result)) result = fill(instance.get());
+  return FAILED(result) ? result : Indicate(delivery, instance.get(), result);
+}
+
+/// Calls `visit` (AdapterEntry& to HRESULT) for every adapter in key order, until one answers
+/// anything but 0, a success code included; answers with the last result, 0 without adapters.
+template <class Visit>
+HRESULT VisitAdapters(ProviderState& state, Visit&& visit) {
+  HRESULT result = WBEM_S_NO_ERROR;
+  for (auto next = state.adapters.begin(); next != state.adapters.end() && result == 0; ++next) {
+    const std::string key = next->first;
+    AdapterEntry* entry = FindAdapterEntry(state.adapters, key);
+    result = entry == nullptr ? WBEM_E_NOT_FOUND : visit(*entry);
+  }
+  return result;
+}
+
+}  // namespace wifi

@@ -1,0 +1,220 @@
+#include "provider/core/object_path.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "provider/core/format.h"
+#include "provider/core/path_lexer.h"
+
+namespace wifi {
+namespace {
+
+using platform::OleString;
+using platform::OleStringView;
+using platform::Variant;
+
+bool IsSlash(OLECHAR character) {
+  return character == OLECHAR('\\') || character == OLECHAR('/');
+}
+
+OLECHAR FoldAscii(OLECHAR character) {
+  return character >= OLECHAR('A') && character <= OLECHAR('Z')
+             ? static_cast<OLECHAR>(character + ('a' - 'A'))
+             : character;
+}
+
+bool NameLess(const PathKey& left, const PathKey& right) {
+  const OleString none;
+  const OleString& first = left.name ? *left.name : none;
+  const OleString& second = right.name ? *right.name : none;
+  return std::lexicographical_compare(
+      first.begin(), first.end(), second.begin(), second.end(),
+      [](OLECHAR one, OLECHAR other) { return FoldAscii(one) < FoldAscii(other); });
+}
+
+OleString QuotedText(OleStringView text) {
+  OleString quoted(1, OLECHAR('"'));
+  for (const OLECHAR character : text) {
+    if (character == OLECHAR('"') || character == OLECHAR('\\')) quoted += OLECHAR('\\');
+    quoted += character;
+  }
+  return quoted += OLECHAR('"');
+}
+
+OleString ValueText(const VARIANT& value) {
+  switch (value.vt) {
+    case VT_BSTR:
+      return QuotedText(platform::ViewOf(value.bstrVal));
+    case VT_I4:
+      return platform::WideText(FormatText("%d", static_cast<int>(value.lVal)));
+    case VT_UI4:
+      return platform::WideText(FormatText("%u", static_cast<unsigned>(value.ulVal)));
+    case VT_I2:
+      return platform::WideText(FormatText("%hd", value.iVal));
+    case VT_UI2:
+      return platform::WideText(FormatText("%hu", value.uiVal));
+    default:
+      return {};
+  }
+}
+
+/// Recursive descent over the text behind the server name.
+class PathGrammar {
+ public:
+  PathGrammar(OleStringView text, ParsedPath& path) : lexer_(text), path_(path) { Advance(); }
+
+  /// What follows a server: at least one namespace, then perhaps an object.
+  bool AfterServer() {
+    if (!Accept(PathToken::kSlash)) return false;
+    return Namespaces() && (AtEnd() || (Accept(PathToken::kColon) && Object()));
+  }
+
+  bool WithoutServer() {
+    if (Accept(PathToken::kSlash)) {
+      return Namespaces() && Accept(PathToken::kColon) && Object();
+    }
+    if (token_.kind != PathToken::kWord) return false;
+    OleString first = token_.text;
+    Advance();
+    if (token_.kind != PathToken::kSlash && token_.kind != PathToken::kColon) {
+      path_.className = std::move(first);
+      return Keys();
+    }
+    path_.namespaces.push_back(std::move(first));
+    if (Accept(PathToken::kSlash) && !Namespaces()) return false;
+    return Accept(PathToken::kColon) && Object();
+  }
+
+ private:
+  void Advance() { token_ = lexer_.Next(); }
+  bool AtEnd() const { return token_.kind == PathToken::kEnd; }
+  bool Accept(PathToken::Kind kind) {
+    if (token_.kind != kind) return false;
+    Advance();
+    return true;
+  }
+
+  bool Namespaces() {
+    do {
+      if (token_.kind != PathToken::kWord) return false;
+      path_.namespaces.push_back(token_.text);
+      Advance();
+    } while (Accept(PathToken::kSlash));
+    return true;
+  }
+
+  bool Object() {
+    if (token_.kind != PathToken::kWord) return false;
+    path_.className = token_.text;
+    Advance();
+    return Keys();
+  }
+
+  bool Keys() {
+    if (AtEnd()) return true;
+    if (Accept(PathToken::kEquals)) {
+      if (!Accept(PathToken::kAt)) return Value(nullptr) && AtEnd();
+      path_.singleton = true;
+      return AtEnd();
+    }
+    if (!Accept(PathToken::kDot)) return false;
+    if (token_.kind != PathToken::kWord || !lexer_.NextIs(PathToken::kEquals)) {
+      return Value(nullptr) && AtEnd();
+    }
+    do {
+      if (token_.kind != PathToken::kWord) return false;
+      const OleString name = token_.text;
+      Advance();
+      if (!Accept(PathToken::kEquals) || !Value(name.c_str())) return false;
+    } while (Accept(PathToken::kComma));
+    return AtEnd();
+  }
+
+  bool Value(const OLECHAR* name) {
+    Variant value;
+    if (token_.kind == PathToken::kText) {
+      value = Variant::Text(token_.text);
+    } else if (token_.kind == PathToken::kInteger) {
+      value = Variant::Integer(token_.number);
+    } else if (token_.isWord(OLESTR("true"))) {
+      value = Variant::Integer(1);
+    } else if (token_.isWord(OLESTR("false"))) {
+      value = Variant::Integer(0);
+    } else {
+      return false;
+    }
+    path_.AddKey(name, value.get());
+    Advance();
+    return true;
+  }
+
+  PathLexer lexer_;
+  PathToken token_;
+  ParsedPath& path_;
+};
+
+bool ParseInto(OleStringView text, PathFlag flag, ParsedPath& path) {
+  if (text.size() >= 2 && IsSlash(text[0]) && text[1] == text[0]) {
+    const OleStringView rest = text.substr(2);
+    const auto end = std::find_if(rest.begin(), rest.end(), IsSlash);
+    path.server.emplace(rest.begin(), end);
+    if (path.server->empty()) return false;
+    if (end == rest.end()) return flag == PathFlag::kEverything;
+    return PathGrammar(rest.substr(static_cast<std::size_t>(end - rest.begin())), path)
+        .AfterServer();
+  }
+  if (!PathGrammar(text, path).WithoutServer()) return false;
+  if (!path.namespaces.empty()) {
+    if (flag == PathFlag::kAbsoluteNamespace) return false;
+    path.server.emplace(OLESTR("."));
+  }
+  return true;
+}
+
+}  // namespace
+
+void ParsedPath::AddKey(const OLECHAR* name, const VARIANT& value) {
+  PathKey& key = keys.emplace_back();
+  if (name != nullptr) key.name.emplace(name);
+  key.value = Variant::CopyOf(value);
+}
+
+OleString ParsedPath::KeyListText() const {
+  OleString text;
+  for (const PathKey& key : keys) {
+    if (!text.empty()) text += OLECHAR(',');
+    if (key.name) text += *key.name + OLECHAR('=');
+    text += ValueText(key.value.get());
+  }
+  return text;
+}
+
+OleString ParsedPath::Text() const {
+  OleString text;
+  if (server) text += OLESTR("\\\\") + *server;
+  for (std::size_t index = 0; index < namespaces.size(); ++index) {
+    if (server || index > 0) text += OLECHAR('\\');
+    text += namespaces[index];
+  }
+  if (!className) return text;
+  if (!namespaces.empty()) text += OLECHAR(':');
+  text += *className;
+  if (keys.empty()) return singleton ? text + OLESTR("=@") : text;
+  return text + (keys.front().name ? OLECHAR('.') : OLECHAR('=')) + KeyListText();
+}
+
+PathResult PathParser::Parse(const OLECHAR* text, std::unique_ptr<ParsedPath>* path) const {
+  if (path == nullptr) return PathResult::kInvalidArgument;
+  path->reset();
+  const OleStringView view = platform::ViewOf(text);
+  if (view.empty() || IsPathBlank(view.front()) || IsPathBlank(view.back())) {
+    return PathResult::kInvalidArgument;
+  }
+  auto parsed = std::make_unique<ParsedPath>();
+  if (!ParseInto(view, flag_, *parsed)) return PathResult::kSyntaxError;
+  std::stable_sort(parsed->keys.begin(), parsed->keys.end(), NameLess);
+  *path = std::move(parsed);
+  return PathResult::kParsed;
+}
+
+}  // namespace wifi

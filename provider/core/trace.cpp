@@ -1,0 +1,33 @@
+#include "provider/core/trace.h"
+
+#include <atomic>
+
+#include "platform/environment.h"
+
+namespace wifi {
+namespace {
+
+std::atomic<TraceReceiver*> currentReceiver = nullptr;
+
+// Asked once, when the module is loaded.
+const bool toDebugger = platform::EnvironmentText("WIFI_PROVIDER_TRACE") == "1";
+
+void Emit(const char* line, bool exceptionLine) {
+  if (toDebugger) OutputDebugStringA(line);
+  if (TraceReceiver* receiver = currentReceiver.load()) receiver->OnLine(line, exceptionLine);
+}
+
+}  // namespace
+
+void TraceMessage(const char* line) {
+  Emit(line, false);
+}
+void TraceException(const char* line) {
+  Emit(line, true);
+}
+
+TraceReceiver* SetTraceReceiver(TraceReceiver* receiver) {
+  return currentReceiver.exchange(receiver);
+}
+
+}  // namespace wifi

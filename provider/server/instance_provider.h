@@ -1,0 +1,82 @@
+#pragma once
+
+#include <atomic>
+
+#include "provider/core/provider_state.h"
+#include "provider/server/module_lock.h"
+
+namespace wifi {
+
+/// The object that the management service loads and talks to. Serves six operations of
+/// IWbemServices; every other one answers WBEM_E_NOT_SUPPORTED and touches nothing.
+///
+/// Starts with one reference, the creator's. The service calls it from the thread of its apartment;
+/// requests take no lock.
+class InstanceProvider final : public IWbemProviderInit, public IWbemServices {
+ public:
+  explicit InstanceProvider(adapterapi::AdapterApi& api) : state_(api) {}
+  InstanceProvider(const InstanceProvider&) = delete;
+  InstanceProvider& operator=(const InstanceProvider&) = delete;
+  virtual ~InstanceProvider();
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override;
+
+  /// Learns the namespace and the adapters, anew at every call. Always answers WBEM_S_NO_ERROR: the
+  /// outcome goes to `initSink`.
+  HRESULT STDMETHODCALLTYPE Initialize(LPWSTR user, LONG flags, LPWSTR namespaceName, LPWSTR locale,
+                                       IWbemServices* services, IWbemContext* context,
+                                       IWbemProviderInitSink* initSink) override;
+
+  HRESULT STDMETHODCALLTYPE GetObjectAsync(const BSTR path, LONG flags, IWbemContext* context,
+                                           IWbemObjectSink* sink) override;
+  HRESULT STDMETHODCALLTYPE PutInstanceAsync(IWbemClassObject* instance, LONG flags,
+                                             IWbemContext* context, IWbemObjectSink* sink) override;
+  HRESULT STDMETHODCALLTYPE DeleteInstanceAsync(const BSTR path, LONG flags, IWbemContext* context,
+                                                IWbemObjectSink* sink) override;
+  HRESULT STDMETHODCALLTYPE CreateInstanceEnumAsync(const BSTR className, LONG flags,
+                                                    IWbemContext* context,
+                                                    IWbemObjectSink* sink) override;
+  HRESULT STDMETHODCALLTYPE ExecQueryAsync(const BSTR language, const BSTR query, LONG flags,
+                                           IWbemContext* context, IWbemObjectSink* sink) override;
+  HRESULT STDMETHODCALLTYPE ExecMethodAsync(const BSTR path, const BSTR method, LONG flags,
+                                            IWbemContext* context, IWbemClassObject* inParameters,
+                                            IWbemObjectSink* sink) override;
+
+// The operations that are not served: they touch no argument and call no sink.
+#define NOT_SERVED(operation, parameters)                   \
+  HRESULT STDMETHODCALLTYPE operation parameters override { \
+    return WBEM_E_NOT_SUPPORTED;                            \
+  }
+  NOT_SERVED(OpenNamespace, (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
+  NOT_SERVED(CancelAsyncCall, (IWbemObjectSink*))
+  NOT_SERVED(QueryObjectSink, (LONG, IWbemObjectSink**))
+  NOT_SERVED(GetObject, (const BSTR, LONG, IWbemContext*, IWbemClassObject**, IWbemCallResult**))
+  NOT_SERVED(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  NOT_SERVED(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
+  NOT_SERVED(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  NOT_SERVED(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  NOT_SERVED(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  NOT_SERVED(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  NOT_SERVED(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  NOT_SERVED(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  NOT_SERVED(CreateInstanceEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  NOT_SERVED(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  NOT_SERVED(ExecNotificationQuery,
+             (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  NOT_SERVED(ExecNotificationQueryAsync,
+             (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  NOT_SERVED(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
+                          IWbemClassObject**, IWbemCallResult**))
+#undef NOT_SERVED
+
+ private:
+  HRESULT UpdateInstance(IWbemClassObject* instance);
+
+  std::atomic<ULONG> references_ = 1;
+  ModuleLock lock_;
+  ProviderState state_;
+};
+
+}  // namespace wifi

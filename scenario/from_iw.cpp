@@ -1,0 +1,181 @@
+#include "scenario/from_iw.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <span>
+#include <tuple>
+
+#include "platform/text.h"
+#include "scenario/ansi.h"
+#include "scenario/hex.h"
+#include "scenario/iw_scan.h"
+#include "scenario/signal_quality.h"
+
+namespace simulator {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// A capture does not tell the adapter's own address; this one is locally administered.
+constexpr const char* kAdapterAddress = "02:00:00:00:00:01";
+
+struct Channel {
+  bool is5GHz;
+  int number;
+};
+
+/// The channel at a frequency in MHz; none outside the bands of 802.11a, b and g.
+std::optional<Channel> ChannelAt(double frequency) {
+  const int mhz = static_cast<int>(frequency);
+  if (mhz == 2484) return Channel{false, 14};
+  if (mhz >= 2412 && mhz <= 2472 && mhz % 5 == 2) return Channel{false, (mhz - 2407) / 5};
+  if (mhz >= 5160 && mhz <= 5885 && mhz % 5 == 0) return Channel{true, (mhz - 5000) / 5};
+  return std::nullopt;
+}
+
+bool IsLeftOut(const IwNetwork& network) {
+  return network.frequency && !ChannelAt(*network.frequency);
+}
+
+/// A name as text where code page 1252 has all of it, else as its octets.
+Json NameOf(const std::string& name) {
+  const bool isUtf8 = platform::Utf8Text(platform::WideFromUtf8(name)) == name;
+  if (isUtf8 && name.find('\0') == name.npos && AnsiFromUtf8(name)) return name;
+  std::string hex;
+  for (const char octet : name) hex += UpperHex(static_cast<unsigned char>(octet), 2);
+  return {{"hex", hex}};
+}
+
+const char* OpModeOf(const IwNetwork& network) {
+  return network.adHoc ? "Ad hoc" : "Infrastructure";
+}
+
+Json EntryOf(const IwNetwork& network) {
+  Json entry = {{"ssid", NameOf(network.name)}, {"mac", network.address}};
+  if (network.frequency) {
+    const Channel channel = *ChannelAt(*network.frequency);
+    const bool is11b = network.bestRate > 0 && network.only11bRates;
+    entry["band"] = channel.is5GHz ? "802.11a" : is11b ? "802.11b" : "802.11g";
+    entry["channel"] = channel.number;
+  }
+  entry["opMode"] = OpModeOf(network);
+  entry["rssi"] = std::lround(network.signal);
+  entry["encrypted"] = network.privacy || network.secured;
+  entry["stealth"] = network.hidden;
+  if (network.secured) {
+    entry["auth"] = network.auth;
+    entry["unicast"] = network.unicast;
+    entry["multicast"] = network.multicast;
+  } else {
+    // Neither the length of a WEP key nor its use for authentication is announced.
+    using Names = std::vector<const char*>;
+    const Names ciphers = network.privacy ? Names{"WEP40", "WEP104"} : Names{"None"};
+    entry["auth"] = network.privacy ? Names{"Open", "Shared"} : Names{"Open"};
+    entry["unicast"] = ciphers;
+    entry["multicast"] = ciphers;
+  }
+  return entry;
+}
+
+/// Names for the bits of an entry and the code of an association that follows; the first one that
+/// the entry has decides.
+struct Choice {
+  const char* bit;
+  const char* code;
+};
+constexpr Choice kAuthenModes[] = {
+    {"RSNA", "WPA2-Enterprise"}, {"WPA", "WPA-Enterprise"}, {"PSK", "WPA2-Personal"},
+    {"WPA_PSK", "WPA-Personal"}, {"Open", "Open"},          {"Shared", "Shared"}};
+/// There is no code for AES-CCMP: it stays unknown.
+constexpr Choice kEncryptions[] = {{"AES-CCMP", nullptr},
+                                   {"TKIP", "TKIP"},
+                                   {"WEP104", "104-bit"},
+                                   {"WEP40", "40-bit"},
+                                   {"None", "None"}};
+
+void Choose(std::span<const Choice> choices, const Json& bits, const char* member, Json& record) {
+  const auto choice = std::ranges::find_if(choices, [&bits](const Choice& row) {
+    return std::ranges::find(bits, row.bit) != bits.end();
+  });
+  if (choice != choices.end() && choice->code != nullptr) record[member] = choice->code;
+}
+
+void Associate(const IwNetwork& network, const Json& entry, Json& adapter) {
+  Json association = {{"associated", true},       {"profileName", "@direct@"},
+                      {"ssid", entry["ssid"]},    {"bssid", network.address},
+                      {"rate", network.bestRate}, {"opMode", entry["opMode"]}};
+  Choose(kAuthenModes, entry["auth"], "authenMode", association);
+  Choose(kEncryptions, entry["unicast"], "encryption", association);
+  association["authenEnabled"] = association.value("authenMode", "Open") != "Open";
+  if (entry.contains("channel")) {
+    association["channel"] = entry["channel"];
+    adapter["band"] = entry["band"];
+  }
+  const std::int32_t rssi = entry["rssi"];
+  adapter["associationStatus"] = network.adHoc ? "Ibss Joined" : "Associated";
+  adapter["authenticationStatus"] = "Authenticated";
+  adapter["txRate"] = network.bestRate;
+  adapter["association"] = association;
+  adapter["associationStats"] = {{"rssi", rssi}};
+  adapter["signal"] = {{"quality", QualityOf(rssi)}, {"rssi", rssi}};
+}
+
+/// Greater for the one to keep of two networks with one address: the associated one, then the one
+/// seen last.
+auto Weight(const IwNetwork& network) {
+  return std::tuple(network.associated,
+                    -network.lastSeen.value_or(std::numeric_limits<double>::max()));
+}
+
+/// Leaves one network for each address, which is a key of the management classes, and none that
+/// the library has no band for.
+std::vector<IwNetwork> Select(std::vector<IwNetwork> networks, const std::string& source,
+                              std::vector<std::string>& remarks) {
+  const auto leaveOut = [&](const IwNetwork& network, const std::string& why) {
+    remarks.push_back(source + ", line " + std::to_string(network.line) + ": " + network.address +
+                      " is left out: " + why);
+  };
+  std::vector<IwNetwork> selected;
+  std::map<std::string, std::size_t> places;
+  for (IwNetwork& network : networks) {
+    if (IsLeftOut(network)) {
+      leaveOut(network, "it is on no channel of the 2.4 or 5 GHz band");
+      continue;
+    }
+    const auto [place, isNew] = places.try_emplace(network.address, selected.size());
+    if (isNew) {
+      selected.push_back(std::move(network));
+      continue;
+    }
+    IwNetwork& known = selected[place->second];
+    if (Weight(network) >= Weight(known)) std::swap(network, known);
+    leaveOut(network, "line " + std::to_string(known.line) + " has the same address");
+  }
+  return selected;
+}
+
+}  // namespace
+
+ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& source) {
+  ScenarioOfCapture result;
+  const std::vector<IwNetwork> networks =
+      Select(ParseIwScan(capture, source), source, result.remarks);
+  Json adapter = {{"mac", kAdapterAddress}};
+  Json entries = Json::array();
+  for (const IwNetwork& network : networks) {
+    entries.push_back(EntryOf(network));
+    if (network.associated && !adapter.contains("association")) {
+      Associate(network, entries.back(), adapter);
+    }
+  }
+  adapter["cachedNetworks"] = entries;
+  adapter["availableNetworks"] = entries;
+  result.json = Json{{"adapters", Json::array({adapter})}}.dump(2) + "\n";
+  return result;
+}
+
+}  // namespace simulator

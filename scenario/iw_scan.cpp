@@ -1,0 +1,259 @@
+#include "scenario/iw_scan.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <span>
+
+#include "scenario/platform_objects.h"
+
+namespace simulator {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+constexpr std::size_t kLongestName = 32;         // octets
+constexpr std::size_t kAddressLength = 17;       // characters
+constexpr double kBestRate = 54;                 // Mbit/s
+constexpr double k11bRates[] = {1, 2, 5.5, 11};  // Mbit/s
+
+/// What a line should have held.
+struct Expected {
+  std::string what;
+};
+
+bool IsHexDigit(char character) {
+  return std::isxdigit(static_cast<unsigned char>(character)) != 0;
+}
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// Takes what stands before `separator` off the front, and the separator.
+std::string_view Take(std::string_view& text, char separator) {
+  const std::size_t end = std::min(text.find(separator), text.size());
+  const std::string_view taken = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return taken;
+}
+
+std::vector<std::string_view> Words(std::string_view text) {
+  std::vector<std::string_view> words;
+  while (!(text = Trim(text)).empty()) words.push_back(Take(text, ' '));
+  return words;
+}
+
+/// The number at the front; none unless it lies from `least` to `most`.
+std::optional<double> NumberOf(std::string_view text, double least, double most) {
+  double number = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || !(number >= least && number <= most)) return std::nullopt;
+  return number;
+}
+
+double Expect(std::string_view text, double least, double most, const char* what) {
+  const auto number = NumberOf(text, least, most);
+  if (!number) throw Expected{what};
+  return *number;
+}
+
+/// The octets of a name whose unprintable ones, blanks at its ends and backslashes are \xNN.
+std::string Unescape(std::string_view text) {
+  std::string name;
+  while (!text.empty()) {
+    std::size_t size = 1;
+    char octet = text.front();
+    if (text.size() >= 4 && text.starts_with("\\x") && IsHexDigit(text[2]) && IsHexDigit(text[3])) {
+      unsigned value = 0;
+      std::from_chars(text.data() + 2, text.data() + 4, value, 16);
+      octet = static_cast<char>(value);
+      size = 4;
+    }
+    name.push_back(octet);
+    text.remove_prefix(size);
+  }
+  return name;
+}
+
+// One reader for each field. `value` is what stands behind the colon, without blanks around it.
+
+void ReadFrequency(std::string_view value, IwNetwork& network) {
+  network.frequency = Expect(value, 1, 100000, "a frequency in MHz");
+}
+
+void ReadSignal(std::string_view value, IwNetwork& network) {
+  // A driver that knows no unit gives hundredths of its best signal.
+  network.signal = value.ends_with("/100")
+                       ? Expect(value, 0, 100, "a signal from 0/100 to 100/100") / 2 - 100
+                       : Expect(value, -200, 100, "a signal in dBm");
+}
+
+void ReadLastSeen(std::string_view value, IwNetwork& network) {
+  network.lastSeen = Expect(value, 0, 1e15, "a time in ms");
+}
+
+void ReadCapability(std::string_view value, IwNetwork& network) {
+  for (const std::string_view word : Words(value)) {
+    network.privacy |= word == "Privacy";
+    network.adHoc |= word == "IBSS";
+  }
+}
+
+/// A beacon may hide the name that the same network's answer to a probe tells.
+void ReadName(std::string_view value, IwNetwork& network) {
+  std::string name = Unescape(value);
+  if (name.size() > kLongestName) throw Expected{"a name of at most 32 octets"};
+  const bool announced = name.find_first_not_of('\0') != name.npos;
+  network.hidden = !announced;
+  if (announced) network.name = std::move(name);
+}
+
+/// Words that are no rate, and rates beyond those of 802.11a and g, stand for other demands.
+void ReadRates(std::string_view value, IwNetwork& network) {
+  for (const std::string_view word : Words(value)) {
+    const auto rate = NumberOf(word, 0.5, kBestRate);
+    if (!rate) continue;
+    network.bestRate = std::max(network.bestRate, static_cast<std::uint32_t>(*rate * 1e6));
+    network.only11bRates &= std::ranges::find(k11bRates, *rate) != std::end(k11bRates);
+  }
+}
+
+struct FieldRow {
+  std::string_view name;
+  void (*read)(std::string_view value, IwNetwork& network);
+};
+
+constexpr FieldRow kFields[] = {{"freq", ReadFrequency},
+                                {"signal", ReadSignal},
+                                {"last seen", ReadLastSeen},
+                                {"capability", ReadCapability},
+                                {"SSID", ReadName},
+                                {"Supported rates", ReadRates},
+                                {"Extended supported rates", ReadRates}};
+
+/// What a suite's name or number has in it, and the scenario's word for it in either element.
+struct SuiteRow {
+  std::string_view part;
+  std::string_view inRsn;
+  std::string_view inWpa;
+};
+
+constexpr SuiteRow kCiphers[] = {{"CCMP", "AES-CCMP", "AES-CCMP"},
+                                 {"TKIP", "TKIP", "TKIP"},
+                                 {"WEP-104", "WEP104", "WEP104"},
+                                 {"WEP-40", "WEP40", "WEP40"}};
+// Passwords proved by SAE (8, 9) are personal keys too; OWE (18) encrypts without authentication.
+constexpr SuiteRow kSuites[] = {{"802.1X", "RSNA", "WPA"},    {"FILS", "RSNA", "RSNA"},
+                                {"PSK", "PSK", "WPA_PSK"},    {"SAE", "PSK", "PSK"},
+                                {"00-0f-ac:8", "PSK", "PSK"}, {"00-0f-ac:9", "PSK", "PSK"},
+                                {"OWE", "Open", "Open"},      {"00-0f-ac:18", "Open", "Open"}};
+
+void AddSuites(std::span<const SuiteRow> rows, bool rsn, std::string_view value,
+               std::set<std::string_view>& names) {
+  for (const std::string_view word : Words(value)) {
+    const auto row = std::ranges::find_if(
+        rows, [word](const SuiteRow& suite) { return word.find(suite.part) != word.npos; });
+    if (row != rows.end()) names.insert(rsn ? row->inRsn : row->inWpa);
+  }
+}
+
+/// Reads one line of an RSN or WPA element.
+void ReadSecurity(bool rsn, std::string_view line, IwNetwork& network) {
+  const std::string_view name = Take(line, ':');
+  if (name == "Group cipher") {
+    AddSuites(kCiphers, rsn, line, network.multicast);
+  } else if (name == "Pairwise ciphers" && Trim(line).starts_with("Use group cipher")) {
+    network.unicast.insert(network.multicast.begin(), network.multicast.end());
+  } else if (name == "Pairwise ciphers") {
+    AddSuites(kCiphers, rsn, line, network.unicast);
+  } else if (name == "Authentication suites") {
+    AddSuites(kSuites, rsn, line, network.auth);
+  }
+}
+
+/// Reads "BSS 02:00:00:00:00:01(on wlan0) -- associated".
+IwNetwork ReadHeading(std::string_view line) {
+  constexpr std::string_view kHeading = "BSS ";
+  IwNetwork network;
+  const std::string_view address =
+      line.starts_with(kHeading) ? line.substr(kHeading.size(), kAddressLength) : "";
+  for (std::size_t i = 0; i < address.size(); ++i) {
+    if (i % 3 == 2 ? address[i] != ':' : !IsHexDigit(address[i])) break;
+    network.address.push_back(
+        static_cast<char>(std::toupper(static_cast<unsigned char>(address[i]))));
+  }
+  if (network.address.size() != kAddressLength) throw Expected{"'BSS <address>'"};
+  const std::string_view rest = line.substr(kHeading.size() + kAddressLength);
+  network.associated =
+      rest.find("-- associated") != rest.npos || rest.find("-- joined") != rest.npos;
+  return network;
+}
+
+/// The networks so far, and the element that the next line may belong to.
+class Capture {
+ public:
+  void Read(std::string_view line, std::size_t number) {
+    const std::string_view text = Trim(line);
+    if (text.empty()) return;
+    if (networks_.empty() || kBlanks.find(line.front()) == kBlanks.npos) {
+      networks_.push_back(ReadHeading(line));
+      networks_.back().line = number;
+      element_ = {};
+      return;
+    }
+    std::string_view value = text;
+    if (!text.starts_with('*')) {
+      element_ = Take(value, ':');
+      value = Trim(value);
+      const auto row = std::ranges::find(kFields, element_, &FieldRow::name);
+      if (row != std::end(kFields)) return row->read(value, networks_.back());
+    }
+    const bool rsn = element_ == "RSN";
+    if (!rsn && element_ != "WPA") return;
+    networks_.back().secured = true;
+    if (value.starts_with('*')) ReadSecurity(rsn, Trim(value.substr(1)), networks_.back());
+  }
+
+  std::vector<IwNetwork> Networks() && {
+    if (networks_.empty()) throw Expected{"'BSS <address>'"};
+    return std::move(networks_);
+  }
+
+ private:
+  std::vector<IwNetwork> networks_;
+  std::string_view element_;
+};
+
+/// The start of a line, fit to be shown.
+std::string Shown(std::string_view line) {
+  constexpr std::size_t kMost = 40;
+  const std::string_view text = Trim(line);
+  if (text.empty()) return "nothing";
+  std::string shown(text.substr(0, kMost));
+  std::ranges::replace_if(
+      shown, [](char character) { return character < ' ' || character > '~'; }, '?');
+  return "'" + shown + (text.size() > kMost ? "...'" : "'");
+}
+
+}  // namespace
+
+std::vector<IwNetwork> ParseIwScan(std::string_view capture, const std::string& source) {
+  Capture networks;
+  std::string_view line;
+  std::size_t number = 1;
+  try {
+    for (; !capture.empty(); ++number) {
+      line = Take(capture, '\n');
+      networks.Read(line, number);
+    }
+    line = {};
+    return std::move(networks).Networks();
+  } catch (const Expected& expected) {
+    throw ScenarioError(source + ", line " + std::to_string(number) + ": expected " +
+                        expected.what + ", found " + Shown(line));
+  }
+}
+
+}  // namespace simulator

@@ -1,0 +1,87 @@
+#include "scenario/node.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "scenario/platform_objects.h"
+
+namespace simulator {
+
+void Node::Fail(const std::string& problem) const {
+  const std::string place = path.to_string();
+  throw ScenarioError((place.empty() ? "/" : place) + ": " + problem);
+}
+
+void Node::FailExpecting(const std::string& expected) const {
+  std::string found = value.is_structured() ? std::string(value.type_name()) : value.dump();
+  if (found.size() > 80) found = "a long " + std::string(value.type_name());
+  Fail("expected " + expected + ", found " + found);
+}
+
+const nlohmann::json& Node::Object() const {
+  if (!value.is_object()) FailExpecting("an object");
+  return value;
+}
+
+std::string Node::Text() const {
+  if (!value.is_string()) FailExpecting("a text");
+  return value.get<std::string>();
+}
+
+bool Node::Boolean() const {
+  if (!value.is_boolean()) FailExpecting("true or false");
+  return value.get<bool>();
+}
+
+std::int64_t Node::Number(std::int64_t least, std::int64_t most) const {
+  const std::string expected =
+      "a number from " + std::to_string(least) + " to " + std::to_string(most);
+  std::int64_t number = 0;
+  if (value.is_number_unsigned()) {
+    const auto wide = value.get<std::uint64_t>();
+    if (wide > static_cast<std::uint64_t>(most)) FailExpecting(expected);
+    number = static_cast<std::int64_t>(wide);
+  } else if (value.is_number_integer()) {
+    number = value.get<std::int64_t>();
+  } else if (value.is_string() && value.get_ref<const std::string&>().starts_with("0x")) {
+    const auto& text = value.get_ref<const std::string&>();
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data() + 2, end, number, 16);
+    if (error != std::errc() || stop != end || text[2] == '-') FailExpecting(expected);
+  } else {
+    FailExpecting(expected);
+  }
+  if (number < least || number > most) FailExpecting(expected);
+  return number;
+}
+
+void Node::EachElement(const std::function<void(const Node&)>& visit) const {
+  if (!value.is_array()) FailExpecting("an array");
+  for (std::size_t i = 0; i < value.size(); ++i) visit({value[i], path / i});
+}
+
+void Node::EachMember(const std::vector<Member>& members) const {
+  for (const auto& [name, child] : Object().items()) {
+    if (std::none_of(members.begin(), members.end(),
+                     [&key = name](const Member& member) { return member.name == key; })) {
+      std::vector<std::string_view> accepted;
+      for (const Member& member : members) accepted.push_back(member.name);
+      Node{child, path / name}.Fail("no such member; accepted are " + Join(accepted));
+    }
+  }
+  for (const Member& member : members) {
+    const auto found = value.find(member.name);
+    if (found != value.end()) member.read({*found, path / std::string(member.name)});
+  }
+}
+
+std::string Join(std::span<const std::string_view> names) {
+  std::string joined;
+  for (const std::string_view name : names) {
+    if (!joined.empty()) joined += ", ";
+    joined += name;
+  }
+  return joined;
+}
+
+}  // namespace simulator

@@ -1,0 +1,135 @@
+#pragma once
+// What a scenario says: the machine that both simulated libraries play.
+
+#include <array>
+#include <cstring>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scenario/platform_objects.h"
+#include "scenario/profile_record.h"
+
+namespace simulator {
+
+/// The values of one adapter, in the records that the library hands out.
+struct AdapterRecords {
+  adapterapi::AdapterNumber number;
+  adapterapi::MacAddress mac;
+  std::uint32_t present;
+  std::uint32_t type;
+  std::uint32_t band;
+  std::uint32_t radioState;
+  std::uint32_t hwRadioState;
+  std::uint32_t registrationState;
+  std::uint32_t associationStatus;
+  std::uint32_t readyForProfileState;
+  std::uint32_t ibssTxPower;
+  std::uint32_t supportedRates;
+  std::uint32_t authenticationStatus;
+  std::int32_t txRate;
+  std::uint32_t adapterState;
+  std::uint32_t protocolPreference;
+  std::uint32_t connectionPreference;
+  std::uint32_t xpZeroConfigEnabled;
+  std::int32_t ccxTpcPower;
+  std::uint32_t tcpIpBound;
+  std::uint32_t supported;
+  std::uint32_t excludeListEnabled;
+  std::uint32_t rogueApCount;
+  ProfileRecord lastProfile;
+  adapterapi::PspInfoRecord psp;
+  adapterapi::CcxVersionRecord ccxVersion;
+  adapterapi::CcxPowerLevelsRecord ccxPowerLevels;
+  adapterapi::IbssPreferencesRecord channels;
+  adapterapi::AssociationInfoRecord association;
+  adapterapi::AssociationStatsRecord associationStats;
+  adapterapi::DeviceInfoRecord device;
+  adapterapi::ConfigInfoRecord configuration;
+  adapterapi::VersionInfoRecord versions;
+  adapterapi::FeaturesRecord features;
+  adapterapi::SignalParametersRecord signal;
+  adapterapi::TcpipConfigRecord tcpip;
+  adapterapi::Tcpipv6ConfigRecord tcpipv6;
+  adapterapi::TxRxStatsRecord traffic;
+};
+
+/// A list as the library hands it out: a signed count, then the entries. The count may be smaller
+/// than the number of entries, never greater.
+class RecordList {
+ public:
+  RecordList() : bytes_(sizeof(std::int32_t)) {}
+  explicit RecordList(std::size_t entryBytes) : bytes_(sizeof(std::int32_t) + entryBytes) {}
+
+  template <class Entry>
+  static RecordList Of(std::span<const Entry> entries) {
+    RecordList list(entries.size_bytes());
+    if (!entries.empty()) std::memcpy(list.entries(), entries.data(), entries.size_bytes());
+    list.set_count(static_cast<std::int32_t>(entries.size()));
+    return list;
+  }
+
+  void set_count(std::int32_t count) { std::memcpy(bytes_.data(), &count, sizeof count); }
+  std::uint8_t* entries() { return bytes_.data() + sizeof(std::int32_t); }
+  /// The entries that the count lets a client see.
+  template <class Entry>
+  std::span<const Entry> Seen() const {
+    const auto* list = As<adapterapi::LibraryList<Entry>>();
+    return {list->entries, list->count > 0 ? static_cast<std::size_t>(list->count) : 0};
+  }
+  template <class List>
+  const List* As() const {
+    return reinterpret_cast<const List*>(bytes_.data());
+  }
+
+ private:
+  std::vector<std::uint8_t> bytes_;
+};
+
+struct Adapter {
+  AdapterRecords records{};
+  RecordList cachedNetworks;     ///< of ScanListEntry
+  RecordList availableNetworks;  ///< of ScanListEntry
+  RecordList excludeList;        ///< of ExcludeEntryRecord
+};
+
+/// The profile library's stores in the order of their flags 1, 2, 4, 8, 16.
+inline constexpr std::array<std::string_view, 5> kProfileStores = {"user", "persistent", "prelogon",
+                                                                   "postlogon", "itprofile"};
+
+/// Makes calls of one operation fail.
+struct Fault {
+  enum class Kind { kStatus, kException, kStructured };
+
+  std::string operation;
+  std::optional<adapterapi::AdapterNumber> adapter;  ///< none: every adapter
+  Kind kind = Kind::kStatus;
+  std::int32_t status = 0;
+  std::string exception;               ///< what the C++ exception says
+  std::uint32_t structuredCode = 0;    ///< code of the structured exception
+  std::optional<std::uint32_t> times;  ///< none: every call
+  bool output = false;                 ///< the operation is carried out before it fails
+};
+
+struct Scenario {
+  PlatformObjects platform;
+  std::uint32_t apiVersion = 0;
+  std::vector<Adapter> adapters;
+  std::map<std::uint32_t, std::uint32_t> settings;
+  std::map<std::uint32_t, std::uint32_t> policies;
+  std::array<std::vector<ProfileRecord>, kProfileStores.size()> profiles;
+  std::vector<Fault> faults;
+};
+
+/// Reads and checks a scenario; `file` names it in errors. Throws ScenarioError.
+Scenario ParseScenario(std::string_view json, const std::string& file);
+/// Reads a scenario file; an empty path means the scenario that is compiled in.
+Scenario LoadScenario(const std::string& path);
+/// The scenario that WIFI_SCENARIO names, or the one compiled in; none, after one line to the
+/// debugger's output, if it cannot be read.
+std::optional<Scenario> ScenarioOfEnvironment();
+
+}  // namespace simulator

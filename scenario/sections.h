@@ -1,0 +1,18 @@
+#pragma once
+
+#include "scenario/node.h"
+#include "scenario/scenario.h"
+
+namespace simulator {
+
+/// Reads a whole scenario over what `scenario` already holds; every adapter starts as `initial`.
+/// Throws ScenarioError.
+void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario);
+
+/// The faults of the section of that name.
+std::vector<Fault> ReadFaults(const Node& node);
+
+/// The platform's own view of the adapters, for a scenario that does not state it.
+std::vector<PlatformAdapter> PlatformAdaptersOf(std::span<const Adapter> adapters);
+
+}  // namespace simulator

@@ -1,0 +1,160 @@
+#include "provider/registration/registrar.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "platform/registry_key.h"
+#include "platform/text.h"
+
+namespace wifi {
+namespace {
+
+using platform::OleString;
+using platform::RegistryKey;
+using platform::Utf8Text;
+
+constexpr const char* kScript = R"(HKCR
+{
+  Plain = s 'Text with {braces} and = signs'
+  {
+    Child = s '%MODULE%'
+  }
+  NoRemove Shared
+  {
+    ForceRemove {1234} = s 'Own'
+    {
+      Server = s 'before %MODULE% after'
+      {
+        val Model = s 'apartment'
+      }
+      Empty
+    }
+  }
+})";
+
+/// A key of its own below HKEY_CURRENT_USER, gone with the test.
+class Registration : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    RegDeleteTreeW(HKEY_CURRENT_USER, kRoot.c_str());
+    ASSERT_EQ(root.Create(HKEY_CURRENT_USER, kRoot), LSTATUS{0});
+  }
+  void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, kRoot.c_str()); }
+
+  /// "KEY\SUBKEY[@VALUE]" to text, of everything below the root; keys without a value as "".
+  std::map<std::string, std::string> Content() {
+    std::map<std::string, std::string> content;
+    Collect(root.get(), "", content);
+    return content;
+  }
+  void MakeKey(const OleString& name) {
+    RegistryKey key;
+    ASSERT_EQ(key.Create(root.get(), name), LSTATUS{0});
+  }
+
+  RegistryKey root;
+
+ private:
+  static void Collect(HKEY key, const std::string& path,
+                      std::map<std::string, std::string>& content) {
+    for (const OLECHAR* name : {OLESTR(""), OLESTR("Model")}) {
+      OLECHAR text[256];
+      DWORD size = sizeof(text);
+      if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size) ==
+          0) {
+        const std::string suffix = *name == OLECHAR{} ? "" : "@" + Utf8Text(name);
+        content[path + suffix] = Utf8Text(text);
+      }
+    }
+    OLECHAR name[256];
+    DWORD length = 256;
+    for (DWORD index = 0;
+         RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) == 0;
+         ++index, length = 256) {
+      RegistryKey child;
+      ASSERT_EQ(child.Open(key, name, KEY_READ), LSTATUS{0});
+      const std::string childPath = path + "\\" + Utf8Text(name);
+      content[childPath];
+      Collect(child.get(), childPath, content);
+    }
+  }
+
+  const OleString kRoot = OLESTR("Software\\RegistrationTest");
+};
+
+const std::map<std::string, std::string> kWritten = {
+    {"\\Plain", "Text with {braces} and = signs"},
+    {"\\Plain\\Child", "C:\\It's here\\module.dll"},
+    {"\\Shared", ""},
+    {"\\Shared\\{1234}", "Own"},
+    {"\\Shared\\{1234}\\Empty", ""},
+    {"\\Shared\\{1234}\\Server", "before C:\\It's here\\module.dll after"},
+    {"\\Shared\\{1234}\\Server@Model", "apartment"},
+};
+
+const OleString kModule = OLESTR("C:\\It's here\\module.dll");
+
+TEST_F(Registration, WritesExactlyTheScriptAndTakesItBack) {
+  const auto script = ParseRegistrationScript(kScript);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(ApplyRegistration(root.get(), script, kModule), S_OK);
+    EXPECT_EQ(Content(), kWritten);
+  }
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(RemoveRegistration(root.get(), script), S_OK);
+    EXPECT_EQ(Content(), (std::map<std::string, std::string>{{"\\Shared", ""}}));
+  }
+}
+
+TEST_F(Registration, KeepsWhatIsNotItsOwn) {
+  const auto script = ParseRegistrationScript(kScript);
+  MakeKey(OLESTR("Shared\\Other"));
+  MakeKey(OLESTR("Shared\\{1234}\\Stale\\Deep"));
+  EXPECT_EQ(ApplyRegistration(root.get(), script, kModule), S_OK);
+  EXPECT_EQ(Content().count("\\Shared\\{1234}\\Stale"), 0u);  // ForceRemove
+  MakeKey(OLESTR("Plain\\Foreign"));
+  MakeKey(OLESTR("Shared\\{1234}\\Later"));
+  EXPECT_EQ(RemoveRegistration(root.get(), script), S_OK);
+  const auto left = Content();
+  EXPECT_EQ(left.count("\\Shared\\Other"), 1u);
+  EXPECT_EQ(left.count("\\Plain\\Foreign"), 1u);
+  EXPECT_EQ(left.count("\\Plain\\Child"), 0u);
+  EXPECT_EQ(left.count("\\Shared\\{1234}"), 0u);
+}
+
+TEST_F(Registration, LeavesNothingBehindAfterAFailureHalfWay) {
+  auto script = ParseRegistrationScript(kScript);
+  script.back().keys.front().keys.back().name = std::string(300, 'k');  // no key's name is so long
+  EXPECT_TRUE(FAILED(ApplyRegistration(root.get(), script, kModule)));
+  EXPECT_EQ(Content(), (std::map<std::string, std::string>{{"\\Shared", ""}}));
+}
+
+TEST(RegistrationScript, SaysWhereItIsWrong) {
+  const struct {
+    const char* text;
+    const char* message;
+  } rows[] = {
+      {"", "line 1: expected HKCR, found ''"},
+      {"HKLM { }", "line 1: expected HKCR, found 'HKLM'"},
+      {"HKCR\n{\n  Key = 'x'\n}", "line 3: expected s, found 'x'"},
+      {"HKCR {\n Key = s x }", "line 2: expected a quoted text, found 'x'"},
+      {"HKCR {\n Key = s 'open }", "line 2: expected a closing quote"},
+      {"HKCR {\n Key {\n", "line 3: expected a name, found ''"},
+      {"HKCR { 'Key' }", "expected a name, found 'Key'"},
+      {"HKCR { NoRemove { } }", "expected a name, found '{'"},
+      {"HKCR { val V = s 'x' }", "expected no value beside the keys"},
+      {"HKCR { } more", "expected the end, found 'more'"},
+  };
+  for (const auto& row : rows) {
+    try {
+      ParseRegistrationScript(row.text);
+      ADD_FAILURE() << "accepted: " << row.text;
+    } catch (const ScriptError& error) {
+      EXPECT_NE(std::string(error.what()).find(row.message), std::string::npos) << error.what();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace wifi

@@ -1,0 +1,265 @@
+// The frame of the requests, their routing and their final status.
+
+#include <functional>
+
+#include "classes/adapter_class.h"
+#include "tests/support/provider_fixture.h"
+
+namespace wifi {
+namespace {
+
+using platform::Bstr;
+using platform::ComPtr;
+using platform::Variant;
+using testing_support::Answers;
+using testing_support::FakeObject;
+using testing_support::FakeSink;
+using testing_support::ProviderFixture;
+using testing_support::Raises;
+using Strings = std::vector<std::string>;
+
+class Request : public ProviderFixture {
+ protected:
+  struct Outcome {
+    HRESULT result;
+    Strings keys;  ///< the first put of every instance that was indicated
+    bool operator==(const Outcome&) const = default;
+  };
+
+  Outcome Run(const std::function<HRESULT(IWbemServices&, IWbemObjectSink*)>& operation) {
+    const ComPtr<FakeSink> answers = testing_support::MakeSink(script);
+    Outcome outcome{operation(*provider.get(), answers.get()), {}};
+    EXPECT_EQ(answers->statuses, std::vector<HRESULT>{outcome.result});
+    for (const auto& object : answers->objects) {
+      outcome.keys.push_back(object->className + " " + object->ShownPuts().front());
+    }
+    return outcome;
+  }
+  Outcome Enumerate(const OLECHAR* className) {
+    const Bstr name(className);
+    return Run([&](IWbemServices& target, IWbemObjectSink* answers) {
+      return target.CreateInstanceEnumAsync(name.get(), 0, nullptr, answers);
+    });
+  }
+  Outcome Query(const OLECHAR* text) {
+    const Bstr query(text);
+    return Run([&](IWbemServices& target, IWbemObjectSink* answers) {
+      return target.ExecQueryAsync(nullptr, query.get(), 0, nullptr, answers);
+    });
+  }
+  Outcome Get(const OLECHAR* text) {
+    const Bstr path(text);
+    return Run([&](IWbemServices& target, IWbemObjectSink* answers) {
+      return target.GetObjectAsync(path.get(), 0, nullptr, answers);
+    });
+  }
+  Outcome Delete(const OLECHAR* text) {
+    const Bstr path(text);
+    return Run([&](IWbemServices& target, IWbemObjectSink* answers) {
+      return target.DeleteInstanceAsync(path.get(), 0, nullptr, answers);
+    });
+  }
+  Outcome Put(const char* path, const char* className) {
+    const auto instance = MakeObject();
+    if (path != nullptr) instance->values["__PATH"] = Variant::AnsiText(path);
+    if (className != nullptr) instance->values["__CLASS"] = Variant::AnsiText(className);
+    return Run([&](IWbemServices& target, IWbemObjectSink* answers) {
+      return target.PutInstanceAsync(instance.get(), 0, nullptr, answers);
+    });
+  }
+
+  static Outcome Failed(HRESULT result) { return {result, {}}; }
+};
+
+const Strings kBoth = {"WiFi_NetworkAdapter DeviceID=text:10",
+                       "WiFi_NetworkAdapter DeviceID=text:7"};
+
+TEST_F(Request, EnumeratesByWholeNameWithoutRegardToCase) {
+  Initialize({{1, "7", 1}, {2, "10", 2}});
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{0, kBoth}));
+  EXPECT_EQ(Enumerate(OLESTR("wifi_NETWORKadapter")), (Outcome{0, kBoth}));
+  for (const OLECHAR* unknown : {OLESTR("WiFi_NetworkAdapter "), OLESTR("WiFi_NetworkAdapte"),
+                                 OLESTR(""), OLESTR("Win32_NetworkAdapter")}) {
+    EXPECT_EQ(Enumerate(unknown), Failed(WBEM_E_INVALID_CLASS));
+  }
+  EXPECT_EQ(Run([](IWbemServices& target, IWbemObjectSink* answers) {
+              return target.CreateInstanceEnumAsync(nullptr, 0, nullptr, answers);
+            }),
+            Failed(WBEM_E_INVALID_CLASS));
+}
+
+TEST_F(Request, EndsWithSuccessAndNothingWithoutAdapters) {
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{0, {}}));
+}
+
+TEST_F(Request, FindsTheFirstClassNameAnywhereInAQuery) {
+  Initialize({{1, "7", 1}, {2, "10", 2}});
+  for (const OLECHAR* query :
+       {OLESTR("SELECT * FROM WiFi_NetworkAdapter WHERE DeviceID = 'none'"),
+        // Its name begins with the other's, which stands first.
+        OLESTR("SELECT * FROM WiFi_NetworkAdapterConfiguration"),
+        OLESTR("SELECT * FROM WiFi_NetworkAdapterSetting"), OLESTR("WiFi_NetworkAdapter")}) {
+    EXPECT_EQ(Query(query), (Outcome{0, kBoth}));
+  }
+  EXPECT_EQ(Query(OLESTR("SELECT * FROM wifi_networkadapter")), Failed(WBEM_E_INVALID_CLASS));
+  EXPECT_EQ(Query(OLESTR("SELECT * FROM wifi_adaptertxrxstats")), Failed(WBEM_E_INVALID_CLASS));
+  EXPECT_EQ(Query(nullptr), Failed(WBEM_E_INVALID_CLASS));
+}
+
+TEST_F(Request, GetsOneInstanceByItsExactKey) {
+  Initialize({{1, "Lan7", 1}, {2, "10", 2}});
+  const Outcome found{0, {"WiFi_NetworkAdapter DeviceID=text:Lan7"}};
+  EXPECT_EQ(Get(OLESTR("WiFi_NetworkAdapter.DeviceID=\"Lan7\"")), found);
+  EXPECT_EQ(Get(OLESTR("\\\\.\\root\\cimv2:WIFI_networkadapter.DeviceID='Lan7'")), found);
+  const struct {
+    const OLECHAR* path;
+    HRESULT result;
+  } rows[] = {
+      {OLESTR("WiFi_NetworkAdapter.DeviceID=\"lan7\""), WBEM_E_NOT_FOUND},
+      {OLESTR("WiFi_NetworkAdapter.deviceid=\"Lan7\""), WBEM_E_NOT_FOUND},
+      {OLESTR("WiFi_NetworkAdapter.SettingID=\"Lan7\""), WBEM_E_NOT_FOUND},
+      {OLESTR("WiFi_NetworkAdapter.DeviceID=10"), WBEM_E_NOT_FOUND},  // a number is no key text
+      {OLESTR("WiFi_NetworkAdapter"), WBEM_E_NOT_FOUND},
+      {OLESTR("WiFi_Other.DeviceID=\"Lan7\""), WBEM_E_INVALID_CLASS},
+      {OLESTR("WiFi_NetworkAdapter.DeviceID="), WBEM_E_INVALID_OBJECT_PATH},
+      {OLESTR("\\\\.\\root\\cimv2"), WBEM_E_INVALID_CLASS},  // a path, of no class
+      {OLESTR("root\\cimv2:WiFi_NetworkAdapter.DeviceID=\"Lan7\""), WBEM_E_INVALID_OBJECT_PATH},
+      {OLESTR(""), WBEM_E_INVALID_OBJECT_PATH},
+      {nullptr, WBEM_E_INVALID_OBJECT_PATH},
+  };
+  for (const auto& row : rows) EXPECT_EQ(Get(row.path), Failed(row.result));
+}
+
+TEST_F(Request, NeverDeletes) {
+  Initialize({{1, "7", 1}});
+  for (const OLECHAR* path :
+       {OLESTR("WiFi_NetworkAdapter.DeviceID=\"7\""), OLESTR("wifi_networkadapterconfiguration"),
+        OLESTR("WiFi_NetworkAdapterSetting")}) {
+    EXPECT_EQ(Delete(path), Failed(WBEM_E_NOT_SUPPORTED));
+  }
+  EXPECT_EQ(Delete(OLESTR("WiFi_AdapterDevice.SettingID=\"7\"")), Failed(WBEM_E_INVALID_CLASS));
+  EXPECT_EQ(Delete(OLESTR("no path?")), Failed(WBEM_E_INVALID_OBJECT_PATH));
+}
+
+TEST_F(Request, RoutesAPutByTheInstancesClass) {
+  EXPECT_EQ(Put("WiFi_X.K=1", "WiFi_X"), (Outcome{0, {}}));  // no adapter, nothing to do
+  Initialize({{1, "7", 1}, {2, "10", 2}});
+  EXPECT_EQ(Put("WiFi_NetworkAdapter.DeviceID=\"7\"", "WiFi_AdapterDevice"),
+            Failed(WBEM_E_INVALID_CLASS));
+  EXPECT_EQ(Put("WiFi_NetworkAdapterSetting", "wifi_networkadaptersetting"),
+            Failed(WBEM_E_NOT_SUPPORTED));
+  EXPECT_EQ(Put("WiFi_NetworkAdapter.DeviceID=\"7\"", nullptr), Failed(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(Put("not a path?", "WiFi_NetworkAdapter"), Failed(WBEM_E_INVALID_OBJECT_PATH));
+  EXPECT_EQ(Put(nullptr, "WiFi_NetworkAdapter"), Failed(WBEM_E_INVALID_OBJECT_PATH));
+  EXPECT_EQ(Run([](IWbemServices& target, IWbemObjectSink* answers) {
+              return target.PutInstanceAsync(nullptr, 0, nullptr, answers);
+            }),
+            Failed(WBEM_E_INVALID_PARAMETER));
+}
+
+TEST_F(Request, StopsAtTheFirstAdapterWhoseInstanceFails) {
+  Initialize({{1, "1", 1}, {2, "2", 2}, {3, "3", 3}});
+  const Strings first = {"WiFi_NetworkAdapter DeviceID=text:1"};
+
+  script.indicateResults[2] = WBEM_E_CALL_CANCELLED;
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{WBEM_E_CALL_CANCELLED, first}));
+  script.indicateResults.clear();
+  script.indicateResult = WBEM_S_FALSE;  // a success code stops the walk as well
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{WBEM_S_FALSE, first}));
+  script.indicateResult = S_OK;
+
+  script.putResults["Band"] = WBEM_E_TYPE_MISMATCH;
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), Failed(WBEM_E_TYPE_MISMATCH));
+  script.putResults.clear();
+  script.spawnResult = E_OUTOFMEMORY;
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), Failed(E_OUTOFMEMORY));
+  script.spawnResult = S_OK;
+  fakeNamespace.getObjectResults["WiFi_NetworkAdapter"] = WBEM_E_ACCESS_DENIED;
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), Failed(WBEM_E_ACCESS_DENIED));
+}
+
+TEST_F(Request, TurnsAnExceptionIntoProviderFailure) {
+  Initialize({{1, "1", 1}, {2, "2", 2}});
+  int calls = 0;
+  api.onGetSettingValue = [&](std::uint32_t, std::uint32_t*) -> adapterapi::ApiStatus {
+    if (++calls == 2) throw 1;
+    return 0;
+  };
+  // What was handed over before stays handed over.
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
+            (Outcome{WBEM_E_PROVIDER_FAILURE, {"WiFi_NetworkAdapter DeviceID=text:1"}}));
+}
+
+TEST_F(Request, PassesTheRequestsContextOn) {
+  Initialize({{1, "1", 1}});
+  fakeNamespace.contexts.clear();
+  auto* context = reinterpret_cast<IWbemContext*>(this);  // only its identity counts
+  const Bstr name(OLESTR("WiFi_NetworkAdapter"));
+  provider->CreateInstanceEnumAsync(name.get(), 0, context, sink.get());
+  EXPECT_EQ(fakeNamespace.contexts, std::vector<IWbemContext*>{context});
+}
+
+TEST_F(Request, LeavesNoReferenceBehind) {
+  Initialize({{1, "1", 1}, {2, "2", 2}});
+  const int before = testing_support::FakeUnknown<IWbemClassObject>::live;
+  script.putResults["TxRate"] = WBEM_E_FAILED;
+  Enumerate(OLESTR("WiFi_NetworkAdapter"));
+  script.putResults.clear();
+  api.onGetSettingValue = Raises();
+  Enumerate(OLESTR("WiFi_NetworkAdapter"));
+  EXPECT_EQ(testing_support::FakeUnknown<IWbemClassObject>::live, before);
+  // The sink and the namespace: one reference is the test's, one the provider's.
+  EXPECT_EQ(sink->AddRef(), 2u);
+  sink->Release();
+  EXPECT_EQ(services->AddRef(), 4u);  // the fixture's state shares it too
+  services->Release();
+}
+
+TEST_F(Request, RefusesARequestWithoutASink) {
+  EXPECT_EQ(provider->CreateInstanceEnumAsync(nullptr, 0, nullptr, nullptr),
+            WBEM_E_INVALID_PARAMETER);
+}
+
+TEST_F(Request, AnswersUnservedOperationsAtOnce) {
+  IWbemServices& target = *provider.get();
+  const HRESULT results[] = {
+      target.OpenNamespace(nullptr, 0, nullptr, nullptr, nullptr),
+      target.CancelAsyncCall(nullptr),
+      target.QueryObjectSink(0, nullptr),
+      target.GetObject(nullptr, 0, nullptr, nullptr, nullptr),
+      target.PutClass(nullptr, 0, nullptr, nullptr),
+      target.PutClassAsync(nullptr, 0, nullptr, sink.get()),
+      target.DeleteClass(nullptr, 0, nullptr, nullptr),
+      target.DeleteClassAsync(nullptr, 0, nullptr, sink.get()),
+      target.CreateClassEnum(nullptr, 0, nullptr, nullptr),
+      target.CreateClassEnumAsync(nullptr, 0, nullptr, sink.get()),
+      target.PutInstance(nullptr, 0, nullptr, nullptr),
+      target.DeleteInstance(nullptr, 0, nullptr, nullptr),
+      target.CreateInstanceEnum(nullptr, 0, nullptr, nullptr),
+      target.ExecQuery(nullptr, nullptr, 0, nullptr, nullptr),
+      target.ExecNotificationQuery(nullptr, nullptr, 0, nullptr, nullptr),
+      target.ExecNotificationQueryAsync(nullptr, nullptr, 0, nullptr, sink.get()),
+      target.ExecMethod(nullptr, nullptr, 0, nullptr, nullptr, nullptr, nullptr),
+  };
+  for (const HRESULT result : results) {
+    EXPECT_EQ(result, WBEM_E_NOT_SUPPORTED);
+  }
+  EXPECT_EQ(journal.events(), Strings{});
+}
+
+TEST_F(Request, MakesNoInstanceWithoutEntryOrClass) {
+  ComPtr<IWbemClassObject> instance;
+  EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kNetworkAdapter, nullptr, instance),
+            E_FAIL);
+  AdapterEntry& entry = AddAdapter("1", 1);
+  EXPECT_EQ(MakeAdapterInstance(state, nullptr, static_cast<ClassSelector>(10), &entry, instance),
+            WBEM_E_INVALID_CLASS);
+  // Without a namespace there is nothing to put into.
+  state.services.reset();
+  EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kNetworkAdapter, &entry, instance),
+            E_FAIL);
+  EXPECT_FALSE(instance);
+}
+
+}  // namespace
+}  // namespace wifi
