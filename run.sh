@@ -10,7 +10,8 @@ if [ "${1:-}" = --windows ]; then
   preset=windows
   shift
 fi
-[ $# -gt 0 ] || set -- enum WiFi_NetworkAdapter
+[ $# -gt 0 ] ||
+  set -- enum WiFi_NetworkAdapter --fields DeviceID,WiFiAdapterType,Band,AssociationStatus,TxRate
 
 install_packages "$preset"
 build "$preset" wmihost WiFiAdapterProvider

@@ -1,16 +1,80 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests: format check, native, with sanitizers, and the Windows
-# product through Wine.
+# Builds and tests; ./test.sh --help says how.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"
 
-install_packages native windows format
-echo "== format"
-"$root/cmake/check_format.sh"
-for preset in native sanitize windows; do
-  echo "== $preset"
-  build "$preset"
-  [ "$preset" != windows ] || use_wine
-  (cd "$root" && ctest --preset "$preset")
+# One row a step, in the order in which they run: name, Debian packages (parts of cmake/prepare.sh),
+# what it does. Its commands are the function step_NAME. Steps named --… run only when asked for.
+steps='
+--mend    native,format   format, and write every generated document and expected output anew
+format    format          formatting of all C++ sources
+floors    format          no include runs up the house
+native    native,browser  build natively, all tests
+sanitize  native          the same with AddressSanitizer and UndefinedBehaviorSanitizer
+windows   native,windows  build the Windows product, all tests through Wine
+'
+step_--mend() {
+  "$root/cmake/check_format.sh" --mend
+  build native expected_outputs
+  local log=$root/build/mend.log
+  if ! (cd "$root" && WIFI_MEND=1 ctest --preset native -L expected_output --verbose) >"$log" 2>&1; then
+    tail -n 60 "$log" >&2
+    return 1
+  fi
+  sed -n "s|^[0-9]*: mended $root/|mended |p" "$log"
+}
+step_format() { "$root/cmake/check_format.sh"; }
+step_floors() { "$root/cmake/check_floors.sh"; }
+step_native() { test_preset native; }
+step_sanitize() { test_preset sanitize; }
+step_windows() {
+  use_wine
+  test_preset windows
+}
+
+test_preset() {
+  build "$1"
+  (cd "$root" && ctest --preset "$1")
+}
+
+rows() { grep . <<<"$steps"; }
+usage() {
+  echo "usage: ./test.sh [STEP]…"
+  echo "Runs the steps that are named, else all of these, in this order, and stops at the first failure:"
+  rows | sed -E '/^--/d; s/^([^ ]+) +[^ ]+ +/  \1\t/' | expand -t 14
+  echo "Only when named:"
+  rows | sed -E '/^--/!d; s/^([^ ]+) +[^ ]+ +/  \1\t/' | expand -t 14
+}
+
+for word in "$@"; do
+  case $word in -h | --help) usage && exit 0 ;; esac
+  if ! rows | awk -v word="$word" '$1 == word { found = 1 } END { exit !found }'; then
+    echo "./test.sh: there is no step '$word'" >&2
+    usage >&2
+    exit 2
+  fi
 done
+chosen=() packages=()
+while read -r name parts _; do
+  case " $* " in
+    "  ") case $name in --*) continue ;; esac ;;
+    *" $name "*) ;;
+    *) continue ;;
+  esac
+  chosen+=("$name")
+  packages+=(${parts//,/ })
+done < <(rows)
+
+install_packages "${packages[@]}"
+finish() {
+  local code=$?
+  [ "$code" = 0 ] || echo "== $step failed after $((SECONDS - started)) s" >&2
+}
+trap finish EXIT
+for step in "${chosen[@]}"; do
+  started=$SECONDS
+  echo "== $step"
+  "step_$step"
+done
+echo "== passed: ${chosen[*]} ($SECONDS s)"

@@ -15,10 +15,12 @@ class ImportedApi final : public AdapterApi {
 #undef QUARN_OPERATION
 };
 
+// Ready before anything runs, as the module's entry point needs it, and without a guard.
+constinit ImportedApi api;
+
 }  // namespace
 
 AdapterApi& ImportedAdapterApi() {
-  static ImportedApi api;
   return api;
 }
 

@@ -1,34 +1,26 @@
 #pragma once
-// The profile library TolvaApi as a client links it: plain classes, bound by the compiler's own
-// decorated names, objects owned by the caller with the library's storage inside.
+// The profile library TolvaApi as a client links it: plain classes, bound by the decorated names of
+// the platform's compiler (tolva_api.def lists them), objects owned by the caller with the
+// library's storage inside. The names follow from these declarations and the widths of LONG and
+// ULONG alone.
 
-#include "adapterapi/records.h"
 #include "platform/platform.h"
 
-// The simulator, which defines these classes, exports them; a client needs no import attribute for
-// functions.
-#if defined(TOLVA_API_IMPLEMENTATION) && defined(_WIN32)
-#define TOLVA_API __declspec(dllexport)
-#elif defined(TOLVA_API_IMPLEMENTATION)
-#define TOLVA_API __attribute__((visibility("default")))
-#else
+// Whoever builds the library may define this as what exports its classes; a client needs no import
+// attribute for functions.
+#ifndef TOLVA_API
 #define TOLVA_API
 #endif
 
-#ifdef _WIN32
-using TolvaLong = long;
-using TolvaUlong = unsigned long;
-#else
-using TolvaLong = LONG;
-using TolvaUlong = ULONG;
-#endif
-
+struct ORVEL_WLAN_PROFILE;  // records.h
 enum ORVEL_OPMODE : int { ORVEL_OPMODE_BSS = 1, ORVEL_OPMODE_IBSS = 2 };
 enum ORVEL_ALGORITHM : int {};
 enum ORVEL_AUTHMODE : int {};
 
-/// The maker does not publish the size of its objects: the room inside is generous.
-inline constexpr std::size_t kTolvaStorage = 4096;
+/// An assumption, not a fact: the maker publishes neither size nor layout of its objects, which
+/// live in the caller's memory. Every object gets this room, in bytes, aligned to 16; a library
+/// whose objects need more would write beyond it.
+inline constexpr unsigned kTolvaStorage = 4096;
 
 class TOLVA_API CPreferredProfile {
  public:
@@ -41,7 +33,7 @@ class TOLVA_API CPreferredProfile {
   const char* Ssid() const;
   const char* MandatoryAp() const;
   ORVEL_OPMODE OpMode() const;
-  TolvaLong Stealth() const;
+  LONG Stealth() const;
   ORVEL_ALGORITHM WepAlgorithm() const;
   ORVEL_AUTHMODE AuthMode() const;
 
@@ -58,11 +50,11 @@ class TOLVA_API CProfileMgr {
   CProfileMgr& operator=(const CProfileMgr&) = delete;
 
   void SetWiFiProvider(bool on);
-  TolvaLong Open(TolvaUlong timeout);
-  TolvaLong Close();
-  TolvaLong GetFirstPreferredProfile(CPreferredProfile& profile, TolvaUlong store);
-  TolvaLong GetNextPreferredProfile(CPreferredProfile& profile, TolvaUlong store);
-  TolvaLong GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, TolvaUlong flags);
+  LONG Open(ULONG timeout);
+  LONG Close();
+  LONG GetFirstPreferredProfile(CPreferredProfile& profile, ULONG store);
+  LONG GetNextPreferredProfile(CPreferredProfile& profile, ULONG store);
+  LONG GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, ULONG flags);
 
  private:
   alignas(16) unsigned char storage_[kTolvaStorage];

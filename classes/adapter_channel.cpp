@@ -2,51 +2,54 @@
 
 #include "classes/record_class.h"
 #include "classes/record_fields.h"
-#include "platform/text.h"
+#include "classes/updated_adapter.h"
 
 namespace wifi {
 namespace {
 
+namespace codes = adapterapi::codes;
 using adapterapi::IbssPreferencesRecord;
 
-// Channel numbers by bit.
-constexpr int k5GhzChannels[] = {34,  36,  38,  40,  42,  44,  46,  48,  52,  56,
-                                 60,  64,  100, 104, 108, 112, 116, 120, 124, 128,
-                                 132, 136, 140, 149, 153, 157, 161, 165};
-constexpr int k2GhzChannels[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14};
-
-/// The channels of a bit set, each followed by ", ", the last one too. Bits beyond the table have
-/// no channel.
+/// The channels of a bit set, each followed by ", ", the last one too.
 template <auto Member, const auto& Channels>
 platform::Variant ChannelList(const IbssPreferencesRecord& record) {
-  std::string text;
-  std::uint32_t bits = NumberOf<Member>(record);
-  for (const int channel : Channels) {
-    if ((bits & 1) != 0) text += FormatText("%d, ", channel);
-    bits >>= 1;
-  }
-  return platform::Variant::AnsiText(text);
+  return platform::Variant::AnsiText(TextOfAllBits(Channels, NumberOf<Member>(record)));
 }
 
 constexpr FieldRow<IbssPreferencesRecord> kFields[] = {
     {OLESTR("ChannelA"), Number<&IbssPreferencesRecord::channelA>},
     {OLESTR("ChannelA_Default"), Number<&IbssPreferencesRecord::channelADefault>},
     {OLESTR("ChannelA_Options"),
-     ChannelList<&IbssPreferencesRecord::channelAOptions, k5GhzChannels>},
+     ChannelList<&IbssPreferencesRecord::channelAOptions, codes::k5GhzChannels>},
     {OLESTR("ChannelB"), Number<&IbssPreferencesRecord::channelB>},
     {OLESTR("ChannelB_Default"), Number<&IbssPreferencesRecord::channelBDefault>},
     {OLESTR("ChannelB_Options"),
-     ChannelList<&IbssPreferencesRecord::channelBOptions, k2GhzChannels>},
+     ChannelList<&IbssPreferencesRecord::channelBOptions, codes::k2GhzChannels>},
 };
 
 HRESULT PutChannels(IWbemClassObject* instance, const IbssPreferencesRecord& record) {
   PropertyWriter writer(instance, PutRule::kGoOn);
   for (const auto& [property, value] : kFields) {
     if (FAILED(writer.Put(property, value(record)))) {
-      TraceMessage("FillAdapterChannles:AddProperty " + platform::AnsiText(property) + " failed!");
+      platform::ShortText<64> line;
+      line.Add("FillAdapterChannles:AddProperty ").Ascii(property).Add(" failed!");
+      TraceMessage(line.c_str());
     }
   }
   return writer.result();
+}
+
+HRESULT ReadNumber(IWbemClassObject* instance, const OLECHAR* property, std::uint32_t& number) {
+  platform::Variant value;
+  HRESULT result = GetPropertyValue(*instance, property, value);
+  if (SUCCEEDED(result)) result = value.ChangeType(VT_I4);
+  if (SUCCEEDED(result)) number = static_cast<std::uint32_t>(value.get().lVal);
+  return result;
+}
+
+HRESULT Refused(const char* line) {
+  TraceMessage(line);
+  return WBEM_E_PROVIDER_FAILURE;
 }
 
 }  // namespace
@@ -66,6 +69,28 @@ HRESULT FillAdapterChannel(ProviderState& state, IWbemClassObject* instance, Ada
   if (result == 0) result = PutChannels(instance, record);
   if (SUCCEEDED(result)) TraceMessage("Getting channel inof successded!");
   return result;
+}
+
+HRESULT UpdateAdapterChannel(ProviderState& state, IWbemClassObject* instance,
+                             AdapterEntry& entry) {
+  const HRESULT named = IsUpdateOf(instance, kSettingId, entry);
+  if (named != S_OK) return FAILED(named) ? named : S_OK;
+
+  std::uint32_t channelA = 0;
+  std::uint32_t channelB = 0;
+  const bool writesChannelA = SUCCEEDED(ReadNumber(instance, OLESTR("ChannelA"), channelA));
+  if (FAILED(ReadNumber(instance, OLESTR("ChannelB"), channelB))) {
+    return Refused("UpdateAdapterChannel: failed to change channel type!");
+  }
+  adapterapi::IbssPreferencesRecord record = {};
+  if (state.api.GetChannelInfo(entry.number, &record) < 0) {
+    return Refused("UpdateAdapterChannel:GetIbssPreferences() failed!");
+  }
+  // A ChannelA that cannot be read is no wish for channel 0: the library's own stays.
+  if (writesChannelA) record.channelA = channelA;
+  record.channelB = channelB;
+  const adapterapi::ApiStatus status = state.api.SetIbssPreferences(entry.number, &record);
+  return status < 0 ? Refused("UpdateAdapterChannel:SetIbssPreferences() failed!") : status;
 }
 
 }  // namespace wifi

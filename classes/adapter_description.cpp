@@ -6,19 +6,13 @@
 namespace wifi {
 namespace {
 
+namespace codes = adapterapi::codes;
 namespace operation = adapterapi::operation;
 using adapterapi::ConfigInfoRecord;
 using adapterapi::DeviceInfoRecord;
 using adapterapi::FeaturesRecord;
 using adapterapi::VersionInfoRecord;
 using platform::Variant;
-
-constexpr CodeText kCardTypes[] = {
-    {1, "Cardbus"},        {2, "PCI"},     {4, "MiniPCI"}, {8, "Embedded USB"}, {16, "Dongle USB"},
-    {32, "Compact Flash"}, {64, "PCMCIA"},
-};
-
-constexpr CodeText kAddressingModes[] = {{1, "Memory"}, {2, "I/O"}};
 
 constexpr FieldRow<DeviceInfoRecord> kDeviceFields[] = {
     {OLESTR("VendorID"), Hex4<&DeviceInfoRecord::vendorId>},
@@ -28,7 +22,7 @@ constexpr FieldRow<DeviceInfoRecord> kDeviceFields[] = {
     // Alone of the ids in decimal.
     {OLESTR("RevisionID"), Decimal<&DeviceInfoRecord::revisionId>},
     {OLESTR("HardwareID"), Hex4<&DeviceInfoRecord::hardwareId>},
-    {OLESTR("CardType"), Code<&DeviceInfoRecord::cardType, kCardTypes>},
+    {OLESTR("CardType"), Code<&DeviceInfoRecord::cardType, codes::kCardTypes>},
 };
 
 constexpr FieldRow<ConfigInfoRecord> kConfigFields[] = {
@@ -41,7 +35,7 @@ constexpr FieldRow<ConfigInfoRecord> kConfigFields[] = {
     {OLESTR("AttriuteMemorySize"), Decimal<&ConfigInfoRecord::attributeMemorySize>},
     {OLESTR("ControllerIOAddress"), Hex8<&ConfigInfoRecord::controllerIoAddress>},
     {OLESTR("PacketFilterMask"), Hex8<&ConfigInfoRecord::packetFilterMask>},
-    {OLESTR("AddressingMode"), Code<&ConfigInfoRecord::addressingMode, kAddressingModes>},
+    {OLESTR("AddressingMode"), Code<&ConfigInfoRecord::addressingMode, codes::kAddressingModes>},
 };
 
 constexpr FieldRow<VersionInfoRecord> kVersionFields[] = {

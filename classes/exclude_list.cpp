@@ -1,9 +1,9 @@
 #include "classes/exclude_list.h"
 
 #include "adapterapi/bounded_text.h"
+#include "adapterapi/mac_text.h"
 #include "classes/list_class.h"
 #include "classes/network_entry.h"
-#include "provider/core/format.h"
 
 namespace wifi {
 namespace {
@@ -36,8 +36,8 @@ HRESULT FillExcludeEntry(IWbemClassObject* instance, const AdapterEntry& adapter
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
   PutAdapterTexts(writer, adapter);
   writer.PutAnsi(kNetworkName, adapterapi::BoundedText(&entry, kShownNameRoom));
-  const std::string macAddress = MacText(entry.macAddress);
-  TraceMessage(macAddress);
+  const auto macAddress = adapterapi::MacText(entry.macAddress);
+  TraceMessage(macAddress.c_str());
   writer.PutAnsi(OLESTR("MacAddress"), macAddress);
   writer.PutNumber(OLESTR("Reason"), Reason(entry.reasonBits));
   return writer.result();
@@ -49,13 +49,14 @@ bool HasNetworkName(const ExcludeEntryRecord& entry, const ParsedPath& path) {
 }
 
 constexpr ListClass<ExcludeEntryRecord> kExcludeList = {
-    OLESTR("WiFi_NetworkExcludeList"),
-    adapterapi::operation::GetExcludeList,
-    "Getting exclude list for WiFi_NetworkExcludeList",
-    "Getting network information for WiFi_NetworkExcludeList",
-    "Done Getting network information for WiFi_NetworkExcludeList",
-    FillExcludeEntry,
-    HasNetworkName};
+    .name = OLESTR("WiFi_NetworkExcludeList"),
+    .getter = adapterapi::operation::GetExcludeList,
+    .enumerateLine = "Getting exclude list for WiFi_NetworkExcludeList",
+    .getLine = "Getting network information for WiFi_NetworkExcludeList",
+    .doneLine = "Done Getting network information for WiFi_NetworkExcludeList",
+    .fill = FillExcludeEntry,
+    .matches = HasNetworkName,
+};
 
 }  // namespace
 

@@ -4,29 +4,25 @@
 #include <cstdint>
 
 #include "adapterapi/operations.h"
+#include "platform/foreign_memory.h"
 #include "provider/core/instance.h"
 #include "provider/core/trace.h"
 
 namespace wifi {
 
+using platform::ListStep;
+
 template <class Entry>
 using ListGetter =
     adapterapi::Operation<adapterapi::AdapterNumber, const adapterapi::LibraryList<Entry>**>;
-
-/// The entry at `index`, none from the list's end on. Asks the list for its count at every call:
-/// it belongs to the library. A count of 0 or less, or no list at all, is an empty list.
-template <class Entry>
-const Entry* EntryAt(const adapterapi::LibraryList<Entry>* list, std::int32_t index) {
-  return list != nullptr && index < list->count ? list->entries + index : nullptr;
-}
 
 template <class Entry>
 struct ListClass {
   const OLECHAR* name;
   const ListGetter<Entry>& getter;
-  const char* enumerateLine;  ///< traced before the call for an enumeration
-  const char* getLine;        ///< traced before the call for a get by key
-  const char* doneLine;       ///< traced after a call that succeeded; may be none
+  const char* enumerateLine;       ///< traced before the call for an enumeration
+  const char* getLine;             ///< traced before the call for a get by key
+  const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be none
   HRESULT (*fill)(IWbemClassObject*, const AdapterEntry&, const Entry&);
   /// Whether the path's second key names the entry.
   bool (*matches)(const Entry&, const ParsedPath&);
@@ -53,18 +49,21 @@ HRESULT DeliverEntry(const ProviderState& state, const Delivery& delivery,
 }
 
 /// Indicates an instance for each entry of every adapter's list. A failing entry does not stop the
-/// ones after it; an adapter whose last entry fails, or whose list is empty or refused
-/// (WBEM_E_NOT_FOUND), ends the enumeration.
+/// ones after it; an adapter whose last entry fails, or whose list is empty, refused or not to be
+/// read to its end (WBEM_E_NOT_FOUND), ends the enumeration.
 template <class Entry>
 HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
                        const ListClass<Entry>& shown) {
   return VisitAdapters(state, [&](AdapterEntry& adapter) {
     const auto* list = ReadList(state, adapter, shown, shown.enumerateLine);
     HRESULT result = WBEM_E_NOT_FOUND;
-    for (std::int32_t index = 0; const Entry* entry = EntryAt(list, index); ++index) {
-      result = DeliverEntry(state, delivery, shown, adapter, *entry);
+    Entry entry;
+    ListStep step = ListStep::kEntry;
+    for (std::int32_t index = 0;
+         (step = platform::ReadListEntry(list, index, entry)) == ListStep::kEntry; ++index) {
+      result = DeliverEntry(state, delivery, shown, adapter, entry);
     }
-    return result;
+    return step == ListStep::kEnd ? result : WBEM_E_NOT_FOUND;
   });
 }
 
@@ -75,8 +74,10 @@ HRESULT GetListEntry(ProviderState& state, const Delivery& delivery, const Parse
   const AdapterEntry* adapter = FindAdapterByPath(state, path, kSettingId);
   if (adapter == nullptr) return WBEM_E_NOT_FOUND;
   const auto* list = ReadList(state, *adapter, shown, shown.getLine);
-  for (std::int32_t index = 0; const Entry* entry = EntryAt(list, index); ++index) {
-    if (shown.matches(*entry, path)) return DeliverEntry(state, delivery, shown, *adapter, *entry);
+  Entry entry;
+  for (std::int32_t index = 0; platform::ReadListEntry(list, index, entry) == ListStep::kEntry;
+       ++index) {
+    if (shown.matches(entry, path)) return DeliverEntry(state, delivery, shown, *adapter, entry);
   }
   return WBEM_E_NOT_FOUND;
 }

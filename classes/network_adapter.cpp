@@ -6,48 +6,22 @@
 #include "adapterapi/bounded_text.h"
 #include "adapterapi/profile_record.h"
 #include "classes/os_gate.h"
-#include "platform/text.h"
+#include "platform/short_text.h"
 #include "provider/core/code_table.h"
-#include "provider/core/format.h"
 #include "provider/core/guarded_call.h"
 #include "provider/core/instance.h"
 
 namespace wifi {
 namespace {
 
+namespace codes = adapterapi::codes;
 namespace operation = adapterapi::operation;
 using adapterapi::AdapterNumber;
 using adapterapi::Operation;
+using platform::ShortText;
 using platform::Variant;
 
-constexpr CodeText kAdapterTypes[] = {
-    // 5 to 7 have no text.
-    {1, "Peldra1"}, {2, "Peldra2 bg"}, {3, "Peldra2 abg"}, {4, "Vorny"}, {8, "Tusko"},
-};
-
-constexpr CodeText kBands[] = {{1, "802.11a"}, {2, "802.11b"}, {3, "802.11g"}};
-
-constexpr CodeText kAssociationStatuses[] = {
-    {1, "Associated"}, {2, "NotAssociated"}, {3, "Ibss Created"}, {4, "Ibss Joined"}, {5, "Roamed"},
-};
-
-constexpr CodeText kAuthenticationStatuses[] = {
-    {1, "Disconnected"},
-    {2, "Authenticating"},
-    {3, "Failed authentication"},
-    {4, "Authenticated"},
-};
-
-// In Mbit/s; bit 8 has no rate.
-constexpr CodeText kRates[] = {
-    {1u << 0, "1, "},  {1u << 1, "2, "},   {1u << 2, "5.5, "}, {1u << 3, "6, "},
-    {1u << 4, "9, "},  {1u << 5, "11, "},  {1u << 6, "12, "},  {1u << 7, "18, "},
-    {1u << 9, "24, "}, {1u << 10, "36, "}, {1u << 11, "48, "}, {1u << 12, "54, "},
-};
-
-constexpr const char* kUnknown = "<Unknown>";
 constexpr const char* kNoCcxVersion = "0.0.0";
-constexpr std::uint32_t kDisableRfControlSetting = 426;
 
 struct Filling {
   ProviderState& state;
@@ -76,7 +50,7 @@ Reading<Value> Read(const Filling& filling, const Operation<AdapterNumber, Value
 using Slot = std::uint32_t LastKnownValues::*;
 
 void Remember(const Filling& filling, Slot slot, std::uint32_t value) {
-  if (slot != nullptr) filling.state.lastKnown.*slot = value;
+  if (slot != nullptr) filling.state.memory.lastKnown.*slot = value;
 }
 
 /// A flag whose status is not looked at.
@@ -90,8 +64,8 @@ HRESULT PutFlag(const Filling& filling, const OLECHAR* property) {
 /// A code as a text; its status is not looked at.
 template <const auto& Getter, const auto& Texts>
 HRESULT PutCode(const Filling& filling, const OLECHAR* property) {
-  return filling.Put(property,
-                     Variant::AnsiText(TextOfCode(Texts, Read(filling, Getter).value, kUnknown)));
+  return filling.Put(property, Variant::AnsiText(TextOfCode(Texts, Read(filling, Getter).value,
+                                                            kBracketedUnknown)));
 }
 
 /// A number that is 0 when the status is not.
@@ -106,14 +80,14 @@ HRESULT PutPreference(const Filling& filling, const OLECHAR* property) {
 /// A signed number as text; its status is not looked at.
 template <const auto& Getter>
 HRESULT PutSigned(const Filling& filling, const OLECHAR* property) {
-  const long value = Read(filling, Getter).value;
-  return filling.Put(property, Variant::AnsiText(FormatText("%ld", value)));
+  return filling.Put(property,
+                     Variant::AnsiText(ShortText<16>().Decimal(Read(filling, Getter).value)));
 }
 
 HRESULT PutSupportedRates(const Filling& filling, const OLECHAR* property) {
   const auto rates = Read(filling, operation::GetSupportedRates);
-  return filling.Put(property,
-                     Variant::AnsiText(TextOfAllBits(kRates, rates.succeeded ? rates.value : 0)));
+  return filling.Put(
+      property, Variant::AnsiText(TextOfAllBits(codes::kRates, rates.succeeded ? rates.value : 0)));
 }
 
 HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
@@ -127,19 +101,22 @@ HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
 
 HRESULT PutAuthenticationStatus(const Filling& filling, const OLECHAR* property) {
   const auto status = Read(filling, operation::GetAuthenticationStatus);
-  return filling.Put(property,
-                     Variant::AnsiText(TextOfCode(kAuthenticationStatuses,
-                                                  status.succeeded ? status.value : 0, kUnknown)));
+  return filling.Put(property, Variant::AnsiText(TextOfCode(codes::kAuthenticationStatuses,
+                                                            status.succeeded ? status.value : 0,
+                                                            kBracketedUnknown)));
 }
 
 HRESULT PutCcxVersion(const Filling& filling, const OLECHAR* property) {
   adapterapi::CcxVersionRecord version = {};
   const GuardedResult result =
       GuardedCall(filling.state.api, operation::GetCcxVersion, filling.entry.number, version);
-  return filling.Put(property, Variant::AnsiText(result.raised || result.status < 0
-                                                     ? std::string(kNoCcxVersion)
-                                                     : FormatText("%d.%d.%d", version.major,
-                                                                  version.minor, version.build)));
+  ShortText<16> text;
+  if (result.raised || result.status < 0) {
+    text.Add(kNoCcxVersion);
+  } else {
+    text.Decimal(version.major).Add(".").Decimal(version.minor).Add(".").Decimal(version.build);
+  }
+  return filling.Put(property, Variant::AnsiText(text));
 }
 
 /// The levels in milliwatts: "10.0, 100.0 mW".
@@ -147,7 +124,8 @@ std::string PowerLevelsText(const adapterapi::CcxPowerLevelsRecord& record) {
   std::string text;
   const std::uint32_t count = std::min(record.count, record.kRoom);
   for (std::uint32_t index = 0; index < count; ++index) {
-    text += FormatText("%.1f, ", std::pow(10.0, record.levels[index] / 10.0));
+    constexpr std::size_t kLongest = 320;  // the largest double has 309 digits before the point
+    text += ShortText<kLongest>().Tenths(std::pow(10.0, record.levels[index] / 10.0)).Add(", ");
   }
   text.erase(text.find_last_not_of(", ") + 1);
   return text + " mW";
@@ -157,9 +135,10 @@ HRESULT PutCcxPowerLevels(const Filling& filling, const OLECHAR* property) {
   adapterapi::CcxPowerLevelsRecord record = {};
   const GuardedResult result =
       GuardedCall(filling.state.api, operation::GetCcxPowerLevels, filling.entry.number, record);
-  return filling.Put(
-      property, Variant::AnsiText(result.raised || result.status < 0 ? std::string(kNoCcxVersion)
-                                                                     : PowerLevelsText(record)));
+  const bool failed = result.raised || result.status < 0;
+  return filling.Put(property, Variant::OrOutOfMemory([&] {
+                       return Variant::AnsiText(failed ? kNoCcxVersion : PowerLevelsText(record));
+                     }));
 }
 
 HRESULT PutLastAppliedProfile(const Filling& filling, const OLECHAR* property) {
@@ -189,14 +168,15 @@ struct Row {
 // In the order in which they are filled, which clients see.
 constexpr Row kRows[] = {
     {OLESTR("WiFiAdapterType"), "Getting adapter type for WiFi_NetworkAdapter",
-     PutCode<operation::GetAdapterType, kAdapterTypes>},
-    {OLESTR("Band"), "Getting band for WiFi_NetworkAdapter", PutCode<operation::GetBand, kBands>},
+     PutCode<operation::GetAdapterType, codes::kAdapterTypes>},
+    {OLESTR("Band"), "Getting band for WiFi_NetworkAdapter",
+     PutCode<operation::GetBand, codes::kBands>},
     {OLESTR("RadioState"), "Getting radio state for WiFi_NetworkAdapter",
      PutFlag<operation::GetRadioState, &LastKnownValues::radioState>},
     {OLESTR("RegistrationState"), "Getting registration state for WiFi_NetworkAdapter",
      PutFlag<operation::GetRegistrationState>, true},
     {OLESTR("AssociationStatus"), "Getting association information for WiFi_NetworkAdapter",
-     PutCode<operation::GetAssociationStatus, kAssociationStatuses>},
+     PutCode<operation::GetAssociationStatus, codes::kAssociationStatuses>},
     {OLESTR("ReadyForProfileState"), "Getting ready for profile state for WiFi_NetworkAdapter",
      PutFlag<operation::GetReadyForProfileState, &LastKnownValues::readyForProfileState>, true},
     {OLESTR("IBSSTxPower"), "Getting IBSS Tx Power for WiFi_NetworkAdapter",
@@ -237,7 +217,7 @@ HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
   TraceMessage("Getting DisableRfControl for WiFi_NetworkAdapter");
   std::uint32_t flag = 0;
   const adapterapi::ApiStatus status =
-      filling.state.api.GetSettingValue(kDisableRfControlSetting, &flag);
+      filling.state.api.GetSettingValue(adapterapi::setting::kDisableRfControl, &flag);
   Remember(filling, &LastKnownValues::disableRfControl, flag);
   if (status == 0) return filling.Put(OLESTR("DisableRfControl"), Variant::Boolean(flag != 0));
   TraceMessage("FillAdapter: Failed to Get DisableRfControl");
@@ -249,7 +229,7 @@ HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
 HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
   const Filling filling{state, instance, entry};
   TraceMessage("Filling adapter information for WiFi_NetworkAdapter");
-  TraceMessage(platform::AnsiText(entry.deviceId.c_str()));
+  TraceMessage(entry.key);
   HRESULT result = filling.Put(OLESTR("DeviceID"), Variant::Text(entry.deviceId));
   for (const Row& row : kRows) {
     if (FAILED(result)) return result;

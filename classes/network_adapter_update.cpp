@@ -1,8 +1,10 @@
 #include "classes/network_adapter_update.h"
 
+#include "adapterapi/codes.h"
 #include "classes/os_gate.h"
 #include "classes/updated_adapter.h"
 #include "provider/core/flag_value.h"
+#include "provider/core/instance.h"
 #include "provider/core/trace.h"
 
 namespace wifi {
@@ -13,7 +15,6 @@ using adapterapi::AdapterNumber;
 using adapterapi::ApiStatus;
 using platform::Variant;
 
-constexpr std::uint32_t kDisableRfControlSetting = 426;
 constexpr std::uint16_t kRadioOn = 0xFFFF;
 
 using Slot = std::uint32_t LastKnownValues::*;
@@ -24,7 +25,7 @@ struct Updating {
   AdapterNumber adapter;
   HRESULT read;  ///< the success code with which the client's instance gave the value
 
-  std::uint32_t& lastKnown(Slot slot) const { return state.lastKnown.*slot; }
+  std::uint32_t& lastKnown(Slot slot) const { return state.memory.lastKnown.*slot; }
 };
 
 /// A number from 1 to `highest`; every other one is ignored.
@@ -126,7 +127,7 @@ HRESULT SetAdapterState(const Updating& updating, std::uint32_t flag, std::uint1
 
 HRESULT SetDisableRfControl(const Updating& updating, std::uint32_t flag, std::uint16_t,
                             std::uint32_t& lastKnown) {
-  if (updating.state.api.SetBoosSeteing(kDisableRfControlSetting, flag) != 0) {
+  if (updating.state.api.SetBoosSeteing(adapterapi::setting::kDisableRfControl, flag) != 0) {
     TraceMessage("UpdateAdapterProperty: SetBoosSeteing failed to set DisableRfControl!");
     return WBEM_E_PROVIDER_FAILURE;
   }
@@ -137,39 +138,67 @@ HRESULT SetDisableRfControl(const Updating& updating, std::uint32_t flag, std::u
 struct Row {
   const OLECHAR* property;
   const char* missing;
-  const char* failed;  ///< traced when `update` fails, which some never do; may be none
-  HRESULT (*update)(const Updating&, Variant&);
-  bool leftOutOnNt6 = false;
   const char* before = nullptr;
+  HRESULT (*update)(const Updating&, Variant&);
+  const char* failed = nullptr;  ///< traced when `update` fails, which some never do
+  bool leftOutOnNt6 = false;
 };
 
 // In the order in which they are applied; the last row's result is the update's.
 constexpr Row kRows[] = {
-    {OLESTR("RadioState"), "UpdateAdapter: failed to get RadioState property",
-     "UpdateAdapter: failed to update RadioState property",
-     UpdateFlag<&LastKnownValues::radioState, SetRadioState>},
-    {OLESTR("ReadyForProfileState"), "UpdateAdapter: failed to get ReadyForProfileStated property",
-     "UpdateAdapter: failed to update ReadyForProfileState property",
-     UpdateFlag<&LastKnownValues::readyForProfileState, SetReadyForProfileState>, true},
-    {OLESTR("IBSSTxPower"), "UpdateAdapter: failed to get IBSSTxPower from instance", nullptr,
-     UpdateNumber<kIbssTxPower>},
-    {OLESTR("PSPMode"), "UpdateAdapter: failed to get PSPMode from instance", nullptr,
-     UpdateNumber<kPspMode>},
-    {OLESTR("ProtocolPreference"), "UpdateAdapter: failed to get ProtocolPreference from instance",
-     nullptr, UpdateNumber<kProtocolPreference>},
-    {OLESTR("ConnectionPreference"),
-     "UpdateAdapter: failed to get ConnectionPreference from instance", nullptr,
-     UpdateNumber<kConnectionPreference>},
-    {OLESTR("XpZeroConfigEnabled"), "UpdateAdapter: failed to get XpZeroConfigEnabled property",
-     "UpdateAdapter: failed to update XpZeroConfigEnabled property",
-     UpdateFlag<&LastKnownValues::xpZeroConfigEnabled, SetXpZeroConfig>},
-    {OLESTR("AdapterState"), "UpdateAdapter: failed to get AdapterState property", nullptr,
-     UpdateFlag<&LastKnownValues::adapterState, SetAdapterState>, true,
-     "UpdateAdapter: Updating AdapterState..."},
-    // The line names another property than the one that is missing.
-    {OLESTR("DisableRfControl"), "UpdateAdapter: failed to get ReadyForProfileStated property",
-     "UpdateAdapter: failed to update DisableRfControl property",
-     UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>},
+    {
+        .property = OLESTR("RadioState"),
+        .missing = "UpdateAdapter: failed to get RadioState property",
+        .update = UpdateFlag<&LastKnownValues::radioState, SetRadioState>,
+        .failed = "UpdateAdapter: failed to update RadioState property",
+    },
+    {
+        .property = OLESTR("ReadyForProfileState"),
+        .missing = "UpdateAdapter: failed to get ReadyForProfileStated property",
+        .update = UpdateFlag<&LastKnownValues::readyForProfileState, SetReadyForProfileState>,
+        .failed = "UpdateAdapter: failed to update ReadyForProfileState property",
+        .leftOutOnNt6 = true,
+    },
+    {
+        .property = OLESTR("IBSSTxPower"),
+        .missing = "UpdateAdapter: failed to get IBSSTxPower from instance",
+        .update = UpdateNumber<kIbssTxPower>,
+    },
+    {
+        .property = OLESTR("PSPMode"),
+        .missing = "UpdateAdapter: failed to get PSPMode from instance",
+        .update = UpdateNumber<kPspMode>,
+    },
+    {
+        .property = OLESTR("ProtocolPreference"),
+        .missing = "UpdateAdapter: failed to get ProtocolPreference from instance",
+        .update = UpdateNumber<kProtocolPreference>,
+    },
+    {
+        .property = OLESTR("ConnectionPreference"),
+        .missing = "UpdateAdapter: failed to get ConnectionPreference from instance",
+        .update = UpdateNumber<kConnectionPreference>,
+    },
+    {
+        .property = OLESTR("XpZeroConfigEnabled"),
+        .missing = "UpdateAdapter: failed to get XpZeroConfigEnabled property",
+        .update = UpdateFlag<&LastKnownValues::xpZeroConfigEnabled, SetXpZeroConfig>,
+        .failed = "UpdateAdapter: failed to update XpZeroConfigEnabled property",
+    },
+    {
+        .property = OLESTR("AdapterState"),
+        .missing = "UpdateAdapter: failed to get AdapterState property",
+        .before = "UpdateAdapter: Updating AdapterState...",
+        .update = UpdateFlag<&LastKnownValues::adapterState, SetAdapterState>,
+        .leftOutOnNt6 = true,
+    },
+    {
+        .property = OLESTR("DisableRfControl"),
+        // Names another property than the one that is missing.
+        .missing = "UpdateAdapter: failed to get ReadyForProfileStated property",
+        .update = UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>,
+        .failed = "UpdateAdapter: failed to update DisableRfControl property",
+    },
 };
 
 }  // namespace
@@ -181,7 +210,7 @@ HRESULT UpdateNetworkAdapter(ProviderState& state, IWbemClassObject* instance,
   for (const Row& row : kRows) {
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;
     Variant value;
-    const HRESULT read = instance->Get(row.property, 0, value.put(), nullptr, nullptr);
+    const HRESULT read = GetPropertyValue(*instance, row.property, value);
     if (FAILED(read)) {
       TraceMessage(row.missing);
       return WBEM_E_PROVIDER_FAILURE;

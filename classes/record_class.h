@@ -9,9 +9,9 @@ namespace wifi {
 template <class Record>
 using RecordGetter = adapterapi::Operation<adapterapi::AdapterNumber, Record*>;
 
-/// Puts the key without a fence.
+/// Puts the key: what the instance throws ends the request.
 inline HRESULT PutSettingId(IWbemClassObject* instance, const AdapterEntry& entry) {
-  return PutDirectly(instance, kSettingId, platform::Variant::Text(entry.deviceId));
+  return PutDirectly(instance, kSettingId, platform::Variant::Text(entry.deviceId).get());
 }
 
 /// Traces `line` and has the library fill the cleared `record` behind a guard. Answers with the
@@ -33,7 +33,7 @@ struct RecordClass {
   const char* enumerateLine;  ///< traced before the call for an enumeration
   const char* getLine;        ///< traced before the call for a get by key
   HRESULT (*fill)(ProviderState&, IWbemClassObject*, const AdapterEntry&, const Record&);
-  bool successIsZero;  ///< a success code of the sink counts as 0 and ends no enumeration
+  bool successIsZero = false;  ///< a success code of the sink counts as 0 and ends no enumeration
 };
 
 /// Indicates the adapter's instance; WBEM_E_NOT_FOUND when the library has no record for it.

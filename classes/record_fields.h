@@ -8,8 +8,8 @@
 #include <type_traits>
 
 #include "adapterapi/bounded_text.h"
+#include "adapterapi/mac_text.h"
 #include "provider/core/code_table.h"
-#include "provider/core/format.h"
 #include "provider/core/property_writer.h"
 
 namespace wifi {
@@ -60,7 +60,7 @@ platform::Variant Number(const RecordOf<Member>& record) {
 }
 
 inline platform::Variant DecimalText(std::int32_t number) {
-  return platform::Variant::AnsiText(FormatText("%d", number));
+  return platform::Variant::AnsiText(platform::ShortText<16>().Decimal(number));
 }
 
 /// Decimal text; a number of 32 bits counts as signed.
@@ -72,19 +72,20 @@ platform::Variant Decimal(const RecordOf<Member>& record) {
 /// Upper-case hexadecimal text of four digits.
 template <auto Member>
 platform::Variant Hex4(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(FormatText("%04X", unsigned{NumberOf<Member>(record)}));
+  return platform::Variant::AnsiText(platform::ShortText<8>().Hex(NumberOf<Member>(record), 4));
 }
 
 /// Upper-case hexadecimal text of eight digits.
 template <auto Member>
 platform::Variant Hex8(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(FormatText("%08X", unsigned{NumberOf<Member>(record)}));
+  return platform::Variant::AnsiText(platform::ShortText<8>().Hex(NumberOf<Member>(record), 8));
 }
 
 /// Decimal text with the unit dBm.
 template <auto Member>
 platform::Variant Dbm(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(FormatText("%d dBm", int{NumberOf<Member>(record)}));
+  return platform::Variant::AnsiText(
+      platform::ShortText<16>().Decimal(NumberOf<Member>(record)).Add(" dBm"));
 }
 
 /// The narrow text of a member, which may fill it without a terminator.
@@ -95,11 +96,8 @@ platform::Variant Text(const RecordOf<Member>& record) {
 
 template <auto Member>
 platform::Variant Mac(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(MacText(record.*Member));
+  return platform::Variant::AnsiText(adapterapi::MacText(record.*Member));
 }
-
-/// The word for a code or a bit that a table lacks, in most classes.
-inline constexpr char kUnknown[] = "Unknown";
 
 template <auto Member, const auto& Texts, const auto& Unknown = kUnknown>
 platform::Variant Code(const RecordOf<Member>& record) {

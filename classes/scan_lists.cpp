@@ -8,33 +8,18 @@
 namespace wifi {
 namespace {
 
+namespace codes = adapterapi::codes;
 namespace operation = adapterapi::operation;
 using adapterapi::ScanListEntry;
 using platform::Variant;
 
 constexpr const OLECHAR* kMacAddress = OLESTR("MacAddress");
 
-constexpr CodeText kBands[] = {{1, "802.11a"}, {2, "802.11b"}, {3, "802.11g"}};
-constexpr char kUnknownBand[] = "<Unknown>";
-
-constexpr CodeText kOpModes[] = {{1, "Infrastructure"}, {2, "Ad hoc"}};
-
-// The order of the rows of these two is their precedence: the strongest first.
-constexpr CodeText kCiphers[] = {
-    {0x10, "AES-CCMP"}, {0x04, "TKIP"},  {0x08, "Orvel Wrap"}, {0x40, "CKIP"},
-    {0x20, "WEP104"},   {0x02, "WEP40"}, {0x01, "None"},
-};
-constexpr CodeText kAuthentications[] = {
-    {0x20, "RSNA"}, {0x02, "WPA"},    {0x40, "PSK"},  {0x04, "WPA_PSK"},
-    {0x08, "Open"}, {0x10, "Shared"}, {0x01, "None"},
-};
-constexpr char kNoneKnown[] = "UnKnown";  // with the capital in the middle
-
 constexpr FieldRow<ScanListEntry> kCommonFields[] = {
     {OLESTR("NetworkName"), Text<&ScanListEntry::ssid>},
     {kMacAddress, Mac<&ScanListEntry::macAddress>},
-    {OLESTR("Band"), Code<&ScanListEntry::band, kBands, kUnknownBand>},
-    {OLESTR("OperationMode"), Code<&ScanListEntry::opMode, kOpModes>},
+    {OLESTR("Band"), Code<&ScanListEntry::band, codes::kBands, kBracketedUnknown>},
+    {OLESTR("OperationMode"), Code<&ScanListEntry::opMode, codes::kOpModes>},
     {OLESTR("RSSI"), Decimal<&ScanListEntry::rssi>},
     {OLESTR("Encrypted"), Number<&ScanListEntry::encrypted>},
 };
@@ -47,10 +32,11 @@ Variant ChannelByte(const ScanListEntry& entry) {
 constexpr FieldRow<ScanListEntry> kCachedFields[] = {
     {OLESTR("ChannelID"), ChannelByte},
     {OLESTR("Stealth"), Number<&ScanListEntry::stealth>},
-    {OLESTR("UnicastEncryptionLevel"), FirstBit<&ScanListEntry::unicastBits, kCiphers, kNoneKnown>},
+    {OLESTR("UnicastEncryptionLevel"),
+     FirstBit<&ScanListEntry::unicastBits, codes::kCiphers, kUnKnown>},
     {OLESTR("MulticastEncryptionLevel"),
-     FirstBit<&ScanListEntry::multicastBits, kCiphers, kNoneKnown>},
-    {OLESTR("AuthLevel"), FirstBit<&ScanListEntry::authBits, kAuthentications, kNoneKnown>},
+     FirstBit<&ScanListEntry::multicastBits, codes::kCiphers, kUnKnown>},
+    {OLESTR("AuthLevel"), FirstBit<&ScanListEntry::authBits, codes::kAuthentications, kUnKnown>},
 };
 
 constexpr FieldRow<ScanListEntry> kAvailableFields[] = {
@@ -69,28 +55,30 @@ HRESULT Fill(IWbemClassObject* instance, const AdapterEntry& adapter, const Scan
 
 /// Letter case counts: a key in lower case names no network.
 bool HasMacAddress(const ScanListEntry& entry, const ParsedPath& path) {
-  const Variant key = Variant::CopyOf(GetPathKeyValue(path, kMacAddress));
-  return platform::WideText(MacText(entry.macAddress)) == platform::ViewOf(key.text());
+  return platform::EqualsAscii(TextOf(GetPathKeyValue(path, kMacAddress)),
+                               adapterapi::MacText(entry.macAddress));
 }
 
 constexpr char kCachedLine[] = "Getting network information for WiFi_AdapterCachedScanList";
 // There is no class of this name.
 constexpr char kAvailableLine[] = "Getting network information for WiFi_AdapterNetwork";
 
-constexpr ListClass<ScanListEntry> kCachedScanList = {OLESTR("WiFi_AdapterCachedScanList"),
-                                                      operation::GetCachedScanList,
-                                                      kCachedLine,
-                                                      kCachedLine,
-                                                      nullptr,
-                                                      Fill<kCachedFields>,
-                                                      HasMacAddress};
-constexpr ListClass<ScanListEntry> kAvailableNetworks = {OLESTR("WiFi_AvailableNetwork"),
-                                                         operation::GetAvailableNetworks,
-                                                         kAvailableLine,
-                                                         kAvailableLine,
-                                                         nullptr,
-                                                         Fill<kAvailableFields>,
-                                                         HasMacAddress};
+constexpr ListClass<ScanListEntry> kCachedScanList = {
+    .name = OLESTR("WiFi_AdapterCachedScanList"),
+    .getter = operation::GetCachedScanList,
+    .enumerateLine = kCachedLine,
+    .getLine = kCachedLine,
+    .fill = Fill<kCachedFields>,
+    .matches = HasMacAddress,
+};
+constexpr ListClass<ScanListEntry> kAvailableNetworks = {
+    .name = OLESTR("WiFi_AvailableNetwork"),
+    .getter = operation::GetAvailableNetworks,
+    .enumerateLine = kAvailableLine,
+    .getLine = kAvailableLine,
+    .fill = Fill<kAvailableFields>,
+    .matches = HasMacAddress,
+};
 
 }  // namespace
 

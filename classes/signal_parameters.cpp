@@ -8,12 +8,9 @@ namespace {
 
 using adapterapi::SignalParametersRecord;
 
-constexpr CodeText kQualities[] = {
-    {2, "Out of range"}, {3, "Poor"}, {4, "Fair"}, {5, "Good"}, {6, "Very Good"}, {7, "Excellent"},
-};
-
 constexpr FieldRow<SignalParametersRecord> kFields[] = {
-    {OLESTR("SignalQuality"), Code<&SignalParametersRecord::quality, kQualities>},
+    {OLESTR("SignalQuality"),
+     Code<&SignalParametersRecord::quality, adapterapi::codes::kSignalQualities>},
     {OLESTR("PercentMissedBeacons"), Number<&SignalParametersRecord::percentMissedBeacons>},
     {OLESTR("PercentTxRetries"), Number<&SignalParametersRecord::percentTxRetries>},
     {OLESTR("CrcErrors"), Number<&SignalParametersRecord::crcErrors>},

@@ -4,10 +4,9 @@
 #include <cstring>
 
 #include "classes/record_class.h"
-#include "platform/bstr.h"
+#include "platform/short_text.h"
 #include "platform/text.h"
 #include "provider/core/code_table.h"
-#include "provider/core/format.h"
 
 namespace wifi {
 namespace {
@@ -21,7 +20,7 @@ struct ArrayProperty {
   const char* deletingLine;  ///< the capitals of two of them are not those of the name
 };
 
-// In the order of ProviderState::statisticsArrays.
+// In the order of ProviderMemory::statisticsArrays.
 constexpr ArrayProperty kArrays[] = {
     {OLESTR("Rates"), "Deleting the Array Data for Rates"},
     {OLESTR("TxDirectPacketsRate"), "Deleting the Array Data for TxDirectPacketsrate"},
@@ -29,14 +28,14 @@ constexpr ArrayProperty kArrays[] = {
     {OLESTR("RxDirectPacketsRate"), "Deleting the Array Data for RxDirectpacketsRate"},
     {OLESTR("RxNonDirectPacketsRate"), "Deleting the Array Data for RxNonDirectPacketsRate"},
 };
-static_assert(std::size(kArrays) == std::tuple_size_v<decltype(ProviderState::statisticsArrays)>);
+static_assert(std::size(kArrays) == std::tuple_size_v<decltype(ProviderMemory::statisticsArrays)>);
 
 /// A new array in the property's slot, none for an unknown name or without memory. The slots own
 /// the arrays: the one before stays until the next fill, the one before that goes now.
 SAFEARRAY* NewArray(ProviderState& state, const OLECHAR* property) {
   for (std::size_t index = 0; index < std::size(kArrays); ++index) {
     if (kArrays[index].name != platform::ViewOf(property)) continue;
-    ArraySlots& slots = state.statisticsArrays[index];
+    ArraySlots& slots = state.memory.statisticsArrays[index];
     if (slots.previous) TraceMessage(kArrays[index].deletingLine);
     slots.previous = std::move(slots.current);
     SAFEARRAYBOUND bound = {static_cast<ULONG>(kRateCount), 0};
@@ -48,8 +47,8 @@ SAFEARRAY* NewArray(ProviderState& state, const OLECHAR* property) {
 
 HRESULT StoreTexts(SAFEARRAY* array, std::span<const std::int32_t, kRateCount> values) {
   for (LONG index = 0; index < static_cast<LONG>(kRateCount); ++index) {
-    const std::string text = FormatText("%d", values[static_cast<std::size_t>(index)]);
-    const platform::Bstr element(platform::WideText(text));
+    const platform::Bstr element = platform::AnsiBstr(
+        platform::ShortText<16>().Decimal(values[static_cast<std::size_t>(index)]));
     const HRESULT stored =
         element ? SafeArrayPutElement(array, &index, element.get()) : E_OUTOFMEMORY;
     if (FAILED(stored)) return stored;
@@ -63,18 +62,17 @@ void TraceStoreFailure(HRESULT code) {
       {static_cast<std::uint32_t>(E_OUTOFMEMORY), "Error is E_OUTOFMEMORY"},
       {static_cast<std::uint32_t>(E_INVALIDARG), "Error is E_INVALIDARG"},
   };
-  const std::string other = FormatText("Error is %d", static_cast<int>(code));
+  const auto other = platform::ShortText<24>().Add("Error is ").Decimal(code);
   TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other.c_str()));
 }
 
 /// Puts an array that stays its slot's.
 HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY* array) {
-  if (instance == nullptr) return E_FAIL;
   VARIANT borrowed;
   VariantInit(&borrowed);
   borrowed.vt = VT_ARRAY | VT_BSTR;
   borrowed.parray = array;
-  return instance->Put(property, 0, &borrowed, 0);
+  return PutDirectly(instance, property, borrowed);
 }
 
 struct Row {
@@ -112,7 +110,8 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
     if (row.perRate) {
       result = FillSafeArray(state, instance, row.property, values);
     } else {
-      PutDirectly(instance, row.property, Variant::AnsiText(FormatText("%d", values[0])));
+      PutDirectly(instance, row.property,
+                  Variant::AnsiText(platform::ShortText<16>().Decimal(values[0])).get());
     }
   }
   return result;
@@ -120,12 +119,12 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
 
 // Both lines speak of the exclude list.
 constexpr RecordClass<TxRxStatsRecord> kStatistics = {
-    OLESTR("WiFi_AdapterTxRxStats"),
-    adapterapi::operation::GetTxRxStats,
-    "Getting exclude list for WiFi_AdapterTxRxStats",
-    "Getting network information for WiFi_NetworkExcludeList",
-    FillStatistics,
-    false};
+    .name = OLESTR("WiFi_AdapterTxRxStats"),
+    .getter = adapterapi::operation::GetTxRxStats,
+    .enumerateLine = "Getting exclude list for WiFi_AdapterTxRxStats",
+    .getLine = "Getting network information for WiFi_NetworkExcludeList",
+    .fill = FillStatistics,
+};
 
 }  // namespace
 

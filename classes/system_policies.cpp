@@ -1,5 +1,6 @@
 #include "classes/system_policies.h"
 
+#include "adapterapi/codes.h"
 #include "provider/core/flag_value.h"
 #include "provider/core/property_writer.h"
 #include "provider/core/trace.h"
@@ -7,23 +8,22 @@
 namespace wifi {
 namespace {
 
+namespace setting = adapterapi::setting;
 using platform::Variant;
 
-constexpr std::uint32_t kAutoConnectPolicy = 201;
-constexpr std::uint32_t kSingleBssModeSetting = 406;
 constexpr LONG kHighestAutoConnect = 2;
 
 HRESULT FillSystemPolicies(ProviderState& state, IWbemClassObject* instance) {
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  writer.PutText(OLESTR("SettingID"), OLESTR("9B22596F-DFD9-4948-817C-43794FEA9472"));
+  writer.PutText(kSettingId, OLESTR("9B22596F-DFD9-4948-817C-43794FEA9472"));
   writer.PutText(OLESTR("Caption"), OLESTR("System Policies"));
   writer.PutText(OLESTR("Description"), OLESTR("System Policies"));
   std::uint32_t value = 0;
-  if (writer.open() && state.api.GetPolicyValue(kAutoConnectPolicy, &value) == 0) {
+  if (writer.open() && state.api.GetPolicyValue(setting::kAutoConnectPolicy, &value) == 0) {
     writer.PutNumber(OLESTR("AutoConnect"), value);
   }
   value = 0;
-  if (writer.open() && state.api.GetSettingValue(kSingleBssModeSetting, &value) == 0) {
+  if (writer.open() && state.api.GetSettingValue(setting::kSingleBssMode, &value) == 0) {
     writer.PutFlag(OLESTR("SingleBSSMode"), value);
   }
   return writer.result();
@@ -37,14 +37,14 @@ HRESULT Deliver(ProviderState& state, const Delivery& delivery) {
 
 void UpdateAutoConnect(ProviderState& state, IWbemClassObject* instance) {
   Variant value;
-  if (FAILED(instance->Get(OLESTR("AutoConnect"), 0, value.put(), nullptr, nullptr))) return;
+  if (FAILED(GetPropertyValue(*instance, OLESTR("AutoConnect"), value))) return;
   if (FAILED(value.ChangeType(VT_I4))) {
     TraceMessage("UpdatesysPolicies: failed to change type!");
     return;
   }
   const LONG number = value.get().lVal;
   if (number < 0 || number > kHighestAutoConnect) return;
-  state.api.SetPolicyValue(kAutoConnectPolicy, static_cast<std::uint32_t>(number));
+  state.api.SetPolicyValue(setting::kAutoConnectPolicy, static_cast<std::uint32_t>(number));
 }
 
 }  // namespace
@@ -61,12 +61,12 @@ HRESULT GetSystemPolicies(ProviderState& state, const Delivery& delivery, const 
 HRESULT UpdateSystemPolicies(ProviderState& state, IWbemClassObject* instance, AdapterEntry&) {
   UpdateAutoConnect(state, instance);
   Variant value;
-  const HRESULT result = instance->Get(OLESTR("SingleBSSMode"), 0, value.put(), nullptr, nullptr);
+  const HRESULT result = GetPropertyValue(*instance, OLESTR("SingleBSSMode"), value);
   if (FAILED(result)) return result;
   const auto bits = FlagBits(value.get());
   // An instance that was read while the library could not tell the mode holds none.
   if (!bits) return S_OK;
-  if (state.api.SetBoosSeteing(kSingleBssModeSetting, *bits != 0 ? 1 : 0) != 0) {
+  if (state.api.SetBoosSeteing(setting::kSingleBssMode, *bits != 0 ? 1 : 0) != 0) {
     TraceMessage("UpdatesysPolicies: SetBoosSeteing() failed!");
     return WBEM_E_PROVIDER_FAILURE;
   }

@@ -18,11 +18,12 @@ using platform::Variant;
 Variant JoinedTexts(const Tcpipv6ConfigRecord& record, std::size_t first, std::uint32_t count) {
   constexpr std::size_t kSlot = sizeof(record.ipAddresses[0]);
   static_assert(sizeof(record.gateways[0]) == kSlot);
-  std::string text;
+  constexpr std::size_t kMostSlots = sizeof(record) / kSlot + 1;  // the last one cut short
+  platform::ShortText<kMostSlots*(kSlot + 2)> text;
   for (std::size_t slot = first; count > 0 && slot < sizeof(record); slot += kSlot, --count) {
-    text += adapterapi::BoundedText(reinterpret_cast<const char*>(&record) + slot,
-                                    std::min(kSlot, sizeof(record) - slot));
-    text += "  ";
+    text.Add(adapterapi::BoundedText(reinterpret_cast<const char*>(&record) + slot,
+                                     std::min(kSlot, sizeof(record) - slot)));
+    text.Add("  ");
   }
   return Variant::AnsiText(text);
 }

@@ -1,12 +1,13 @@
 #include "classes/updated_adapter.h"
 
 #include "platform/text.h"
+#include "provider/core/instance.h"
 
 namespace wifi {
 
 HRESULT IsUpdateOf(IWbemClassObject* instance, const OLECHAR* keyName, const AdapterEntry& entry) {
   platform::Variant key;
-  const HRESULT result = instance->Get(keyName, 0, key.put(), nullptr, nullptr);
+  const HRESULT result = GetPropertyValue(*instance, keyName, key);
   if (FAILED(result) || key.text() == nullptr) return WBEM_E_INVALID_OBJECT;
   // As the adapter map compares: the ANSI texts, letter case counting.
   return platform::AnsiText(key.text()) == platform::AnsiText(entry.deviceId.c_str()) ? S_OK

@@ -3,7 +3,7 @@
 add_library(build_settings INTERFACE)
 target_include_directories(build_settings INTERFACE ${CMAKE_SOURCE_DIR})
 if(MSVC)
-  target_compile_options(build_settings INTERFACE /W4 /WX /EHsc)
+  target_compile_options(build_settings INTERFACE /W4 /WX /EHsc /utf-8)
 else()
   target_compile_options(build_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
@@ -12,11 +12,37 @@ else()
   endif()
 endif()
 
+# A compiler cache where one is installed; -DCMAKE_CXX_COMPILER_LAUNCHER= does without.
+if(NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+  find_program(CCACHE ccache)
+  if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  endif()
+endif()
+if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
+  # What it needs to keep results that used a precompiled header.
+  list(PREPEND CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+       CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  add_compile_options(-fpch-preprocess)
+endif()
+if(WIFI_FUZZ)
+  # A fuzzed library is compiled with options that its neighbours lack.
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+
 option(WIFI_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 if(WIFI_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(NOT WIN32 AND NOT (WIFI_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES Clang))
+  # A shared object names every library that it uses. Clang's sanitizers live in the program alone.
+  string(APPEND CMAKE_SHARED_LINKER_FLAGS " -Wl,-z,defs")
+  string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,-z,defs")
 endif()
 
 if(WIN32)

@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
-# Says which files clang-format would change, and how to mend them.
+# check_format.sh [--mend]: says which files clang-format would change, or changes them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 mkdir -p build
-mapfile -d '' files < <(git ls-files -z -- '*.cpp' '*.h')
-if ! clang-format --dry-run --Werror "${files[@]}" 2>build/format.log; then
-  grep -oE '^[^ :]+' build/format.log | sort -u | grep -E '\.(cpp|h)$' >&2 || true
-  echo "Mend with: git ls-files -z -- '*.cpp' '*.h' | xargs -0 clang-format -i" >&2
+# Also the files that git does not know yet; not those that are gone.
+files=()
+while read -r -d '' file; do
+  [ ! -f "$file" ] || files+=("$file")
+done < <(git ls-files -zco --exclude-standard --deduplicate -- '*.cpp' '*.h')
+if [ "${1:-}" = --mend ]; then
+  clang-format -i "${files[@]}"
+elif ! clang-format --dry-run --Werror "${files[@]}" 2>build/format.log; then
+  grep -oE '^[^ :]+' build/format.log | sort -u | grep -E '\.(cpp|h)$' >&2 || cat build/format.log >&2
+  echo "Mend with: ./test.sh --mend" >&2
   exit 1
 fi
 echo "${#files[@]} files are formatted"

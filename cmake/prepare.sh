@@ -4,8 +4,10 @@
 packages_of() {
   case "$1" in
     native) echo "g++ cmake ninja-build nlohmann-json3-dev libcli11-dev libgtest-dev libedit-dev" ;;
+    browser) echo "chromium" ;;
     windows) echo "g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 googletest cmake ninja-build
-                   nlohmann-json3-dev libcli11-dev zip unzip" ;;
+                   nlohmann-json3-dev libcli11-dev zip unzip clang wixl msitools
+                   osslsigncode openssl $(command -v npm >/dev/null || echo "nodejs npm")" ;;
     format) echo "clang-format git" ;;
   esac
 }
@@ -54,5 +56,12 @@ use_wine() {
   export WINEDEBUG=-all WINEPREFIX=$root/build/windows/wineprefix
   # No prompts for optional components.
   export WINEDLLOVERRIDES="mscoree,mshtml="
-  [ -f "$WINEPREFIX/system.reg" ] || wine wineboot -i >/dev/null 2>&1
+  [ -f "$WINEPREFIX/system.reg" ] && return
+  mkdir -p "$WINEPREFIX"  # Wine makes no folder above it
+  local log=$root/build/wineboot.log
+  if ! wine wineboot -i >"$log" 2>&1; then
+    cat "$log" >&2
+    echo "Wine could not make its prefix, $WINEPREFIX" >&2
+    return 1
+  fi
 }

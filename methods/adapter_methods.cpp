@@ -6,7 +6,6 @@
 
 namespace wifi {
 
-using platform::OleString;
 using platform::Variant;
 
 MethodResult RegisterProfileService(const MethodCall& call) {
@@ -56,12 +55,9 @@ MethodResult IsCurrentProfile(const MethodCall& call) {
   ORVEL_WLAN_PROFILE profile = {};
   if (call.state.api.GetLastAppliedProfile(call.adapter(), &profile) != 0) return {};
   name->ChangeType(VT_BSTR);  // what cannot become one counts as the empty name
-  // As the library stores names: in the ANSI code page. Names of different lengths differ, whatever
-  // a locale's rules equate.
-  const OleString asked = platform::WideText(platform::AnsiText(name->text()));
-  const OleString applied = platform::WideText(ProfileName(profile));
-  return Answer(asked.size() == applied.size() &&
-                SameNameIgnoringCase(asked.c_str(), applied.c_str()));
+  // As the library stores names: in the ANSI code page.
+  return Answer(SameLetters(platform::WideText(platform::AnsiText(name->text())),
+                            platform::WideText(ProfileName(profile))));
 }
 
 MethodResult Disassociate(const MethodCall& call) {

@@ -9,8 +9,7 @@ using platform::Variant;
 
 std::optional<Variant> MethodCall::Value(const OLECHAR* name) const {
   Variant value;
-  if (inParameters == nullptr ||
-      FAILED(inParameters->Get(name, 0, value.put(), nullptr, nullptr))) {
+  if (inParameters == nullptr || FAILED(GetPropertyValue(*inParameters, name, value))) {
     return std::nullopt;
   }
   return value;

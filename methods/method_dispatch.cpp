@@ -10,7 +10,6 @@
 namespace wifi {
 namespace {
 
-using platform::Bstr;
 using platform::ComPtr;
 using platform::Variant;
 
@@ -74,12 +73,12 @@ struct ClassMethods {
 // That an unknown method succeeds silently on three classes is what clients know.
 const ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkAdapter"), OLESTR("DeviceID"), WBEM_E_NOT_SUPPORTED, kAdapterMethods},
-    {OLESTR("WiFi_NetworkAdapterConfiguration"), OLESTR("SettingID"), WBEM_S_NO_ERROR,
+    {OLESTR("WiFi_NetworkAdapterConfiguration"), kSettingId, WBEM_S_NO_ERROR,
      kConfigurationMethods},
-    {OLESTR("WiFi_AdapterAssociationInfo"), OLESTR("SettingID"), WBEM_E_INVALID_CLASS,
+    {OLESTR("WiFi_AdapterAssociationInfo"), kSettingId, WBEM_E_INVALID_CLASS,
      kAssociationInfoMethods},
     {OLESTR("WiFi_PreferredProfile"), nullptr, WBEM_S_NO_ERROR, kProfileMethods},
-    {OLESTR("WiFi_NetworkExcludeList"), OLESTR("SettingID"), WBEM_S_NO_ERROR, kExcludeListMethods},
+    {OLESTR("WiFi_NetworkExcludeList"), kSettingId, WBEM_S_NO_ERROR, kExcludeListMethods},
     {OLESTR("WiFi_NetworkAdapterSetting"), nullptr, WBEM_E_NOT_SUPPORTED, {}},
 };
 
@@ -97,31 +96,64 @@ const Method* FindMethod(std::span<const Method> methods, const OLECHAR* name) {
   return nullptr;
 }
 
+/// One call of one method, and where its out-parameters go.
+struct Execution {
+  const Delivery& delivery;
+  const OLECHAR* className;
+  const Method& method;
+  MethodCall call;
+};
+
 /// An empty out-parameter object; the failing step's code, WBEM_E_FAILED where a step gives none.
-HRESULT SpawnOutParameters(const ProviderState& state, IWbemContext* context,
-                           const OLECHAR* className, const OLECHAR* methodName,
-                           ComPtr<IWbemClassObject>& out) {
+HRESULT SpawnOutParameters(const Execution& execution, ComPtr<IWbemClassObject>& out) {
   const auto checked = [](HRESULT result, const auto& object) {
-    return FAILED(result) || object ? result : static_cast<HRESULT>(WBEM_E_FAILED);
+    return FAILED(result) || object ? result : WBEM_E_FAILED;
   };
+  const ProviderState& state = execution.call.state;
   if (!state.services) return WBEM_E_FAILED;
-  const Bstr name(className);
   ComPtr<IWbemClassObject> definition;
-  HRESULT result = checked(
-      state.services->GetObject(name.get(), 0, context, definition.put(), nullptr), definition);
+  HRESULT result =
+      GetClassDefinition(state, execution.className, execution.delivery.context, definition);
   if (FAILED(result)) return result;
   ComPtr<IWbemClassObject> signature;
-  result = checked(definition->GetMethod(methodName, 0, nullptr, signature.put()), signature);
+  IWbemClassObject** place = signature.put();
+  result = checked(platform::CallFenced([&] {
+                     return definition->GetMethod(execution.method.name, 0, nullptr, place);
+                   }),
+                   signature);
   if (FAILED(result)) return result;
-  return checked(signature->SpawnInstance(0, out.put()), out);
+  return checked(SpawnInstance(*signature.get(), out), out);
+}
+
+/// The second out-parameter goes ahead of ReturnValue; answers with what the sink says.
+HRESULT IndicateAnswer(const Execution& execution, IWbemClassObject* out,
+                       const MethodResult& result) {
+  if (result.extra) PutDirectly(out, execution.method.extra, Variant::Integer(*result.extra).get());
+  PutDirectly(out, OLESTR("ReturnValue"), result.returnValue.get());
+  return Indicate(execution.delivery, out, WBEM_E_FAILED);
 }
 
 /// Runs the body, unless it needs an adapter that is not there.
-MethodResult Run(const Method& method, const MethodCall& call, bool needsAdapter) {
+MethodResult RunMethod(const Method& method, const MethodCall& call, bool needsAdapter) {
   MethodResult result;
   if (method.answersNumber) result.returnValue = Variant::Integer(0);
   if (method.body == nullptr || (needsAdapter && call.entry == nullptr)) return result;
   return method.body(call);
+}
+
+/// Runs a method with a second out-parameter on the adapter that the path names. Its object is made
+/// before the body runs, and anew for the answer of a body that throws.
+HRESULT RunExcludeListQuery(const Execution& execution) {
+  ComPtr<IWbemClassObject> out;
+  HRESULT spawned = SpawnOutParameters(execution, out);
+  MethodResult result;
+  try {
+    result = execution.method.body(execution.call);
+  } catch (...) {
+    out.reset();
+    if (SUCCEEDED(spawned)) spawned = SpawnOutParameters(execution, out);
+  }
+  return out ? IndicateAnswer(execution, out.get(), result) : spawned;
 }
 
 }  // namespace
@@ -134,27 +166,19 @@ HRESULT ExecuteMethod(ProviderState& state, const Delivery& delivery, const Pars
   if (method == nullptr) return owner->unknownMethod;
 
   const bool needsAdapter = owner->adapterKey != nullptr;
-  ComPtr<IWbemClassObject> out;
-  HRESULT spawned = WBEM_S_NO_ERROR;
-  const auto spawn = [&] {
-    spawned = SpawnOutParameters(state, delivery.context, owner->className, method->name, out);
-  };
-  MethodCall call{state, path, inParameters, nullptr};
+  Execution execution{delivery, owner->className, *method, {state, path, inParameters, nullptr}};
+  const auto isQuery = [&] { return method->extra != nullptr && execution.call.entry != nullptr; };
   MethodResult result;
   try {
-    if (needsAdapter) call.entry = FindAdapterByPath(state, path, owner->adapterKey);
-    // A method with a second out-parameter has its object made first.
-    if (method->extra != nullptr && call.entry != nullptr) spawn();
-    result = Run(*method, call, needsAdapter);
+    if (needsAdapter) execution.call.entry = FindAdapterByPath(state, path, owner->adapterKey);
+    if (!isQuery()) result = RunMethod(*method, execution.call, needsAdapter);
   } catch (...) {
     result = {};
-    out.reset();  // the answer that says so is made anew
   }
-  if (!out && SUCCEEDED(spawned)) spawn();
-  if (!out) return spawned;
-  if (result.extra) PutDirectly(out.get(), method->extra, Variant::Integer(*result.extra));
-  PutDirectly(out.get(), OLESTR("ReturnValue"), std::move(result.returnValue));
-  return Indicate(delivery, out.get(), WBEM_E_FAILED);
+  if (isQuery()) return RunExcludeListQuery(execution);
+  ComPtr<IWbemClassObject> out;
+  const HRESULT spawned = SpawnOutParameters(execution, out);
+  return out ? IndicateAnswer(execution, out.get(), result) : spawned;
 }
 
 }  // namespace wifi

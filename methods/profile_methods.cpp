@@ -36,7 +36,7 @@ MethodResult Apply(const MethodCall& call, bool reenter) {
   ProfileLibrary library;
   const auto adapterId = call.AnsiText(OLESTR("AdapterID"));
   if (!adapterId) return {};
-  const AdapterEntry* entry = FindAdapterEntry(call.state.adapters, *adapterId);
+  const AdapterEntry* entry = FindAdapterEntry(call.state.adapters.get(), *adapterId);
   if (entry == nullptr) return {};
   auto profile = LoadProfile(library, PathKeyText(call.path, OLESTR("Name")));
   if (!profile) return {};

@@ -1,73 +1,95 @@
 <#
 .SYNOPSIS
-Installs the WiFi Adapter Provider: its files, its registration and its management classes.
+Installs the WiFi Adapter Provider from the unpacked package: files, registration, management classes.
 .DESCRIPTION
-Run it from the unpacked package, in a Windows PowerShell started as administrator. It can be run
-again at any time: files are replaced, registration and classes are written anew.
+Run it in a 64-bit Windows PowerShell started as administrator. It can be run again to repair or to
+update. If a step fails, what was there before is put back. It exits with 3010 when a file in use
+waits for the next restart. The installer (MSI) does the same and is the better choice for many machines.
 .PARAMETER Destination
-The folder for the provider's files.
+The folder for the provider's files; ordinary users must not be able to write there.
 .EXAMPLE
 .\Install-WiFiAdapterProvider.ps1 -WhatIf
 #>
 [CmdletBinding(SupportsShouldProcess)]
-param(
-    [string] $Destination = (Join-Path $env:ProgramFiles 'WiFiAdapterProvider')
-)
+param([string] $Destination = (Join-Path $env:ProgramFiles 'WiFiAdapterProvider'))
 
 Set-StrictMode -Version Latest
 $ErrorActionPreference = 'Stop'
+. (Join-Path $PSScriptRoot 'Steps.ps1')
+Assert-CanRun
+$Destination = [IO.Path]::GetFullPath($Destination).TrimEnd('\')
 
-$files = @('WiFiAdapterProvider.dll', 'wmihost.exe', 'wifi_adapter_provider.mof', 'uninstall.mof',
-    'Uninstall-WiFiAdapterProvider.ps1', 'LICENSE.txt', 'docs')
-$libraries = @('QuarnApi.dll', 'TolvaApi.dll')
-
-function Invoke-Tool([string] $Tool, [string[]] $Arguments) {
-    $process = Start-Process -FilePath (Join-Path $env:SystemRoot $Tool) -ArgumentList $Arguments `
-        -Wait -PassThru -NoNewWindow
-    if ($process.ExitCode -ne 0) {
-        throw "$Tool $Arguments failed with exit code $($process.ExitCode)."
-    }
-}
-
-if (-not [Environment]::Is64BitProcess) {
-    throw 'The provider is a 64-bit module: run this script in the 64-bit PowerShell.'
-}
 foreach ($file in $files) {
     if (-not (Test-Path (Join-Path $PSScriptRoot $file))) {
         throw "The package is incomplete: $file is missing beside this script."
     }
 }
 
-$identity = [Security.Principal.WindowsPrincipal] [Security.Principal.WindowsIdentity]::GetCurrent()
-$administrator = $identity.IsInRole([Security.Principal.WindowsBuiltInRole]::Administrator)
-if (-not $administrator -and -not $WhatIfPreference) {
-    throw 'Administrator rights are needed: start PowerShell with "Run as administrator".'
+# Whoever may write there could put code into the service. What the folder will inherit counts, so the
+# nearest one that exists is asked. Allowed: the system, administrators, the creator, the system's installer.
+$existing = $Destination
+while (-not (Test-Path $existing)) { $existing = Split-Path $existing }
+$trusted = '^S-1-5-(18|32-544|80-956008885-.*)$|^S-1-3-0$'
+$writing = 0x500D0156
+$rules = (Get-Acl $existing).GetAccessRules($true, $true, [Security.Principal.SecurityIdentifier])
+foreach ($rule in $rules) {
+    if ($rule.AccessControlType -eq 'Allow' -and $rule.IdentityReference.Value -notmatch $trusted -and
+        ([int] $rule.FileSystemRights -band $writing)) {
+        throw "$existing can be written by $($rule.IdentityReference): choose a folder of administrators."
+    }
 }
 
 # The maker's libraries come with the adapter's driver; without them the module cannot be loaded.
-foreach ($library in $libraries) {
-    $places = @((Join-Path $Destination $library), (Join-Path $env:SystemRoot "System32\$library"))
-    if (-not ($places | Where-Object { Test-Path $_ })) {
-        $message = "$library was found neither in $Destination nor in System32. " +
-            'Install the adapter''s driver package first.'
-        if ($WhatIfPreference) { Write-Warning $message } else { throw $message }
+foreach ($library in 'QuarnApi.dll', 'TolvaApi.dll') {
+    $found = @((Join-Path $Destination $library), (Join-Path $env:SystemRoot "System32\$library")) |
+        Where-Object { Test-Path $_ }
+    if (-not $found) {
+        throw "$library is neither in $Destination nor in System32: install the adapter's driver package."
     }
+    $simulated = $found | Where-Object { (Get-Item $_).VersionInfo.ProductName -like '*SIMULATED*' }
+    if ($simulated) { throw "$simulated is a simulated library: remove it." }
 }
 
-if ($PSCmdlet.ShouldProcess($Destination, 'Copy the provider''s files')) {
-    New-Item -ItemType Directory -Force -Path $Destination | Out-Null
-    foreach ($file in $files) {
-        Copy-Item -Force -Recurse -Path (Join-Path $PSScriptRoot $file) -Destination $Destination
-    }
-}
+if (-not $PSCmdlet.ShouldProcess($Destination, 'Copy files, register the module, compile the schema')) { return }
+
+$inPlace = $PSScriptRoot.TrimEnd('\') -eq $Destination
+$before = Get-RegisteredModule
 $module = Join-Path $Destination 'WiFiAdapterProvider.dll'
-if ($PSCmdlet.ShouldProcess($module, 'Register the COM server')) {
-    Invoke-Tool 'System32\regsvr32.exe' @('/s', "`"$module`"")
+$aside = $null
+try {
+    if (-not $inPlace) {
+        New-Item -ItemType Directory -Force $Destination | Out-Null
+        $aside = Move-Aside $Destination
+        $files | ForEach-Object { Copy-Item -Recurse (Join-Path $PSScriptRoot $_) $Destination }
+    }
+    Invoke-Tool 'regsvr32.exe' '/s', $module
+    Invoke-Tool 'wbem\mofcomp.exe' (Join-Path $Destination 'wifi_adapter_provider.mof')
+    $count = (Get-ProviderClass).Count
+    if ((Get-RegisteredModule) -ne $module -or $count -ne 19) {
+        throw "The check failed: registered is '$(Get-RegisteredModule)', with $count classes of 19."
+    }
+} catch {
+    Write-Warning "Putting back what was there: $_"
+    if (-not $before) {
+        try { Invoke-Tool 'wbem\mofcomp.exe' (Join-Path $PSScriptRoot 'uninstall.mof') } catch { Write-Warning $_ }
+        Remove-Registration
+    }
+    if ($aside) {
+        Remove-NowOrAtRestart (Move-Aside $Destination)
+        Get-ChildItem -Force $aside | Move-Item -Destination $Destination
+        Remove-Item -Recurse $aside
+        if (-not (Get-ChildItem -Force $Destination)) { Remove-Item $Destination }
+    }
+    if ($before) {
+        $schema = Join-Path (Split-Path $before) 'wifi_adapter_provider.mof'
+        Invoke-Tool 'regsvr32.exe' '/s', $before
+        Invoke-Tool 'wbem\mofcomp.exe' $schema
+    }
+    throw
 }
-$mof = Join-Path $Destination 'wifi_adapter_provider.mof'
-if ($PSCmdlet.ShouldProcess('root\cimv2', 'Add the 19 WiFi_* classes and the provider registration')) {
-    Invoke-Tool 'System32\wbem\mofcomp.exe' @("`"$mof`"")
-}
-if (-not $WhatIfPreference) {
-    Write-Output "Installed. Try: Get-CimInstance -ClassName WiFi_NetworkAdapter"
+if ($aside) { Remove-NowOrAtRestart $aside }
+Write-Output 'Installed. Try: Get-CimInstance -ClassName WiFi_NetworkAdapter'
+if ($restartNeeded) {
+    Write-Output 'Until the next restart the service may still use the replaced file.'
+    exit 3010
 }

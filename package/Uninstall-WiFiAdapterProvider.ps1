@@ -2,51 +2,38 @@
 .SYNOPSIS
 Removes the WiFi Adapter Provider: its management classes, its registration and its files.
 .DESCRIPTION
-Run it in a Windows PowerShell started as administrator. Steps that are already done are passed
-over. The adapter maker's libraries are not touched.
+Run it in a 64-bit Windows PowerShell started as administrator. It needs neither the module nor the
+adapter maker's libraries, which it does not touch. Steps that are already done are passed over. It
+exits with 3010 when a file in use waits for the next restart.
 .PARAMETER Destination
-The folder that the provider was installed to.
+The folder that the provider was installed to; found through the registration when it is left out.
 #>
 [CmdletBinding(SupportsShouldProcess)]
-param(
-    [string] $Destination = (Join-Path $env:ProgramFiles 'WiFiAdapterProvider')
-)
+param([string] $Destination)
 
 Set-StrictMode -Version Latest
 $ErrorActionPreference = 'Stop'
+. (Join-Path $PSScriptRoot 'Steps.ps1')
+Assert-CanRun
+if (-not $Destination) {
+    $module = Get-RegisteredModule
+    $Destination = if ($module) { Split-Path $module } else { $PSScriptRoot }
+}
+$Destination = [IO.Path]::GetFullPath($Destination).TrimEnd('\')
 
-$files = @('WiFiAdapterProvider.dll', 'wmihost.exe', 'wifi_adapter_provider.mof', 'uninstall.mof',
-    'Uninstall-WiFiAdapterProvider.ps1', 'LICENSE.txt', 'docs')
+if (-not $PSCmdlet.ShouldProcess($Destination, 'Remove classes, registration and files')) { return }
 
-function Invoke-Tool([string] $Tool, [string[]] $Arguments) {
-    $process = Start-Process -FilePath (Join-Path $env:SystemRoot $Tool) -ArgumentList $Arguments `
-        -Wait -PassThru -NoNewWindow
-    if ($process.ExitCode -ne 0) {
-        throw "$Tool $Arguments failed with exit code $($process.ExitCode)."
-    }
+Invoke-Tool 'wbem\mofcomp.exe' (Join-Path $PSScriptRoot 'uninstall.mof')
+Remove-Registration
+if (Test-Path (Join-Path $Destination 'WiFiAdapterProvider.dll')) {
+    Remove-NowOrAtRestart (Move-Aside $Destination)
+    if (-not (Get-ChildItem -Force $Destination)) { Remove-Item $Destination }
 }
 
-$identity = [Security.Principal.WindowsPrincipal] [Security.Principal.WindowsIdentity]::GetCurrent()
-$administrator = $identity.IsInRole([Security.Principal.WindowsBuiltInRole]::Administrator)
-if (-not $administrator -and -not $WhatIfPreference) {
-    throw 'Administrator rights are needed: start PowerShell with "Run as administrator".'
+$left = @(Get-ProviderClass | ForEach-Object CimClassName) + @($keys | Where-Object { Test-Path $_ })
+if ($left) { throw "The check failed, these are left: $left" }
+Write-Output 'Uninstalled.'
+if ($restartNeeded) {
+    Write-Output 'A file in use goes at the next restart.'
+    exit 3010
 }
-
-$mof = Join-Path $Destination 'uninstall.mof'
-if ((Test-Path $mof) -and
-    $PSCmdlet.ShouldProcess('root\cimv2', 'Remove the WiFi_* classes and the provider registration')) {
-    Invoke-Tool 'System32\wbem\mofcomp.exe' @("`"$mof`"")
-}
-$module = Join-Path $Destination 'WiFiAdapterProvider.dll'
-if ((Test-Path $module) -and $PSCmdlet.ShouldProcess($module, 'Unregister the COM server')) {
-    Invoke-Tool 'System32\regsvr32.exe' @('/s', '/u', "`"$module`"")
-}
-if ((Test-Path $Destination) -and $PSCmdlet.ShouldProcess($Destination, 'Remove the provider''s files')) {
-    # The service may hold the module for some minutes after its last request.
-    foreach ($file in $files) {
-        $path = Join-Path $Destination $file
-        if (Test-Path $path) { Remove-Item -Force -Recurse $path }
-    }
-    if (-not (Get-ChildItem -Force $Destination)) { Remove-Item -Force $Destination }
-}
-if (-not $WhatIfPreference) { Write-Output 'Uninstalled.' }

@@ -1,5 +1,8 @@
-# cmake -DSOURCE=… -DBINARIES=… -DSTAGE=… -DVERSION=… -P make_package.cmake: stages the package's
-# files and packs them. The same files give the same archive: fixed order, fixed times, fixed modes.
+# cmake -DSOURCE=… -DBINARIES=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P make_package.cmake:
+# stages the package's files and makes of them, in OUTPUT, the archive, the archive of the debug
+# symbols and the installer. The same files give the same archives: fixed order, fixed times, fixed
+# modes. SIGN is a list of osslsigncode's options that name certificate and key; the provider, the
+# host, the simulated libraries and the installer are signed with them.
 
 set(name WiFiAdapterProvider-${VERSION})
 set(root ${STAGE}/${name})
@@ -7,34 +10,71 @@ file(REMOVE_RECURSE ${STAGE})
 
 function(put destination)
   foreach(file IN LISTS ARGN)
-    file(COPY ${file} DESTINATION ${root}/${destination}
+    file(COPY ${file} DESTINATION ${destination}
          FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
   endforeach()
 endfunction()
+function(run)
+  execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY WORKING_DIRECTORY ${STAGE}
+                  OUTPUT_QUIET)
+endfunction()
+function(sign file)
+  if(SIGN)
+    run(osslsigncode sign ${SIGN} -h sha256 -n "WiFi Adapter Provider" -in ${file} -out ${file}.signed)
+    file(RENAME ${file}.signed ${file})
+  endif()
+endfunction()
+function(pack folder)
+  file(GLOB_RECURSE files RELATIVE ${STAGE} ${STAGE}/${folder}/*)
+  list(SORT files)
+  set(archive ${OUTPUT}/${folder}.zip)
+  file(REMOVE ${archive})
+  run(${CMAKE_COMMAND} -E env TZ=UTC touch -d 2026-01-01T00:00:00 ${files})
+  # Without the extra fields, which hold the times of access.
+  run(${CMAKE_COMMAND} -E env TZ=UTC zip -X -D -q ${archive} ${files})
+  message(STATUS "Package: ${folder}.zip")
+endfunction()
 
-put(. ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
+put(${root} ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
     ${SOURCE}/schema/wifi_adapter_provider.mof ${SOURCE}/schema/uninstall.mof
     ${SOURCE}/package/Install-WiFiAdapterProvider.ps1
-    ${SOURCE}/package/Uninstall-WiFiAdapterProvider.ps1 ${SOURCE}/LICENSE)
+    ${SOURCE}/package/Uninstall-WiFiAdapterProvider.ps1 ${SOURCE}/package/Steps.ps1
+    ${SOURCE}/LICENSE ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)
 file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
-put(docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/classes.md
+put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/classes.md
     ${SOURCE}/docs/result-codes.md ${SOURCE}/docs/scenarios.md ${SOURCE}/docs/wmihost.md)
 # Never beside the product: a simulated adapter must not be taken for a real one.
-put(simulator ${BINARIES}/QuarnApi.dll ${BINARIES}/TolvaApi.dll)
+put(${root}/simulator ${BINARIES}/QuarnApi.dll ${BINARIES}/TolvaApi.dll)
 file(GLOB scenarios ${SOURCE}/simulator/scenarios/*.json)
-put(scenarios ${scenarios})
+put(${root}/scenarios ${scenarios})
+foreach(file WiFiAdapterProvider.dll wmihost.exe simulator/QuarnApi.dll simulator/TolvaApi.dll)
+  sign(${root}/${file})
+endforeach()
+pack(${name})
 
-file(GLOB_RECURSE files RELATIVE ${STAGE} ${STAGE}/*)
-list(SORT files)
-set(archive ${BINARIES}/../${name}.zip)
-file(REMOVE ${archive})
+foreach(file WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll)
+  put(${STAGE}/${name}-symbols ${BINARIES}/${file}.debug)
+endforeach()
+pack(${name}-symbols)
+
+# Each version is a product of its own that replaces the ones before it.
+string(UUID product NAMESPACE 0e0a9f2c-6c1b-4b0b-9b5b-6c4e1f6a9d37 NAME ${VERSION} TYPE SHA1 UPPER)
+set(installer ${OUTPUT}/${name}.msi)
 execute_process(
-  COMMAND ${CMAKE_COMMAND} -E env TZ=UTC touch -d 2026-01-01T00:00:00 ${files}
+  COMMAND wixl -a x64 -D Version=${VERSION} -D ProductCode={${product}} -o ${installer}
+          ${SOURCE}/package/installer.wxs
   COMMAND_ERROR_IS_FATAL ANY
-  WORKING_DIRECTORY ${STAGE})
-# Without the extra fields, which hold the times of access.
-execute_process(
-  COMMAND ${CMAKE_COMMAND} -E env TZ=UTC zip -X -D -q ${archive} ${files}
-  COMMAND_ERROR_IS_FATAL ANY
-  WORKING_DIRECTORY ${STAGE})
-message(STATUS "Package: ${name}.zip")
+  WORKING_DIRECTORY ${root})
+# What wixl leaves out: that the Undo… actions run on a failure only, and the versions of the two
+# files that have one, without which an installer keeps whatever file of any version it finds.
+set(rollback 3442)  # a program named by a property; ignore its status; in the script, on rollback, as the system
+run(msibuild ${installer} -q
+    "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoCompileSchema'")
+run(msibuild ${installer} -q
+    "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoRemoveSchema'")
+foreach(file Module Host)
+  run(msibuild ${installer} -q
+      "UPDATE `File` SET `Version`='${VERSION}.0', `Language`='1033' WHERE `File`='${file}'")
+endforeach()
+sign(${installer})
+message(STATUS "Package: ${name}.msi")

@@ -22,6 +22,12 @@ class Bstr {
   Bstr() noexcept = default;
   explicit Bstr(OleStringView text) noexcept
       : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+  /// A text of `length` characters that are still to be written.
+  static Bstr OfLength(UINT length) noexcept {
+    Bstr text;
+    text.text_ = SysAllocStringLen(nullptr, length);
+    return text;
+  }
   explicit Bstr(const OLECHAR* text) noexcept : text_(SysAllocString(text)) {}
   Bstr(const Bstr&) = delete;
   Bstr(Bstr&& other) noexcept : text_(other.release()) {}

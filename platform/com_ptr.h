@@ -2,11 +2,12 @@
 
 #include <utility>
 
-#include "platform/platform.h"
+#include "platform/structured_exception.h"
 
 namespace platform {
 
-/// Owns one reference to a COM object.
+/// Owns one reference to a COM object. What the object raises while it is counted stays here: there
+/// is nothing left to do with it.
 template <class Interface>
 class ComPtr {
  public:
@@ -14,7 +15,7 @@ class ComPtr {
   ComPtr(std::nullptr_t) noexcept {}
   /// Shares `object`: takes a reference of its own.
   explicit ComPtr(Interface* object) noexcept : object_(object) {
-    if (object_ != nullptr) object_->AddRef();
+    if (object_ != nullptr) Survives([this] { object_->AddRef(); });
   }
   ComPtr(const ComPtr& other) noexcept : ComPtr(other.object_) {}
   ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
@@ -43,7 +44,7 @@ class ComPtr {
   void** put_void() noexcept { return reinterpret_cast<void**>(put()); }
   [[nodiscard]] Interface* release() noexcept { return std::exchange(object_, nullptr); }
   void reset() noexcept {
-    if (Interface* held = std::exchange(object_, nullptr)) held->Release();
+    if (Interface* held = std::exchange(object_, nullptr)) Survives([held] { held->Release(); });
   }
 
  private:

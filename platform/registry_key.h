@@ -30,6 +30,9 @@ class RegistryKey {
   LSTATUS Open(HKEY parent, const OleString& name, REGSAM access) {
     return RegOpenKeyExW(parent, name.c_str(), 0, access, put());
   }
+  LSTATUS Open(HKEY parent, const char* ansiName, REGSAM access) {
+    return RegOpenKeyExA(parent, ansiName, 0, access, put());
+  }
   /// Writes a text value; an empty name means the key's default value.
   LSTATUS SetText(const OleString& name, const OleString& text) {
     return RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
@@ -50,6 +53,21 @@ class RegistryKey {
       return std::nullopt;
     }
     return OleString(text.c_str());  // without its terminator
+  }
+  LSTATUS SetNumber(const OleString& name, DWORD number) {
+    return RegSetValueExW(key_, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                          sizeof(number));
+  }
+  /// The four bytes of a number or of binary data, lowest first; none for anything else.
+  std::optional<DWORD> Number(const char* ansiName) const {
+    DWORD number = 0;
+    DWORD size = sizeof(number);
+    DWORD type = 0;
+    const LSTATUS status =
+        RegQueryValueExA(key_, ansiName, nullptr, &type, reinterpret_cast<BYTE*>(&number), &size);
+    const bool isNumber = type == REG_DWORD || type == REG_BINARY;
+    if (status != 0 || !isNumber || size != sizeof(number)) return std::nullopt;
+    return number;
   }
   bool HasSubkeys() const {
     OLECHAR name[256];

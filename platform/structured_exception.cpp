@@ -14,6 +14,15 @@ void RunFenced(void (*step)(void*), void* argument) {
   step(argument);
 }
 
+bool Survives(void (*step)(void*), void* argument) noexcept {
+  try {
+    step(argument);
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
 #else
 
 namespace {
@@ -21,26 +30,24 @@ namespace {
 struct FencedStep {
   void (*step)(void*);
   void* argument;
-  std::exception_ptr thrown;
-  DWORD structuredCode = 0;
+  std::exception_ptr* thrown;  ///< where a C++ exception goes; nowhere if none
+  bool finished = false;
 };
 
 // No C++ exception may reach the frame of RunOuter.
 void RunInner(FencedStep* fenced) noexcept {
   try {
     fenced->step(fenced->argument);
+    fenced->finished = true;
   } catch (...) {
-    fenced->thrown = std::current_exception();
+    if (fenced->thrown != nullptr) *fenced->thrown = std::current_exception();
   }
 }
 
 #ifdef __GNUC__
 
-thread_local DWORD caughtCode = 0;
-
 // The filter: named in the assembly of __try1, so with a plain name.
-extern "C" LONG CALLBACK TakeStructuredException(EXCEPTION_POINTERS* pointers) {
-  caughtCode = pointers->ExceptionRecord->ExceptionCode;
+extern "C" LONG CALLBACK TakeStructuredException(EXCEPTION_POINTERS*) {
   return EXCEPTION_EXECUTE_HANDLER;
 }
 
@@ -52,7 +59,6 @@ __attribute__((noinline, optimize("O0"))) bool RunOuter(FencedStep* fenced) {
   RunInner(fenced);
   finished = true;
   __except1;
-  if (!finished) fenced->structuredCode = caughtCode;
   return finished;
 }
 
@@ -61,7 +67,7 @@ __attribute__((noinline, optimize("O0"))) bool RunOuter(FencedStep* fenced) {
 bool RunOuter(FencedStep* fenced) {
   __try {
     RunInner(fenced);
-  } __except (fenced->structuredCode = GetExceptionCode(), EXCEPTION_EXECUTE_HANDLER) {
+  } __except (EXCEPTION_EXECUTE_HANDLER) {
     return false;
   }
   return true;
@@ -71,9 +77,15 @@ bool RunOuter(FencedStep* fenced) {
 }  // namespace
 
 void RunFenced(void (*step)(void*), void* argument) {
-  FencedStep fenced{step, argument, nullptr, 0};
-  if (!RunOuter(&fenced)) throw StructuredException(fenced.structuredCode);
-  if (fenced.thrown) std::rethrow_exception(fenced.thrown);
+  std::exception_ptr thrown;
+  FencedStep fenced{step, argument, &thrown};
+  if (!RunOuter(&fenced)) throw StructuredException();
+  if (thrown) std::rethrow_exception(thrown);
+}
+
+bool Survives(void (*step)(void*), void* argument) noexcept {
+  FencedStep fenced{step, argument, nullptr};
+  return RunOuter(&fenced) && fenced.finished;
 }
 
 #endif

@@ -13,12 +13,17 @@ std::string Narrow(UINT codePage, OleStringView text) {
   return narrow;
 }
 
-OleString Widen(UINT codePage, std::string_view text) {
+/// How many wide characters the text is; `wide` has room for as many as it has bytes.
+UINT WidenInto(UINT codePage, std::string_view text, OLECHAR* wide) noexcept {
   const int length = static_cast<int>(text.size());
-  if (length == 0) return {};
-  const int size = MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0);
-  OleString wide(static_cast<std::size_t>(size), OLECHAR{});
-  MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), size);
+  if (length == 0) return 0;
+  return static_cast<UINT>(MultiByteToWideChar(codePage, 0, text.data(), length, wide, length));
+}
+
+OleString Widen(UINT codePage, std::string_view text) {
+  // No text has more wide characters than bytes.
+  OleString wide(text.size(), OLECHAR{});
+  wide.resize(WidenInto(codePage, text, wide.data()));
   return wide;
 }
 
@@ -29,6 +34,19 @@ std::string AnsiText(const OLECHAR* text) {
 }
 OleString WideText(std::string_view ansi) {
   return Widen(CP_ACP, ansi);
+}
+Bstr AnsiBstr(std::string_view ansi) noexcept {
+  Bstr wide = Bstr::OfLength(static_cast<UINT>(ansi.size()));
+  if (!wide) return wide;
+  // No converter needs to be asked about ASCII.
+  OLECHAR* next = wide.get();
+  std::size_t ascii = 0;
+  for (; ascii < ansi.size() && static_cast<unsigned char>(ansi[ascii]) < 0x80; ++ascii) {
+    *next++ = static_cast<OLECHAR>(ansi[ascii]);
+  }
+  const std::size_t length = ascii + WidenInto(CP_ACP, ansi.substr(ascii), next);
+  // Only where characters have several bytes is the text shorter than its room.
+  return length == ansi.size() ? std::move(wide) : Bstr(OleStringView(wide.get(), length));
 }
 std::string Utf8Text(OleStringView text) {
   return Narrow(CP_UTF8, text);

@@ -1,6 +1,7 @@
 #pragma once
 // Texts between the ANSI code page, UTF-8 and the platform's wide characters.
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,17 @@ namespace platform {
 std::string AnsiText(const OLECHAR* text);
 /// The wide form of an ANSI text.
 OleString WideText(std::string_view ansi);
+/// The same as a BSTR, converted straight into it; none if there is no memory for it.
+Bstr AnsiBstr(std::string_view ansi) noexcept;
+
+/// Whether a wide text, which may be missing, is this one of ASCII characters.
+inline bool EqualsAscii(const OLECHAR* text, std::string_view ascii) {
+  const OleStringView wide = ViewOf(text);
+  return text != nullptr && std::equal(wide.begin(), wide.end(), ascii.begin(), ascii.end(),
+                                       [](OLECHAR one, char other) {
+                                         return one == static_cast<unsigned char>(other);
+                                       });
+}
 
 std::string Utf8Text(OleStringView text);
 /// The wide form of a UTF-8 text; bytes that are no UTF-8 become U+FFFD.

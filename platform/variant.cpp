@@ -4,13 +4,16 @@
 
 namespace platform {
 
-Variant Variant::Text(OleStringView text) {
-  Bstr copy(text.data() == nullptr ? OleStringView(OLESTR("")) : text);
-  if (!copy) return Error(E_OUTOFMEMORY);
+Variant Variant::TextOf(Bstr text) noexcept {
+  if (!text) return Error(E_OUTOFMEMORY);
   Variant variant;
   variant.value_.vt = VT_BSTR;
-  variant.value_.bstrVal = copy.release();
+  variant.value_.bstrVal = text.release();
   return variant;
+}
+
+Variant Variant::Text(OleStringView text) {
+  return TextOf(Bstr(text.data() == nullptr ? OleStringView(OLESTR("")) : text));
 }
 
 Variant Variant::AnsiText(const char* text) {
@@ -22,7 +25,7 @@ Variant Variant::AnsiText(const char* text) {
 }
 
 Variant Variant::AnsiText(std::string_view text) {
-  return Text(WideText(text));
+  return TextOf(AnsiBstr(text));
 }
 
 Variant Variant::Boolean(bool value) noexcept {

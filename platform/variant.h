@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -22,9 +23,19 @@ class Variant {
 
   /// A text. One that cannot be allocated gives VT_ERROR with E_OUTOFMEMORY.
   static Variant Text(OleStringView text);
-  /// An ANSI text as VT_BSTR; none gives a VT_BSTR that holds no text.
+  /// An ANSI text as VT_BSTR; none gives a VT_BSTR that holds no text. One that cannot be allocated
+  /// gives VT_ERROR with E_OUTOFMEMORY.
   static Variant AnsiText(const char* text);
   static Variant AnsiText(std::string_view text);
+  /// What `make` gives; VT_ERROR with E_OUTOFMEMORY if it finds no memory.
+  template <class Make>
+  static Variant OrOutOfMemory(Make&& make) {
+    try {
+      return make();
+    } catch (const std::bad_alloc&) {
+      return Error(E_OUTOFMEMORY);
+    }
+  }
   static Variant Boolean(bool value) noexcept;
   static Variant Integer(LONG value) noexcept;
   static Variant Error(HRESULT code) noexcept;
@@ -48,6 +59,8 @@ class Variant {
   HRESULT ChangeType(VARTYPE type) noexcept { return VariantChangeType(&value_, &value_, 0, type); }
 
  private:
+  static Variant TextOf(Bstr text) noexcept;
+
   VARIANT value_;
 };
 

@@ -1,32 +1,15 @@
 #include "profiles/feature_set.h"
 
-#include <memory>
-#include <type_traits>
-
-#include "platform/platform.h"
+#include "adapterapi/codes.h"
+#include "platform/registry_key.h"
 
 namespace wifi {
 namespace {
 
+namespace setting = adapterapi::setting;
+
 constexpr std::uint32_t kPersistentOff = 0x8;
 constexpr std::uint32_t kPrelogonOff = 0x10;
-constexpr std::uint32_t kPersistentSetting = 415;
-constexpr std::uint32_t kPrelogonSetting = 416;
-
-struct CloseKey {
-  void operator()(HKEY key) const { RegCloseKey(key); }
-};
-using RegistryKey = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
-
-std::uint32_t ReadValue(HKEY key, const char* name) {
-  BYTE data[sizeof(std::uint32_t)];
-  DWORD size = sizeof(data);
-  DWORD type = 0;
-  const LSTATUS status = RegQueryValueExA(key, name, nullptr, &type, data, &size);
-  const bool isNumber = type == REG_DWORD || type == REG_BINARY;
-  if (status != ERROR_SUCCESS || !isNumber || size != sizeof(data)) return 0;
-  return data[0] | data[1] << 8 | data[2] << 16 | static_cast<std::uint32_t>(data[3]) << 24;
-}
 
 /// Only the lowest bit of the setting counts; its status does not.
 bool IsSettingOn(adapterapi::AdapterApi& api, std::uint32_t setting) {
@@ -38,14 +21,12 @@ bool IsSettingOn(adapterapi::AdapterApi& api, std::uint32_t setting) {
 }  // namespace
 
 FeatureSet ReadFeatureSet() {
-  HKEY opened = nullptr;
-  if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE\\ORVEL\\Wireless\\GUIConfiguration", 0, KEY_READ,
-                    &opened) != ERROR_SUCCESS) {
+  platform::RegistryKey key;
+  if (key.Open(HKEY_LOCAL_MACHINE, "SOFTWARE\\ORVEL\\Wireless\\GUIConfiguration", KEY_READ) != 0) {
     return {};
   }
-  const RegistryKey key(opened);
-  const std::uint32_t first = ReadValue(key.get(), "FeatureSet1");
-  return {first, ReadValue(key.get(), "FeatureSet2")};
+  const std::uint32_t first = key.Number("FeatureSet1").value_or(0);
+  return {first, key.Number("FeatureSet2").value_or(0)};
 }
 
 StoreGates ReadStoreGates(adapterapi::AdapterApi& api) {
@@ -53,8 +34,8 @@ StoreGates ReadStoreGates(adapterapi::AdapterApi& api) {
   const bool persistentOff = (features & kPersistentOff) != 0;
   const bool prelogonOff = (features & kPrelogonOff) != 0;
   if (persistentOff && prelogonOff) return {};
-  const bool persistent = IsSettingOn(api, kPersistentSetting);
-  const bool prelogon = IsSettingOn(api, kPrelogonSetting);
+  const bool persistent = IsSettingOn(api, setting::kPersistentProfiles);
+  const bool prelogon = IsSettingOn(api, setting::kPrelogonProfiles);
   return {persistent && !persistentOff, prelogon && !prelogonOff};
 }
 

@@ -1,5 +1,6 @@
 #include "profiles/preferred_profiles.h"
 
+#include "platform/foreign_memory.h"
 #include "profiles/feature_set.h"
 #include "profiles/profile_library.h"
 #include "provider/core/code_table.h"
@@ -14,15 +15,10 @@ using platform::Variant;
 
 constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
 
-constexpr CodeText kEncryptions[] = {
-    {1, "None"},        {2, "40-bit"},       {3, "104-bit"},
-    {4, "CKIP 40-bit"}, {5, "CKIP 104-bit"}, {6, "TKIP "},  // clients know the blank
-};
-
 constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
 
 struct Store {
-  TolvaUlong flag;
+  ULONG flag;
   const char* type;
   bool StoreGates::*gate;  ///< none: always open
   bool searched;           ///< whether a get by key looks here
@@ -40,20 +36,20 @@ constexpr Store kStores[] = {
     {16, "itprofile", nullptr, false},
 };
 
-// A search goes on behind statuses that are neither a profile nor the end; a library that repeats
-// one for ever must not hold the service up.
+// Profiles of one store. A library that answers the same for ever must not hold the service up: a
+// search goes on behind statuses that are neither a profile nor the end.
 constexpr int kMostSteps = 10000;
 
 Variant TextOf(PreferredProfile& profile, const char* (CPreferredProfile::*getter)() const) {
-  return Variant::AnsiText(
-      profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); }));
+  const char* text = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
+  return text == nullptr ? Variant::AnsiText(text) : Variant::AnsiText(platform::ForeignText(text));
 }
 
 template <class Code>
 Variant CodeOf(PreferredProfile& profile, Code (CPreferredProfile::*getter)() const,
                std::span<const CodeText> rows) {
   const Code code = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
-  return Variant::AnsiText(TextOfCode(rows, static_cast<std::uint32_t>(code), "Unknown"));
+  return Variant::AnsiText(TextOfCode(rows, static_cast<std::uint32_t>(code), kUnknown));
 }
 
 HRESULT FillPreferredProfile(IWbemClassObject* instance, PreferredProfile& profile,
@@ -63,10 +59,10 @@ HRESULT FillPreferredProfile(IWbemClassObject* instance, PreferredProfile& profi
   writer.Put(OLESTR("SSID"), TextOf(profile, &CPreferredProfile::Ssid));
   writer.Put(OLESTR("MandatoryAp"), TextOf(profile, &CPreferredProfile::MandatoryAp));
   writer.Put(OLESTR("OperationMode"), CodeOf(profile, &CPreferredProfile::OpMode, kModes));
-  const TolvaLong stealth =
-      profile.Call([](const CPreferredProfile& held) { return held.Stealth(); });
+  const LONG stealth = profile.Call([](const CPreferredProfile& held) { return held.Stealth(); });
   writer.Put(OLESTR("Stealth"), Variant::Boolean(stealth != 0));
-  writer.Put(OLESTR("Encryption"), CodeOf(profile, &CPreferredProfile::WepAlgorithm, kEncryptions));
+  writer.Put(OLESTR("Encryption"),
+             CodeOf(profile, &CPreferredProfile::WepAlgorithm, adapterapi::codes::kEncryptions));
   writer.Put(OLESTR("Authentication"),
              CodeOf(profile, &CPreferredProfile::AuthMode, kAuthentications));
   writer.PutAnsi(OLESTR("Caption"), "Preferred Profile List");
@@ -96,7 +92,7 @@ struct ProfileRequest {
     for (const Store& store : kStores) {
       if (!store.isOpen(gates)) continue;
       LONG status = library.GetFirst(profile, store.flag);
-      while (status == kTolvaSuccess) {
+      for (int step = 0; step < kMostSteps && status == kTolvaSuccess; ++step) {
         result = Deliver(store);
         status = library.GetNext(profile, store.flag);
       }
@@ -125,7 +121,7 @@ struct ProfileRequest {
     LONG status = library.GetFirst(profile, store.flag);
     for (int step = 0; step < kMostSteps && status != kTolvaNoMoreProfiles; ++step) {
       const char* held = profile.Call([](const CPreferredProfile& one) { return one.Name(); });
-      if (held != nullptr && name == held) return true;
+      if (held != nullptr && name == platform::ForeignText(held)) return true;
       status = library.GetNext(profile, store.flag);
     }
     return false;

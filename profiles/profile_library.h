@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "adapterapi/records.h"
 #include "adapterapi/tolva_api.h"
 #include "platform/structured_exception.h"
 
@@ -21,11 +22,7 @@ class LibraryObject {
   LibraryObject(const LibraryObject&) = delete;
   LibraryObject& operator=(const LibraryObject&) = delete;
   ~LibraryObject() {
-    try {
-      Call([](Object& object) { object.~Object(); });
-    } catch (...) {
-      // The object is gone either way.
-    }
+    platform::Survives([this] { object_->~Object(); });  // gone either way
   }
 
   /// What `use` (Object& to anything) answers.
@@ -51,7 +48,7 @@ class ProfileLibrary {
 
   /// Whether the library opened its profiles. Only then Close() has to follow.
   bool Open() {
-    constexpr TolvaUlong kOpenArgument = 3000;
+    constexpr ULONG kOpenArgument = 3000;
     return manager_.Call([](CProfileMgr& manager) { return manager.Open(kOpenArgument); }) ==
            kTolvaSuccess;
   }
@@ -60,26 +57,26 @@ class ProfileLibrary {
   }
 
   /// Loads a store's first profile; kTolvaSuccess if there is one.
-  LONG GetFirst(PreferredProfile& profile, TolvaUlong store) {
+  LONG GetFirst(PreferredProfile& profile, ULONG store) {
     return Load(profile, store, &CProfileMgr::GetFirstPreferredProfile);
   }
   /// Loads the next one; kTolvaNoMoreProfiles behind the last.
-  LONG GetNext(PreferredProfile& profile, TolvaUlong store) {
+  LONG GetNext(PreferredProfile& profile, ULONG store) {
     return Load(profile, store, &CProfileMgr::GetNextPreferredProfile);
   }
 
   /// Fills the whole record of the profile with this ANSI name; a negative status if it cannot.
   LONG GetProfileToApply(const std::string& name, ORVEL_WLAN_PROFILE& record) {
-    constexpr TolvaUlong kFlags = 1;
+    constexpr ULONG kFlags = 1;
     return manager_.Call([&](CProfileMgr& manager) {
       return manager.GetProfileToApply(name.c_str(), record, kFlags);
     });
   }
 
  private:
-  using Loader = TolvaLong (CProfileMgr::*)(CPreferredProfile&, TolvaUlong);
+  using Loader = LONG (CProfileMgr::*)(CPreferredProfile&, ULONG);
 
-  LONG Load(PreferredProfile& profile, TolvaUlong store, Loader loader) {
+  LONG Load(PreferredProfile& profile, ULONG store, Loader loader) {
     return manager_.Call([&](CProfileMgr& manager) {
       return profile.Call([&](CPreferredProfile& held) { return (manager.*loader)(held, store); });
     });

@@ -1,17 +1,13 @@
 #include "scenario/ansi.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
+#include <iterator>
+
+#include "platform/code_page_1252.h"
 
 namespace simulator {
 namespace {
-
-/// The characters of bytes 0x80 to 0x9F; zero where the page has none.
-constexpr std::array<char32_t, 32> kHighControls = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 /// Takes one character off the front; a malformed one gives a value that no page has.
 char32_t TakeCharacter(std::string_view& text) {
@@ -40,9 +36,10 @@ std::optional<std::string> AnsiFromUtf8(std::string_view utf8) {
       ansi.push_back(static_cast<char>(character));
       continue;
     }
-    const auto found = std::find(kHighControls.begin(), kHighControls.end(), character);
-    if (found == kHighControls.end()) return std::nullopt;
-    ansi.push_back(static_cast<char>(0x80 + (found - kHighControls.begin())));
+    const auto* found = std::ranges::find(platform::kCodePage1252Controls, character);
+    const bool isControl = character < 0xA0;
+    if (isControl || found == std::end(platform::kCodePage1252Controls)) return std::nullopt;
+    ansi.push_back(static_cast<char>(0x80 + (found - platform::kCodePage1252Controls)));
   }
   return ansi;
 }

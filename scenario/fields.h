@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
+#include <string_view>
 
 namespace simulator {
 
@@ -27,7 +27,7 @@ enum class Kind {
 inline constexpr std::size_t kTextsStep = 50;
 
 struct Name {
-  const char* text;
+  std::string_view text;
   std::uint32_t code;
 };
 
@@ -53,8 +53,5 @@ extern const Table kAdapterTable;       ///< AdapterRecords
 extern const Table kNetworkTable;       ///< adapterapi::ScanListEntry
 extern const Table kExcludeEntryTable;  ///< adapterapi::ExcludeEntryRecord
 extern const Table kProfileTable;       ///< ProfileRecord
-
-/// The rows of every table as Markdown, with the defaults; docs/scenarios.md holds this text.
-std::string DescribeTables();
 
 }  // namespace simulator

@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include "adapterapi/records.h"
-
 namespace simulator {
 
 /// The number in upper-case hexadecimal, at least `digits` digits.
@@ -13,16 +11,6 @@ inline std::string UpperHex(std::uint32_t number, std::size_t digits) {
   std::string text;
   for (; number != 0 || text.size() < digits; number >>= 4) {
     text.insert(text.begin(), kDigits[number & 0xFu]);
-  }
-  return text;
-}
-
-/// Six upper-case pairs joined by colons.
-inline std::string MacText(const adapterapi::MacAddress& mac) {
-  std::string text;
-  for (const std::uint8_t byte : mac) {
-    if (!text.empty()) text += ':';
-    text += UpperHex(byte, 2);
   }
   return text;
 }

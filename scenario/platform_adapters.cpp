@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "adapterapi/mac_text.h"
 #include "scenario/hex.h"
 #include "scenario/sections.h"
 
@@ -18,7 +19,7 @@ std::vector<PlatformAdapter> PlatformAdaptersOf(std::span<const Adapter> adapter
     object.pnpDeviceId = "PCI\\VEN_7F3C&DEV_" + UpperHex(device.deviceId, 4) + "&SUBSYS_" +
                          UpperHex(device.subsystemId, 4) + UpperHex(device.subsystemVendorId, 4) +
                          "&REV_" + UpperHex(device.revisionId, 2) + "\\4&" + deviceId;
-    object.macAddress = MacText(adapter.records.mac);
+    object.macAddress = std::string_view(adapterapi::MacText(adapter.records.mac));
     object.caption = "[" + std::string(8 - std::min<std::size_t>(8, deviceId.size()), '0') +
                      deviceId + "] " + description;
     object.description = description;

@@ -35,7 +35,8 @@ class ScenarioError : public std::runtime_error {
 };
 
 /// Reads and checks a whole scenario and gives the platform's part of it; an empty path means the
-/// scenario that is compiled in. Throws ScenarioError.
-PlatformObjects LoadPlatformObjects(const std::string& path);
+/// scenario that is compiled in. `name` stands for the file in errors, where its path does not.
+/// Throws ScenarioError.
+PlatformObjects LoadPlatformObjects(const std::string& path, const std::string& name = {});
 
 }  // namespace simulator

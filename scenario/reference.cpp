@@ -1,3 +1,5 @@
+#include "scenario/reference.h"
+
 #include <nlohmann/json.hpp>
 #include <vector>
 

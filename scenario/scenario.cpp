@@ -1,13 +1,12 @@
 #include "scenario/scenario.h"
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include "platform/embedded_text.h"
 #include "platform/environment.h"
 #include "scenario/sections.h"
+#include "scenario/text_file.h"
 
 EMBEDDED_TEXT(default_scenario)
 EMBEDDED_TEXT(scenario_defaults)
@@ -56,14 +55,11 @@ json ParseJson(std::string_view text) {
 }
 
 /// What a scenario starts from; its one adapter is what every adapter starts from.
-const Scenario& Defaults() {
-  static const Scenario defaults = [] {
-    Scenario scenario;
-    const json value = ParseJson(embedded::scenario_defaults());
-    ReadScenario({value}, Adapter{}, scenario);
-    return scenario;
-  }();
-  return defaults;
+Scenario Defaults() {
+  Scenario scenario;
+  const json value = ParseJson(embedded::scenario_defaults());
+  ReadScenario({value}, Adapter{}, scenario);
+  return scenario;
 }
 
 }  // namespace
@@ -82,14 +78,16 @@ Scenario ParseScenario(std::string_view text, const std::string& file) {
   return scenario;
 }
 
-Scenario LoadScenario(const std::string& path) {
+Scenario LoadScenario(const std::string& path, const std::string& name) {
   if (path.empty()) return ParseScenario(embedded::default_scenario(), "compiled-in scenario");
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  if (!file.is_open() || !(text << file.rdbuf())) {
-    throw ScenarioError(path + ": the file cannot be read or is empty");
+  const std::string& shown = name.empty() ? path : name;
+  try {
+    const std::string text = ReadTextFile(path, shown);
+    if (text.empty()) throw ScenarioError(shown + ": it is empty");
+    return ParseScenario(text, shown);
+  } catch (const FileError& error) {
+    throw ScenarioError(error.what());
   }
-  return ParseScenario(text.str(), path);
 }
 
 std::optional<Scenario> ScenarioOfEnvironment() {
@@ -101,8 +99,8 @@ std::optional<Scenario> ScenarioOfEnvironment() {
   }
 }
 
-PlatformObjects LoadPlatformObjects(const std::string& path) {
-  return LoadScenario(path).platform;
+PlatformObjects LoadPlatformObjects(const std::string& path, const std::string& name) {
+  return LoadScenario(path, name).platform;
 }
 
 }  // namespace simulator

@@ -73,6 +73,8 @@ class RecordList {
   }
 
   void set_count(std::int32_t count) { std::memcpy(bytes_.data(), &count, sizeof count); }
+  /// Bytes of the entries.
+  std::size_t size() const { return bytes_.size() - sizeof(std::int32_t); }
   std::uint8_t* entries() { return bytes_.data() + sizeof(std::int32_t); }
   /// The entries that the count lets a client see.
   template <class Entry>
@@ -126,8 +128,9 @@ struct Scenario {
 
 /// Reads and checks a scenario; `file` names it in errors. Throws ScenarioError.
 Scenario ParseScenario(std::string_view json, const std::string& file);
-/// Reads a scenario file; an empty path means the scenario that is compiled in.
-Scenario LoadScenario(const std::string& path);
+/// Reads a scenario file, which `name` or else its path names in errors; an empty path means the
+/// scenario that is compiled in. Throws ScenarioError.
+Scenario LoadScenario(const std::string& path, const std::string& name = {});
 /// The scenario that WIFI_SCENARIO names, or the one compiled in; none, after one line to the
 /// debugger's output, if it cannot be read.
 std::optional<Scenario> ScenarioOfEnvironment();

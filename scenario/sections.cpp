@@ -99,13 +99,7 @@ void ReadAdapters(const Node& node, const Adapter& initial, std::vector<Adapter>
     Adapter adapter = initial;
     AdapterRecords& records = adapter.records;
     records.number = static_cast<std::uint32_t>(adapters.size() + 1);
-    const auto list = [](RecordList& place, const Table& table) {
-      return [&place, &table](const Node& member) { place = ReadList(member, table); };
-    };
-    ReadRecord(element, kAdapterTable, &records,
-               {{"cachedNetworks", list(adapter.cachedNetworks, kNetworkTable)},
-                {"availableNetworks", list(adapter.availableNetworks, kNetworkTable)},
-                {"excludeList", list(adapter.excludeList, kExcludeEntryTable)}});
+    ReadAdapter(element, adapter);
     if (!element.value.contains("mac")) element.Fail("the member mac is missing");
     for (const Adapter& other : adapters) {
       if (other.records.number == records.number) {
@@ -145,6 +139,16 @@ void ReadProfiles(const Node& node, Scenario& scenario) {
 }
 
 }  // namespace
+
+void ReadAdapter(const Node& node, Adapter& adapter) {
+  const auto list = [](RecordList& place, const Table& table) {
+    return [&place, &table](const Node& member) { place = ReadList(member, table); };
+  };
+  ReadRecord(node, kAdapterTable, &adapter.records,
+             {{"cachedNetworks", list(adapter.cachedNetworks, kNetworkTable)},
+              {"availableNetworks", list(adapter.availableNetworks, kNetworkTable)},
+              {"excludeList", list(adapter.excludeList, kExcludeEntryTable)}});
+}
 
 void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario) {
   PlatformObjects& platformObjects = scenario.platform;

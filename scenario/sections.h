@@ -9,6 +9,9 @@ namespace simulator {
 /// Throws ScenarioError.
 void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario);
 
+/// Reads members of one adapter over what it already holds. Throws ScenarioError.
+void ReadAdapter(const Node& node, Adapter& adapter);
+
 /// The faults of the section of that name.
 std::vector<Fault> ReadFaults(const Node& node);
 

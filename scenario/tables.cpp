@@ -25,11 +25,11 @@ constexpr Field kChannels[] = {
     {"channelA", kNumber, AT(IbssPreferencesRecord, channelA), "chosen 5 GHz channel"},
     {"channelADefault", kNumber, AT(IbssPreferencesRecord, channelADefault)},
     {"channelAOptions", kBits, AT(IbssPreferencesRecord, channelAOptions),
-     "allowed 5 GHz channels", kChannelABits},
+     "allowed 5 GHz channels", kNamesOf<codes::k5GhzChannels>},
     {"channelB", kNumber, AT(IbssPreferencesRecord, channelB), "chosen 2.4 GHz channel"},
     {"channelBDefault", kNumber, AT(IbssPreferencesRecord, channelBDefault)},
     {"channelBOptions", kBits, AT(IbssPreferencesRecord, channelBOptions),
-     "allowed 2.4 GHz channels", kChannelBBits},
+     "allowed 2.4 GHz channels", kNamesOf<codes::k2GhzChannels>},
 };
 constexpr Field kAssociation[] = {
     {"associated", kFlag, AT(AssociationInfoRecord, associated)},
@@ -38,11 +38,11 @@ constexpr Field kAssociation[] = {
     {"ssid", kText, AT(AssociationInfoRecord, ssid)},
     {"bssid", kMac, AT(AssociationInfoRecord, bssid)},
     {"rate", kNumber, AT(AssociationInfoRecord, rate), "bit/s"},
-    {"opMode", kNumber, AT(AssociationInfoRecord, opMode), "", kOpModes},
+    {"opMode", kNumber, AT(AssociationInfoRecord, opMode), "", kNamesOf<codes::kOpModes>},
     {"authenEnabled", kFlag, AT(AssociationInfoRecord, authenEnabled)},
-    {"authenAlgorithm", kNumber, AT(AssociationInfoRecord, authenAlgorithm), "", kAuthenAlgorithms},
-    {"encryption", kNumber, AT(AssociationInfoRecord, encryption), "", kEncryptions},
-    {"authenMode", kNumber, AT(AssociationInfoRecord, authenMode), "", kAuthenModes},
+    {"authenAlgorithm", kNumber, AT(AssociationInfoRecord, authenAlgorithm), "", kNamesOf<codes::kAuthenAlgorithms>},
+    {"encryption", kNumber, AT(AssociationInfoRecord, encryption), "", kNamesOf<codes::kEncryptions>},
+    {"authenMode", kNumber, AT(AssociationInfoRecord, authenMode), "", kNamesOf<codes::kAuthenModes>},
     {"channel", kNumber, AT(AssociationInfoRecord, channel)},
 };
 constexpr Field kAssociationStats[] = {
@@ -71,7 +71,7 @@ constexpr Field kDevice[] = {
     {"subsystemId", kNumber, AT(DeviceInfoRecord, subsystemId)},
     {"revisionId", kNumber, AT(DeviceInfoRecord, revisionId)},
     {"hardwareId", kNumber, AT(DeviceInfoRecord, hardwareId)},
-    {"cardType", kNumber, AT(DeviceInfoRecord, cardType), "one bit", kCardTypes},
+    {"cardType", kNumber, AT(DeviceInfoRecord, cardType), "one bit", kNamesOf<codes::kCardTypes>},
 };
 constexpr Field kConfiguration[] = {
     {"interruptNumber", kSigned, AT(ConfigInfoRecord, interruptNumber)},
@@ -82,7 +82,7 @@ constexpr Field kConfiguration[] = {
     {"attributeMemorySize", kSigned, AT(ConfigInfoRecord, attributeMemorySize), "bytes"},
     {"controllerIoAddress", kNumber, AT(ConfigInfoRecord, controllerIoAddress)},
     {"packetFilterMask", kNumber, AT(ConfigInfoRecord, packetFilterMask)},
-    {"addressingMode", kNumber, AT(ConfigInfoRecord, addressingMode), "", kAddressingModes},
+    {"addressingMode", kNumber, AT(ConfigInfoRecord, addressingMode), "", kNamesOf<codes::kAddressingModes>},
     {"socketNumber", kNumber, AT(ConfigInfoRecord, socketNumber)},
 };
 constexpr Field kVersions[] = {
@@ -119,7 +119,7 @@ constexpr Field kFeatures[] = {
     {"hwRadioSwitch", kFlag, WORD_OF(FeaturesRecord, flags, 38)},
 };
 constexpr Field kSignal[] = {
-    {"quality", kNumber, AT(SignalParametersRecord, quality), "", kQualities},
+    {"quality", kNumber, AT(SignalParametersRecord, quality), "", kNamesOf<codes::kSignalQualities>},
     {"rssi", kSigned, AT(SignalParametersRecord, rssi), "dBm"},
     {"percentMissedBeacons", kNumber, AT(SignalParametersRecord, percentMissedBeacons), "per cent"},
     {"percentTxRetries", kNumber, AT(SignalParametersRecord, percentTxRetries), "per cent"},
@@ -195,20 +195,20 @@ constexpr Field kAdapter[] = {
      "the library's number; if missing, the position in the array, from 1"},
     {"mac", kMac, AT(AdapterRecords, mac), "required"},
     {"present", kFlag, AT(AdapterRecords, present)},
-    {"type", kNumber, AT(AdapterRecords, type), "", kAdapterTypes},
-    {"band", kNumber, AT(AdapterRecords, band), "", kBands},
+    {"type", kNumber, AT(AdapterRecords, type), "", kNamesOf<codes::kAdapterTypes>},
+    {"band", kNumber, AT(AdapterRecords, band), "", kNamesOf<codes::kBands>},
     {"radioState", kFlag, AT(AdapterRecords, radioState)},
     {"hwRadioState", kFlag, AT(AdapterRecords, hwRadioState), "switch on the case"},
     {"registrationState", kFlag, AT(AdapterRecords, registrationState)},
-    {"associationStatus", kNumber, AT(AdapterRecords, associationStatus), "", kAssociationStatuses},
+    {"associationStatus", kNumber, AT(AdapterRecords, associationStatus), "", kNamesOf<codes::kAssociationStatuses>},
     {"readyForProfileState", kFlag, AT(AdapterRecords, readyForProfileState)},
     {"ibssTxPower", kNumber, AT(AdapterRecords, ibssTxPower), "code, 1 to 5"},
-    {"supportedRates", kBits, AT(AdapterRecords, supportedRates), "Mbit/s", kRateBits},
+    {"supportedRates", kBits, AT(AdapterRecords, supportedRates), "Mbit/s", kNamesOf<codes::kRates>},
     {"pspMode", kNumber,
      offsetof(AdapterRecords, psp) + offsetof(PspInfoRecord, mode),
      sizeof(PspInfoRecord::mode), "code, 1 to 7"},
     {"authenticationStatus", kNumber, AT(AdapterRecords, authenticationStatus),
-     "", kAuthenticationStatuses},
+     "", kNamesOf<codes::kAuthenticationStatuses>},
     {"txRate", kSigned, AT(AdapterRecords, txRate), "bit/s"},
     {"adapterState", kFlag, AT(AdapterRecords, adapterState), "enabled"},
     {"protocolPreference", kNumber, AT(AdapterRecords, protocolPreference), "code, 1 to 8"},
@@ -239,13 +239,13 @@ constexpr Field kAdapter[] = {
 constexpr Field kNetwork[] = {
     {"ssid", kText, AT(ScanListEntry, ssid)},
     {"mac", kMac, AT(ScanListEntry, macAddress)},
-    {"band", kNumber, AT(ScanListEntry, band), "", kBands},
-    {"opMode", kNumber, AT(ScanListEntry, opMode), "", kOpModes},
+    {"band", kNumber, AT(ScanListEntry, band), "", kNamesOf<codes::kBands>},
+    {"opMode", kNumber, AT(ScanListEntry, opMode), "", kNamesOf<codes::kOpModes>},
     {"rssi", kSigned, AT(ScanListEntry, rssi), "dBm"},
     {"encrypted", kFlag, AT(ScanListEntry, encrypted)},
-    {"auth", kBits, AT(ScanListEntry, authBits), "", kAuthBits},
-    {"unicast", kBits, AT(ScanListEntry, unicastBits), "", kCipherBits},
-    {"multicast", kBits, AT(ScanListEntry, multicastBits), "", kCipherBits},
+    {"auth", kBits, AT(ScanListEntry, authBits), "", kNamesOf<codes::kAuthentications>},
+    {"unicast", kBits, AT(ScanListEntry, unicastBits), "", kNamesOf<codes::kCiphers>},
+    {"multicast", kBits, AT(ScanListEntry, multicastBits), "", kNamesOf<codes::kCiphers>},
     {"channel", kNumber, AT(ScanListEntry, channel)},
     {"stealth", kFlag, AT(ScanListEntry, stealth), "hidden network"},
 };
@@ -259,10 +259,10 @@ constexpr Field kProfile[] = {
     {"name", kText, AT(ProfileRecord, name), "required"},
     {"ssid", kText, AT(ProfileRecord, ssid)},
     {"mandatoryAp", kText, AT(ProfileRecord, mandatoryAp)},
-    {"opMode", kNumber, AT(ProfileRecord, opMode), "", kOpModes},
+    {"opMode", kNumber, AT(ProfileRecord, opMode), "", kNamesOf<codes::kOpModes>},
     {"stealth", kFlag, AT(ProfileRecord, stealth), "hidden network"},
-    {"encryption", kNumber, AT(ProfileRecord, encryption), "", kEncryptions},
-    {"authentication", kNumber, AT(ProfileRecord, authentication), "", kAuthenModes},
+    {"encryption", kNumber, AT(ProfileRecord, encryption), "", kNamesOf<codes::kEncryptions>},
+    {"authentication", kNumber, AT(ProfileRecord, authentication), "", kNamesOf<codes::kAuthenModes>},
 };
 // clang-format on
 

@@ -2,17 +2,20 @@
 
 #include <algorithm>
 
+#include "adapterapi/codes.h"
 #include "scenario/signal_quality.h"
 
 namespace simulator {
 namespace {
+
+using adapterapi::codes::kAdHoc;
+using adapterapi::codes::kInfrastructure;
 
 constexpr std::uint32_t kAssociated = 1;
 constexpr std::uint32_t kNotAssociated = 2;
 constexpr std::uint32_t kIbssJoined = 4;
 constexpr std::uint32_t kDisconnected = 1;
 constexpr std::uint32_t kAuthenticated = 4;
-constexpr std::uint32_t kAdHoc = 2;
 constexpr std::uint32_t kOutOfRange = 2;
 constexpr std::uint32_t kOpen = 1;
 constexpr std::uint32_t kExcludedByUser = 0x1;
@@ -37,7 +40,7 @@ void Connect(Adapter& adapter, const ProfileRecord& profile) {
   // A profile that some other library made says no more than its name.
   const bool named = profile.ssid[0] != '\0';
   std::memcpy(association.ssid, named ? profile.ssid : profile.name, sizeof profile.ssid - 1);
-  association.opMode = profile.opMode == kAdHoc ? kAdHoc : 1;
+  association.opMode = profile.opMode == kAdHoc ? kAdHoc : kInfrastructure;
   association.encryption = std::max(profile.encryption, 1u);
   association.authenMode = std::max(profile.authentication, kOpen);
   association.authenEnabled = association.authenMode != kOpen;

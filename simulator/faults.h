@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/critical_section.h"
 #include "scenario/scenario.h"
 
 namespace simulator {
@@ -31,7 +32,8 @@ std::int32_t Strike(const Fault& fault);
 /// Runs one operation under the lock and as its fault, if any, says. The lock is free again before
 /// anything is thrown: a structured exception does not unwind.
 template <class Call>
-std::int32_t RunWithFaults(std::mutex& mutex, FaultPlan& plan, std::string_view operation,
+std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultPlan& plan,
+                           std::string_view operation,
                            std::optional<adapterapi::AdapterNumber> adapter, Call&& call) {
   std::optional<Fault> fault;
   std::int32_t status = 0;

@@ -27,17 +27,33 @@ std::optional<AdapterNumber> AdapterOf(bool ofAdapter, const std::tuple<Argument
 
 }  // namespace
 
+bool Library::Load() {
+  if (!tried_) {
+    tried_ = true;
+    if (auto scenario = loader_()) loaded_ = std::make_unique<Loaded>(std::move(*scenario));
+  }
+  return loaded_ != nullptr;
+}
+
+void Library::Change(const std::string& path, const std::string& value) {
+  const std::lock_guard lock(mutex_);
+  if (!Load()) throw ScenarioError("no scenario is played");
+  loaded_->machine.Change(path, value);
+}
+
+void Library::Reload() {
+  const std::lock_guard lock(mutex_);
+  tried_ = false;
+  loaded_.reset();
+}
+
 template <class Call>
 ApiStatus Library::Run(std::string_view operation, std::optional<AdapterNumber> adapter,
                        Call&& call) {
   {
     const std::lock_guard lock(mutex_);
     if (loaded_ == nullptr && !NeedsScenario(operation)) return kOk;
-    if (!tried_) {
-      tried_ = true;
-      if (auto scenario = loader_()) loaded_ = std::make_unique<Loaded>(std::move(*scenario));
-    }
-    if (loaded_ == nullptr) return kFailed;
+    if (!Load()) return kFailed;
   }
   return RunWithFaults(mutex_, loaded_->faults, operation, adapter,
                        [&] { return call(loaded_->machine); });

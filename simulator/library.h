@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 
+#include "platform/critical_section.h"
 #include "simulator/faults.h"
 #include "simulator/machine.h"
 
@@ -18,6 +19,11 @@ class Library final : public AdapterApi {
   /// `loader` is called once; without a scenario every operation that needs one gives kFailed.
   explicit Library(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
 
+  /// Changes a member of the machine, which is read if it was not yet. Throws ScenarioError.
+  void Change(const std::string& path, const std::string& value);
+  /// Forgets the machine: it is read again when it is next needed. Lists given out end with it.
+  void Reload();
+
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION
@@ -30,11 +36,13 @@ class Library final : public AdapterApi {
     Machine machine;
   };
 
+  /// Whether there is a machine; reads it at the first call. Under the lock.
+  bool Load();
   template <class Call>
   ApiStatus Run(std::string_view operation, std::optional<AdapterNumber> adapter, Call&& call);
 
   const Loader loader_;
-  std::mutex mutex_;
+  platform::CriticalSection mutex_;
   bool tried_ = false;
   std::unique_ptr<Loaded> loaded_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "scenario/change.h"
 #include "scenario/names.h"
 
 namespace simulator {
@@ -50,6 +51,14 @@ bool IsOption(std::span<const Name> names, std::uint32_t options, std::uint32_t 
 Machine::Machine(Scenario scenario)
     : scenario_(std::move(scenario)), adapterList_(MakeAdapterList(scenario_.adapters)) {
   for (const Adapter& adapter : scenario_.adapters) adapters_.emplace_back(adapter);
+}
+
+void Machine::Change(const std::string& path, const std::string& value) {
+  const auto adapterAt = [this](std::size_t index) -> Adapter* {
+    return index < adapters_.size() ? &adapters_[index] : nullptr;
+  };
+  ChangeMember(path, value, adapterAt, scenario_);
+  for (State& state : adapters_) state.excludeListChanged = true;
 }
 
 Machine::State* Machine::Find(AdapterNumber number) {
@@ -242,8 +251,10 @@ ApiStatus Machine::SetIbssPreferences(AdapterNumber adapter, const IbssPreferenc
   State* state = Find(adapter);
   if (state == nullptr || record == nullptr) return kInvalidArgument;
   IbssPreferencesRecord& channels = state->records.channels;
-  if (!IsOption(kChannelABits, channels.channelAOptions, record->channelA) ||
-      !IsOption(kChannelBBits, channels.channelBOptions, record->channelB)) {
+  if (!IsOption(kNamesOf<adapterapi::codes::k5GhzChannels>, channels.channelAOptions,
+                record->channelA) ||
+      !IsOption(kNamesOf<adapterapi::codes::k2GhzChannels>, channels.channelBOptions,
+                record->channelB)) {
     return kInvalidArgument;
   }
   channels.channelA = record->channelA;

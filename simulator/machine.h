@@ -23,10 +23,13 @@ enum : ApiStatus {
 /// The adapters of a scenario and how the operations change them. Not locked: see Library.
 ///
 /// Lists given out stay valid while the machine lives, an exclude list until its adapter's exclude
-/// list has been changed and asked for again kKeptExcludeLists times.
+/// list has been changed and asked for again kKeptExcludeLists times. Change() ends them all.
 class Machine final : public AdapterApi {
  public:
   explicit Machine(Scenario scenario);
+
+  /// Changes a member of the scenario that plays: see ChangeMember. Throws ScenarioError.
+  void Change(const std::string& path, const std::string& value);
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
 #include "adapterapi/operations.inc"

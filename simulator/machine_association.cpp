@@ -1,9 +1,9 @@
 // The operations that change what an adapter is associated with, and its exclude list.
 
 #include <algorithm>
-#include <cctype>
 
-#include "scenario/hex.h"
+#include "adapterapi/mac_text.h"
+#include "platform/ascii_case.h"
 #include "simulator/connection.h"
 #include "simulator/machine.h"
 
@@ -15,10 +15,7 @@ bool IsSameNetwork(const ExcludeEntryRecord& left, const ExcludeEntryRecord& rig
 }
 
 bool IsMac(std::string_view text, const MacAddress& mac) {
-  const std::string expected = MacText(mac);
-  return std::equal(text.begin(), text.end(), expected.begin(), expected.end(), [](char a, char b) {
-    return std::toupper(static_cast<unsigned char>(a)) == b;
-  });
+  return platform::SameIgnoringAsciiCase(text, adapterapi::MacText(mac));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "scenario/change.h"
+
 namespace simulator {
 
 bool ProfileLibrary::Load() {
@@ -12,6 +14,20 @@ bool ProfileLibrary::Load() {
     if (scenario_) faults_.emplace(scenario_->faults);
   }
   return scenario_.has_value();
+}
+
+void ProfileLibrary::Change(const std::string& path, const std::string& value) {
+  if (!Load()) throw ScenarioError("no scenario is played");
+  const std::lock_guard lock(mutex_);
+  ChangeMember(
+      path, value, [](std::size_t) { return nullptr; }, *scenario_);
+}
+
+void ProfileLibrary::Reload() {
+  const std::lock_guard lock(mutex_);
+  tried_ = false;
+  scenario_.reset();
+  faults_.reset();
 }
 
 const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,

@@ -3,6 +3,7 @@
 #include <functional>
 #include <mutex>
 
+#include "platform/critical_section.h"
 #include "simulator/faults.h"
 
 namespace simulator {
@@ -14,6 +15,11 @@ class ProfileLibrary {
   using Loader = std::function<std::optional<Scenario>()>;
 
   explicit ProfileLibrary(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
+
+  /// Changes a member of the profiles. Throws ScenarioError.
+  void Change(const std::string& path, const std::string& value);
+  /// Forgets the scenario: it is read again when it is next needed.
+  void Reload();
 
   /// Runs an operation of the profile manager as its fault, if any, says. `call` gets the scenario;
   /// without one the status is negative.
@@ -30,7 +36,7 @@ class ProfileLibrary {
   bool Load();
 
   const Loader loader_;
-  std::mutex mutex_;
+  platform::CriticalSection mutex_;
   bool tried_ = false;
   std::optional<Scenario> scenario_;
   std::optional<FaultPlan> faults_;

@@ -1,22 +1,28 @@
 #include "adapterapi/quarn_api.h"
 
 #include "simulator/library.h"
+#include "simulator/set_member.h"
 
 namespace adapterapi::quarn {
 namespace {
 
-simulator::Library& Instance() {
-  static simulator::Library library;
-  return library;
-}
+simulator::Library library;
 
 }  // namespace
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) \
   ApiStatus name parameters {                                 \
-    return Instance().name arguments;                         \
+    return library.name arguments;                            \
   }
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION
 
 }  // namespace adapterapi::quarn
+
+int SimulatorSet(const char* path, const char* value, char* problem, std::size_t size) noexcept {
+  return simulator::SetMember(adapterapi::quarn::library, path, value, problem, size);
+}
+
+void SimulatorReload() noexcept {
+  adapterapi::quarn::library.Reload();
+}

@@ -3,15 +3,17 @@
 #include <new>
 #include <type_traits>
 
+#include "adapterapi/records.h"
 #include "simulator/profile_library.h"
+#include "simulator/set_member.h"
 
 namespace {
 
 using simulator::ProfileRecord;
 
-constexpr TolvaLong kInvalidArgument = static_cast<TolvaLong>(0x80070057);
-constexpr TolvaLong kNotOpen = static_cast<TolvaLong>(0x80070015);
-constexpr TolvaLong kNotFound = static_cast<TolvaLong>(0x80070490);
+constexpr LONG kInvalidArgument = static_cast<LONG>(0x80070057);
+constexpr LONG kNotOpen = static_cast<LONG>(0x80070015);
+constexpr LONG kNotFound = static_cast<LONG>(0x80070490);
 
 /// What the library keeps inside a manager.
 struct Manager {
@@ -48,7 +50,7 @@ const Profile& ProfileIn(const unsigned char* storage) {
 }
 
 /// Loads the manager's next profile into a profile's storage.
-TolvaLong GiveNext(const simulator::Scenario& scenario, Manager& manager, unsigned char* storage) {
+LONG GiveNext(const simulator::Scenario& scenario, Manager& manager, unsigned char* storage) {
   const ProfileRecord* next = simulator::ProfileAt(scenario, manager.store, manager.position);
   if (next == nullptr) return kTolvaNoMoreProfiles;
   ++manager.position;
@@ -56,10 +58,7 @@ TolvaLong GiveNext(const simulator::Scenario& scenario, Manager& manager, unsign
   return kTolvaSuccess;
 }
 
-simulator::ProfileLibrary& Instance() {
-  static simulator::ProfileLibrary library;
-  return library;
-}
+simulator::ProfileLibrary library;
 
 }  // namespace
 
@@ -80,8 +79,8 @@ const char* CPreferredProfile::MandatoryAp() const {
 ORVEL_OPMODE CPreferredProfile::OpMode() const {
   return static_cast<ORVEL_OPMODE>(ProfileIn(storage_).record.opMode);
 }
-TolvaLong CPreferredProfile::Stealth() const {
-  return static_cast<TolvaLong>(ProfileIn(storage_).record.stealth);
+LONG CPreferredProfile::Stealth() const {
+  return static_cast<LONG>(ProfileIn(storage_).record.stealth);
 }
 ORVEL_ALGORITHM CPreferredProfile::WepAlgorithm() const {
   return static_cast<ORVEL_ALGORITHM>(ProfileIn(storage_).record.encryption);
@@ -96,47 +95,44 @@ CProfileMgr::CProfileMgr() {
 CProfileMgr::~CProfileMgr() = default;
 
 void CProfileMgr::SetWiFiProvider(bool) {
-  Instance().Run("CProfileMgr::SetWiFiProvider", [](const auto&) -> TolvaLong { return 0; });
+  library.Run("CProfileMgr::SetWiFiProvider", [](const auto&) -> LONG { return 0; });
 }
 
-TolvaLong CProfileMgr::Open(TolvaUlong) {
-  return Instance().Run("CProfileMgr::Open", [this](const auto&) -> TolvaLong {
+LONG CProfileMgr::Open(ULONG) {
+  return library.Run("CProfileMgr::Open", [this](const auto&) -> LONG {
     ManagerIn(storage_).open = true;
     return kTolvaSuccess;
   });
 }
 
-TolvaLong CProfileMgr::Close() {
-  return Instance().Run("CProfileMgr::Close", [this](const auto&) -> TolvaLong {
+LONG CProfileMgr::Close() {
+  return library.Run("CProfileMgr::Close", [this](const auto&) -> LONG {
     ManagerIn(storage_) = Manager{};
     return kTolvaSuccess;
   });
 }
 
-TolvaLong CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
-  return Instance().Run("CProfileMgr::GetFirstPreferredProfile",
-                        [&](const auto& scenario) -> TolvaLong {
-                          Manager& manager = ManagerIn(storage_);
-                          if (!manager.open) return kNotOpen;
-                          manager.store = store;
-                          manager.position = 0;
-                          return GiveNext(scenario, manager, profile.storage_);
-                        });
+LONG CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, ULONG store) {
+  return library.Run("CProfileMgr::GetFirstPreferredProfile", [&](const auto& scenario) -> LONG {
+    Manager& manager = ManagerIn(storage_);
+    if (!manager.open) return kNotOpen;
+    manager.store = store;
+    manager.position = 0;
+    return GiveNext(scenario, manager, profile.storage_);
+  });
 }
 
-TolvaLong CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
-  return Instance().Run("CProfileMgr::GetNextPreferredProfile",
-                        [&](const auto& scenario) -> TolvaLong {
-                          Manager& manager = ManagerIn(storage_);
-                          if (!manager.open) return kNotOpen;
-                          if (manager.store != store) return kInvalidArgument;
-                          return GiveNext(scenario, manager, profile.storage_);
-                        });
+LONG CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, ULONG store) {
+  return library.Run("CProfileMgr::GetNextPreferredProfile", [&](const auto& scenario) -> LONG {
+    Manager& manager = ManagerIn(storage_);
+    if (!manager.open) return kNotOpen;
+    if (manager.store != store) return kInvalidArgument;
+    return GiveNext(scenario, manager, profile.storage_);
+  });
 }
 
-TolvaLong CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile,
-                                         TolvaUlong) {
-  return Instance().Run("CProfileMgr::GetProfileToApply", [&](const auto& scenario) -> TolvaLong {
+LONG CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, ULONG) {
+  return library.Run("CProfileMgr::GetProfileToApply", [&](const auto& scenario) -> LONG {
     if (!ManagerIn(storage_).open) return kNotOpen;
     if (name == nullptr) return kInvalidArgument;
     const ProfileRecord* found = simulator::ProfileNamed(scenario, name);
@@ -144,4 +140,12 @@ TolvaLong CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& p
     std::memcpy(&profile, found, sizeof profile);
     return kTolvaSuccess;
   });
+}
+
+int SimulatorSet(const char* path, const char* value, char* problem, std::size_t size) noexcept {
+  return simulator::SetMember(library, path, value, problem, size);
+}
+
+void SimulatorReload() noexcept {
+  library.Reload();
 }

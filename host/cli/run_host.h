@@ -2,13 +2,13 @@
 
 #include <ostream>
 
-#include "host/cli/command_line.h"
+#include "host/cli/command.h"
 #include "host/cli/exit_status.h"
 
 namespace host {
 
 /// Does what a command line asks: loads the provider if it is needed, runs the command, releases
 /// everything and unloads the provider.
-ExitStatus RunHost(const CommandLine& commandLine, std::ostream& output, std::ostream& errors);
+ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& errors);
 
 }  // namespace host

@@ -1,6 +1,7 @@
 #include "host/cli/schema_view.h"
 
-#include "host/format/format.h"
+#include "host/mof/reference.h"
+#include "host/service/nearest.h"
 
 namespace host {
 namespace {
@@ -42,6 +43,7 @@ Json Member(const char* kind, const std::string& name, const std::string& type,
   row["Type"] = type;
   row["Access"] = access;
   row["Units"] = qualifiers.Text("Units");
+  row["Range"] = RangeText(qualifiers);
   row["Values"] = ValuesOf(qualifiers);
   row["Description"] = qualifiers.Text("Description");
   return row;
@@ -71,47 +73,32 @@ Json ClassList(const Repository& repository) {
 Json MembersOf(const ClassInfo& info) {
   Json rows = Json::array();
   for (const PropertyDeclaration& property : info.declaration.properties) {
-    rows.push_back(Member("property", property.name, CimTypeName(property.type),
+    rows.push_back(Member("property", property.name, TypeText(property),
                           AccessOf(property.qualifiers, {"key", "read", "write"}),
                           property.qualifiers));
   }
   for (const MethodInfo& method : info.methods) {
     const MethodDeclaration& declaration = method.declaration;
-    rows.push_back(
-        Member("method", declaration.name,
-               declaration.returnType == CIM_EMPTY ? "void" : CimTypeName(declaration.returnType),
-               "", declaration.qualifiers));
+    rows.push_back(Member("method", declaration.name, CimTypeName(declaration.returnType), "",
+                          declaration.qualifiers));
     for (const PropertyDeclaration& parameter : declaration.parameters) {
       rows.push_back(Member("parameter", declaration.name + "." + parameter.name,
-                            CimTypeName(parameter.type),
-                            AccessOf(parameter.qualifiers, {"in", "out"}), parameter.qualifiers));
+                            TypeText(parameter), AccessOf(parameter.qualifiers, {"in", "out"}),
+                            parameter.qualifiers));
     }
   }
   return rows;
 }
 
-std::string ClassText(const ClassInfo& info) {
-  std::string text = info.name() + "\n";
-  const std::string description = info.declaration.qualifiers.Text("Description");
-  if (!description.empty()) text += "  " + description + "\n";
-  for (const Json& row : MembersOf(info)) {
-    const auto field = [&](const char* name) { return CellText(row[name]); };
-    const std::string access = field("Access");
-    text += "\n" + field("Kind") + " " + field("Name") + ": " + field("Type") +
-            (access.empty() ? "" : " [" + access + "]") + "\n";
-    if (!field("Description").empty()) text += "  " + field("Description") + "\n";
-    if (!field("Units").empty()) text += "  Units: " + field("Units") + "\n";
-    if (!field("Values").empty()) text += "  Values: " + field("Values") + "\n";
+std::string NoMethod(const ClassInfo& info, const std::string& method) {
+  std::vector<std::string> names;
+  std::string all;
+  for (const MethodInfo& each : info.methods) {
+    names.push_back(each.declaration.name);
+    all += (all.empty() ? "" : ", ") + each.declaration.name;
   }
-  return text;
-}
-
-std::string MethodNames(const ClassInfo& info) {
-  std::string names;
-  for (const MethodInfo& method : info.methods) {
-    names += (names.empty() ? "" : ", ") + method.declaration.name;
-  }
-  return names.empty() ? "it has no methods" : "its methods are " + names;
+  return info.name() + " has no method '" + method + "'" + DidYouMean(method, names) +
+         (names.empty() ? "; it has no methods" : "; its methods are " + all);
 }
 
 }  // namespace host

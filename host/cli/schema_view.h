@@ -10,11 +10,10 @@ namespace host {
 
 /// Name and Description of every class that the provider serves.
 Json ClassList(const Repository& repository);
-/// Kind, Name, Type, Access and Description of every property, method and parameter of a class.
+/// Kind, Name, Type, Access, Units, Range, Values and Description of every property, method and
+/// parameter of a class.
 Json MembersOf(const ClassInfo& info);
-/// A class as a text to read: its description, then one paragraph for each member.
-std::string ClassText(const ClassInfo& info);
-/// "its methods are A, B", for messages.
-std::string MethodNames(const ClassInfo& info);
+/// Says that a class has no such method, and which it has.
+std::string NoMethod(const ClassInfo& info, const std::string& method);
 
 }  // namespace host

@@ -1,9 +1,35 @@
 #include "host/cli/shell.h"
 
-#include <string>
+#include <charconv>
+#include <iostream>
+#include <sstream>
 #include <utility>
 
+#include "host/cli/command_line.h"
+#include "host/cli/commands.h"
+#include "host/cli/completion.h"
+#include "host/cli/run_command.h"
+#include "host/cli/shell_words.h"
+#include "host/os/os.h"
+#include "scenario/text_file.h"
+
 namespace host {
+namespace {
+
+constexpr int kMostStatus = 255;
+
+/// The object paths of a class's instances as the provider has them now.
+std::vector<std::string> PathsOf(CommandContext& context, const std::string& className) {
+  std::vector<std::string> paths;
+  if (context.session == nullptr || context.repository.FindClass(className) == nullptr)
+    return paths;
+  for (const CimObject& instance : context.session->Enumerate(className).objects) {
+    if (const auto path = instance.RelativePath()) paths.push_back(*path);
+  }
+  return paths;
+}
+
+}  // namespace
 
 LineSource LinesOf(std::istream& input) {
   return [&input]() -> std::optional<std::string> {
@@ -13,43 +39,74 @@ LineSource LinesOf(std::istream& input) {
   };
 }
 
-Shell::Shell(LineSource input, std::ostream& output, std::ostream& errors, std::string name,
-             bool echo)
-    : input_(std::move(input)),
-      output_(output),
-      errors_(errors),
-      name_(std::move(name)),
-      echo_(echo) {}
+Shell::Shell(LineSource input, CommandContext& context, std::string name, bool echo)
+    : input_(std::move(input)), context_(context), name_(std::move(name)), echo_(echo) {}
 
-ExitStatus Shell::Run(CommandRunner& runner, const Command& defaults) {
+ExitStatus Shell::Run(const Command& defaults) {
+  context_.inShell = true;
   ExitStatus status = kSuccess;
   while (std::optional<std::string> next = input_()) {
     std::string& line = *next;
     ++lineNumber_;
-    if (line.ends_with('\r')) line.pop_back();
-    const std::size_t start = line.find_first_not_of(" \t");
+    const std::size_t start = line.find_first_not_of(" \t\r");
     if (start == std::string::npos || line[start] == '#') continue;
-    const std::string word = line.substr(start, line.find_last_not_of(" \t") + 1 - start);
-    if (word == "exit" || word == "quit") return status;
-    if (echo_) output_ << "> " << word << '\n' << std::flush;
-    status = Worse(status, RunLine(word == "help" ? "--help" : line, runner, defaults));
-    output_ << std::flush;
+    line = line.substr(start, line.find_last_not_of(" \t\r") + 1 - start);
+    if (echo_) context_.output << "> " << line << '\n' << std::flush;
+    const ExitStatus ended = RunLine(line, defaults);
+    if (context_.leave) return context_.leaveStatus.value_or(status);
+    status = Worse(status, ended);
+    // Without its output a change would go unseen.
+    if (!(context_.output << std::flush)) break;
   }
   return status;
 }
 
-ExitStatus Shell::RunLine(const std::string& line, CommandRunner& runner, const Command& defaults) {
+ExitStatus Shell::RunLine(const std::string& line, const Command& defaults) {
+  if (!name_.empty()) context_.place = name_ + ":" + std::to_string(lineNumber_) + ": ";
   try {
     const CommandLine parsed = ParseShellCommand(SplitShellLine(line), defaults);
     if (parsed.information) {
-      output_ << *parsed.information;
+      context_.output << *parsed.information;
       return kSuccess;
     }
-    return runner.Run(parsed.command);
+    return RunCommand(parsed.command, context_);
   } catch (const CommandLineError& error) {
-    errors_ << "wmihost: " << name_ << ":" << lineNumber_ << ": " << error.what() << '\n';
-    return kBadInput;
+    return context_.Fail(kBadInput, error.what());
   }
+}
+
+ExitStatus RunShell(const Command& command, CommandContext& context) {
+  const std::optional<std::string> path = command.Find("FILE");
+  if (path && *path != "-") {
+    std::istringstream lines(simulator::ReadTextFile(os::FileName(*path), *path));
+    return Shell(LinesOf(lines), context, *path, true).Run(command);
+  }
+  if (path || !os::IsTerminal(0)) {
+    return Shell(LinesOf(std::cin), context, "standard input", false).Run(command);
+  }
+  os::LineEditor editor(
+      [&context](const std::string& before) {
+        return CompleteLine(before, context.repository, [&context](const std::string& className) {
+          return PathsOf(context, className);
+        });
+      },
+      os::HistoryFile());
+  const LineSource typed = [&editor] { return editor.Read("wmihost> "); };
+  return Shell(typed, context, "", false).Run(command);
+}
+
+ExitStatus RunExit(const Command& command, CommandContext& context) {
+  if (const std::optional<std::string> text = command.Find("STATUS")) {
+    int number = -1;
+    const char* end = text->data() + text->size();
+    const auto [stop, error] = std::from_chars(text->data(), end, number);
+    if (error != std::errc() || stop != end || number < 0 || number > kMostStatus) {
+      throw CommandLineError("exit: '" + *text + "' is no number from 0 to 255");
+    }
+    context.leaveStatus = static_cast<ExitStatus>(number);
+  }
+  context.leave = true;
+  return kSuccess;
 }
 
 }  // namespace host

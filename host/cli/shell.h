@@ -3,10 +3,10 @@
 #include <functional>
 #include <istream>
 #include <optional>
-#include <ostream>
 #include <string>
 
-#include "host/cli/command_runner.h"
+#include "host/cli/command.h"
+#include "host/cli/command_context.h"
 
 namespace host {
 
@@ -17,22 +17,21 @@ using LineSource = std::function<std::optional<std::string>()>;
 LineSource LinesOf(std::istream& input);
 
 /// Runs the commands of a source of lines, one a line, until its end or `exit`. Blank lines and
-/// lines that begin with # are skipped; a failing command does not end the shell. Gives the worst
-/// status.
+/// lines that begin with # are skipped; a failing command does not end the shell.
 class Shell {
  public:
-  /// `name` stands before the line number in messages; with `echo` each command stands before what
-  /// it shows, as in a transcript.
-  Shell(LineSource input, std::ostream& output, std::ostream& errors, std::string name, bool echo);
+  /// `name` stands before the line number in messages, which have neither without it; with `echo`
+  /// each command stands before what it shows, as in a transcript.
+  Shell(LineSource input, CommandContext& context, std::string name, bool echo);
 
-  ExitStatus Run(CommandRunner& runner, const Command& defaults);
+  /// Gives the worst status, or the one that `exit` names.
+  ExitStatus Run(const Command& defaults);
 
  private:
-  ExitStatus RunLine(const std::string& line, CommandRunner& runner, const Command& defaults);
+  ExitStatus RunLine(const std::string& line, const Command& defaults);
 
   LineSource input_;
-  std::ostream& output_;
-  std::ostream& errors_;
+  CommandContext& context_;
   std::string name_;
   bool echo_;
   int lineNumber_ = 0;

@@ -24,6 +24,13 @@ std::string CsvValue(const Json& value) {
 
 }  // namespace
 
+std::optional<OutputFormat> FormatOf(std::string_view name) {
+  for (std::size_t index = 0; index < std::size(kFormatNames); ++index) {
+    if (SameName(kFormatNames[index], name)) return static_cast<OutputFormat>(index);
+  }
+  return std::nullopt;
+}
+
 std::vector<std::string> NamesOf(const Json& rows) {
   std::vector<std::string> names;
   std::unordered_set<std::string> seen;
@@ -60,8 +67,9 @@ std::string JsonText(const Json& value) {
   return value.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-std::string CsvText(const Json& rows) {
-  const std::vector<std::string> names = NamesOf(rows);
+std::string CsvText(const Json& rows, std::vector<std::string> names) {
+  if (rows.empty()) return "";
+  if (names.empty()) names = NamesOf(rows);
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "" : ",") + CsvField(name);
   if (!names.empty()) text += '\n';
@@ -71,7 +79,8 @@ std::string CsvText(const Json& rows) {
       if (&name != &names.front()) line += ',';
       if (const auto found = row.find(name); found != row.end()) line += CsvValue(*found);
     }
-    text += line + '\n';
+    // A line without anything would be no row to a reader.
+    text += (line.empty() && names.size() == 1 ? "\"\"" : line) + '\n';
   }
   return text;
 }
@@ -91,16 +100,17 @@ std::string ListText(const Json& rows) {
   return text;
 }
 
-std::string FormatRows(const Json& rows, OutputFormat format, int width) {
+std::string FormatRows(const Json& rows, OutputFormat format, int width,
+                       const std::vector<std::string>& names, bool color) {
   switch (format) {
     case OutputFormat::kJson:
       return JsonText(rows);
     case OutputFormat::kCsv:
-      return CsvText(rows);
+      return CsvText(rows, names);
     case OutputFormat::kList:
       return ListText(rows);
     default:
-      return TableText(rows, width);
+      return TableText(rows, width, names, color);
   }
 }
 

@@ -11,23 +11,30 @@
 
 namespace host {
 
-enum class OutputFormat { kTable, kList, kJson, kCsv };
+/// kChart draws networks alone and is no format of rows.
+enum class OutputFormat { kTable, kList, kJson, kCsv, kChart };
 
 /// The names that the command line takes, in the order of the enumeration.
-inline constexpr const char* kFormatNames[] = {"table", "list", "json", "csv"};
+inline constexpr const char* kFormatNames[] = {"table", "list", "json", "csv", "chart"};
+/// The format of a name, in any case of letters; none if there is no such format.
+std::optional<OutputFormat> FormatOf(std::string_view name);
 
-/// `rows` is a JSON array of objects; `width` is the number of columns that a table may fill.
-std::string FormatRows(const Json& rows, OutputFormat format, int width);
+/// `rows` is a JSON array of objects; `width` is the number of columns that a table may fill;
+/// `names` are the columns that were asked for, empty for those that the rows have; with `color` a
+/// table has bold headings, and a dim NULL where there is no value.
+std::string FormatRows(const Json& rows, OutputFormat format, int width,
+                       const std::vector<std::string>& names = {}, bool color = false);
 
 /// JSON with an indent of two blanks and a line end; texts that are no UTF-8 are mended.
 std::string JsonText(const Json& value);
 /// One header line, then one line for each row, as RFC 4180 writes them but with line feeds.
-std::string CsvText(const Json& rows);
+std::string CsvText(const Json& rows, std::vector<std::string> names = {});
 /// One `Name : Value` line for each value; a blank line between rows.
 std::string ListText(const Json& rows);
 /// Columns side by side; three or more that do not fit are turned: one line for each name, one
 /// column for each row, as many as fit.
-std::string TableText(const Json& rows, int width);
+std::string TableText(const Json& rows, int width, std::vector<std::string> names = {},
+                      bool color = false);
 
 /// All names of the rows in the order in which they first appear.
 std::vector<std::string> NamesOf(const Json& rows);

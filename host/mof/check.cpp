@@ -2,12 +2,18 @@
 
 #include <algorithm>
 
+#include "host/mof/registration.h"
+
 namespace host {
 namespace {
+
+constexpr std::string_view kModuleHosts[] = {"NetworkServiceHost", "LocalServiceHost",
+                                             "LocalSystemHost", "LocalSystemHostOrSelfHost"};
 
 class Checker {
  public:
   std::vector<std::string> Run(const Schema& schema) {
+    CheckRegistration(schema);
     CheckNames(schema.classes);
     for (const ClassDeclaration& declaration : schema.classes) CheckClass(declaration);
     return std::move(findings_);
@@ -29,12 +35,63 @@ class Checker {
     }
   }
 
+  /// The one instance of a class; an empty one, with a finding, if there are none or several.
+  const InstanceDeclaration& OnlyInstance(const Schema& schema, const std::string& className) {
+    static const InstanceDeclaration none;
+    const auto found = InstancesOf(schema, className);
+    Require(found.size() == 1, found.empty() ? 1 : found.back()->line, className,
+            std::to_string(found.size()) + " instances");
+    return found.size() == 1 ? *found.front() : none;
+  }
+
+  /// The provider's registration must say what its classes need, and nothing more.
+  void CheckRegistration(const Schema& schema) {
+    const InstanceDeclaration& provider = OnlyInstance(schema, "__Win32Provider");
+    provider_ = TextOf(provider, "Name");
+    const std::string host = TextOf(provider, "HostingModel");
+    Require(std::ranges::find(kModuleHosts, host) != std::end(kModuleHosts), provider.line,
+            "__Win32Provider", "no host for a module that acts as its clients: '" + host + "'");
+
+    const auto isWritten = [](const PropertyDeclaration& item) {
+      return item.qualifiers.Flag("write");
+    };
+    const bool serves = !schema.classes.empty();
+    const bool puts = std::ranges::any_of(schema.classes, [&](const ClassDeclaration& item) {
+      return std::ranges::any_of(item.properties, isWritten);
+    });
+    const bool runs = std::ranges::any_of(
+        schema.classes, [](const ClassDeclaration& item) { return !item.methods.empty(); });
+    const std::string kind = "__InstanceProviderRegistration";
+    const InstanceDeclaration& instances = OnlyInstance(schema, kind);
+    const std::pair<const char*, bool> flags[] = {{"SupportsGet", serves},
+                                                  {"SupportsEnumeration", serves},
+                                                  {"SupportsPut", puts},
+                                                  {"SupportsDelete", false}};
+    for (const auto& [flag, expected] : flags) {
+      Require(FlagOf(instances, flag) == expected, instances.line, kind,
+              std::string(flag) + " is not " + (expected ? "TRUE" : "FALSE"));
+    }
+    CheckReference(instances, provider, kind);
+    if (runs) {
+      const std::string methods = "__MethodProviderRegistration";
+      CheckReference(OnlyInstance(schema, methods), provider, methods);
+    }
+  }
+
+  void CheckReference(const InstanceDeclaration& registration, const InstanceDeclaration& provider,
+                      const std::string& where) {
+    if (registration.className.empty()) return;  // its absence is a finding already
+    Require(!provider.alias.empty() && SameName(TextOf(registration, "Provider"), provider.alias),
+            registration.line, where, "of another provider");
+  }
+
   void CheckClass(const ClassDeclaration& declaration) {
     const std::string& where = declaration.name;
     CheckQualifiers(declaration.qualifiers, declaration.line, where);
     Require(declaration.qualifiers.Flag("dynamic"), declaration.line, where, "not dynamic");
-    Require(!declaration.qualifiers.Text("provider").empty(), declaration.line, where,
-            "no provider");
+    const std::string provider = declaration.qualifiers.Text("provider");
+    Require(!provider.empty() && provider == provider_, declaration.line, where,
+            "its provider is not '" + provider_ + "'");
     const bool hasKey = std::ranges::any_of(
         declaration.properties,
         [](const PropertyDeclaration& property) { return property.qualifiers.Flag("key"); });
@@ -94,6 +151,7 @@ class Checker {
   }
 
   std::vector<std::string> findings_;
+  std::string provider_;  ///< the registered name
 };
 
 }  // namespace

@@ -8,8 +8,9 @@
 
 namespace host {
 
-/// Every finding as "LINE: WHERE: what is wrong", in the order of the declarations: names that
-/// stand twice, classes without provider or key, missing or ragged descriptions, types that the
+/// Every finding as "LINE: WHERE: what is wrong": first a registration that does not fit the
+/// classes, then, in the order of the declarations, names that stand twice, classes of another
+/// provider or without a key, missing or ragged descriptions, types that the
 /// provider does not put, accesses, parameter directions and numbers, uneven value maps.
 std::vector<std::string> CheckSchema(const Schema& schema);
 

@@ -6,53 +6,51 @@
 namespace host {
 namespace {
 
-/// `kind` is the index of the alternative of MofScalar that holds a value.
-struct CimTypeRow {
-  std::string_view word;
-  CIMTYPE type;
-  std::size_t kind;
-  std::int64_t minimum;
-  std::int64_t maximum;
+// Unsigned types wider than a byte travel in VT_I4, as the service carries them.
+constexpr CimType kTypes[] = {
+    {.word = "string", .type = CIM_STRING, .variantType = VT_BSTR},
+    {.word = "boolean", .type = CIM_BOOLEAN, .variantType = VT_BOOL},
+    {.word = "sint16",
+     .type = CIM_SINT16,
+     .variantType = VT_I2,
+     .least = INT16_MIN,
+     .most = INT16_MAX},
+    {.word = "sint32",
+     .type = CIM_SINT32,
+     .variantType = VT_I4,
+     .least = INT32_MIN,
+     .most = INT32_MAX},
+    {.word = "uint8", .type = CIM_UINT8, .variantType = VT_UI1, .most = UINT8_MAX},
+    {.word = "uint16", .type = CIM_UINT16, .variantType = VT_I4, .most = UINT16_MAX},
+    {.word = "uint32", .type = CIM_UINT32, .variantType = VT_I4, .most = UINT32_MAX},
+    {.word = "ref", .type = CIM_REFERENCE, .variantType = VT_BSTR},
+    {.word = "void", .type = CIM_EMPTY, .variantType = VT_EMPTY},
 };
-
-constexpr std::size_t kBoolean = 0;
-constexpr std::size_t kNumber = 1;
-constexpr std::size_t kText = 2;
-
-constexpr CimTypeRow kRows[] = {
-    {"string", CIM_STRING, kText, 0, 0},
-    {"boolean", CIM_BOOLEAN, kBoolean, 0, 0},
-    {"sint16", CIM_SINT16, kNumber, INT16_MIN, INT16_MAX},
-    {"sint32", CIM_SINT32, kNumber, INT32_MIN, INT32_MAX},
-    {"uint8", CIM_UINT8, kNumber, 0, UINT8_MAX},
-    {"uint16", CIM_UINT16, kNumber, 0, UINT16_MAX},
-    {"uint32", CIM_UINT32, kNumber, 0, UINT32_MAX},
-    {"ref", CIM_REFERENCE, kText, 0, 0},
-    {"void", CIM_EMPTY, std::variant_npos, 0, 0},
-};
-
-const CimTypeRow* FindRow(CIMTYPE type) {
-  const auto* row = std::ranges::find(kRows, type & ~CIM_FLAG_ARRAY, &CimTypeRow::type);
-  return row == std::end(kRows) ? nullptr : row;
-}
 
 }  // namespace
 
+const CimType* FindCimType(CIMTYPE type) {
+  const auto* row = std::ranges::find(kTypes, type & ~CIM_FLAG_ARRAY, &CimType::type);
+  return row == std::end(kTypes) ? nullptr : row;
+}
+
 CIMTYPE CimTypeNamed(std::string_view word) {
   const auto* row = std::ranges::find_if(
-      kRows, [word](const CimTypeRow& candidate) { return SameName(candidate.word, word); });
-  return row == std::end(kRows) ? static_cast<CIMTYPE>(CIM_ILLEGAL) : row->type;
+      kTypes, [word](const CimType& candidate) { return SameName(candidate.word, word); });
+  return row == std::end(kTypes) ? static_cast<CIMTYPE>(CIM_ILLEGAL) : row->type;
 }
 
 bool FitsCimType(const MofScalar& value, CIMTYPE type) {
-  const CimTypeRow* row = FindRow(type);
-  if (row == nullptr || row->kind != value.index()) return false;
-  const auto* number = std::get_if<std::int64_t>(&value);
-  return number == nullptr || (*number >= row->minimum && *number <= row->maximum);
+  const CimType* row = FindCimType(type);
+  if (row == nullptr) return false;
+  if (const auto* number = std::get_if<std::int64_t>(&value)) {
+    return row->most != 0 && *number >= row->least && *number <= row->most;
+  }
+  return row->variantType == (std::holds_alternative<bool>(value) ? VT_BOOL : VT_BSTR);
 }
 
 std::string CimTypeName(CIMTYPE type) {
-  const CimTypeRow* row = FindRow(type);
+  const CimType* row = FindCimType(type);
   std::string name(row == nullptr ? "unknown" : row->word);
   return (type & CIM_FLAG_ARRAY) != 0 ? name + "[]" : name;
 }

@@ -82,16 +82,17 @@ class Parser {
   void ReadPragma() {
     ExpectWord("pragma");
     const bool isNamespace = token_.IsName("namespace");
+    const bool isFlags = token_.IsName("classflags");  // for the compiler alone
     const bool isClass = token_.IsName("deleteclass");
-    if (!isNamespace && !isClass && !token_.IsName("deleteinstance")) {
-      Fail("namespace, deleteclass or deleteinstance");
+    if (!isNamespace && !isFlags && !isClass && !token_.IsName("deleteinstance")) {
+      Fail("namespace, classflags, deleteclass or deleteinstance");
     }
     Advance();
     Expect('(');
     std::string text = ExpectText("a text");
     if (isNamespace) {
       schema_.namespaceName = std::move(text);
-    } else {
+    } else if (!isFlags) {
       Expect(',');
       ExpectWord("NOFAIL");
       (isClass ? schema_.deletedClasses : schema_.deletedInstances).push_back(std::move(text));

@@ -2,6 +2,8 @@
 
 #include <sstream>
 
+#include "platform/ascii_case.h"
+
 namespace host {
 namespace {
 
@@ -15,19 +17,13 @@ std::string Shown(const MofScalar& value) {
 
 /// The anchor that Markdown readers make of a heading.
 std::string Anchor(std::string name) {
-  for (char& c : name) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  for (char& c : name) c = platform::AsciiLower(c);
   return name;
 }
 
 std::string ScalarText(const Qualifiers& qualifiers, std::string_view name) {
   const Qualifier* qualifier = qualifiers.Find(name);
   return qualifier == nullptr || qualifier->values.empty() ? "" : Shown(qualifier->values[0]);
-}
-
-std::string TypeOf(const PropertyDeclaration& item) {
-  return item.referencedClass.empty() ? CimTypeName(item.type) : item.referencedClass + " ref";
 }
 
 std::string AccessOf(const PropertyDeclaration& item) {
@@ -46,9 +42,7 @@ void AppendPart(std::string& text, const std::string& part) {
 /// Unit, range and values, as far as they are declared.
 std::string DomainOf(const Qualifiers& qualifiers) {
   std::string domain = ScalarText(qualifiers, "Units");
-  const std::string minimum = ScalarText(qualifiers, "MinValue");
-  const std::string maximum = ScalarText(qualifiers, "MaxValue");
-  if (!minimum.empty() && !maximum.empty()) AppendPart(domain, minimum + " to " + maximum);
+  AppendPart(domain, RangeText(qualifiers));
   const Qualifier* map = qualifiers.Find("ValueMap");
   if (map == nullptr) return domain;
   const Qualifier* values = qualifiers.Find("Values");
@@ -67,7 +61,7 @@ std::string Signature(const MethodDeclaration& method) {
   std::string text = CimTypeName(method.returnType) + " " + method.name + "(";
   for (const PropertyDeclaration& parameter : method.parameters) {
     if (&parameter != &method.parameters.front()) text += ", ";
-    text += AccessOf(parameter) + " " + TypeOf(parameter) + " " + parameter.name;
+    text += AccessOf(parameter) + " " + TypeText(parameter) + " " + parameter.name;
   }
   return text + ")";
 }
@@ -87,7 +81,7 @@ void WriteTable(std::ostream& out, const std::vector<PropertyDeclaration>& items
   out << "\n| " << heading << " | Type | Access | Unit or values | Description |\n"
       << "|---|---|---|---|---|\n";
   for (const PropertyDeclaration& item : items) {
-    out << "| `" << item.name << "` | " << TypeOf(item) << " | " << AccessOf(item) << " | "
+    out << "| `" << item.name << "` | " << TypeText(item) << " | " << AccessOf(item) << " | "
         << Escaped(DomainOf(item.qualifiers)) << " | "
         << Escaped(item.qualifiers.Text("Description")) << " |\n";
   }
@@ -124,7 +118,7 @@ void WriteWrapped(std::ostream& out, const std::string& text, std::size_t indent
 }
 
 void WriteItem(std::ostream& out, const PropertyDeclaration& item, std::size_t indent) {
-  out << std::string(indent, ' ') << item.name << ": " << TypeOf(item) << ", " << AccessOf(item)
+  out << std::string(indent, ' ') << item.name << ": " << TypeText(item) << ", " << AccessOf(item)
       << '\n';
   WriteWrapped(out, item.qualifiers.Text("Description"), indent + 4);
   if (const std::string domain = DomainOf(item.qualifiers); !domain.empty()) {
@@ -133,6 +127,16 @@ void WriteItem(std::ostream& out, const PropertyDeclaration& item, std::size_t i
 }
 
 }  // namespace
+
+std::string TypeText(const PropertyDeclaration& item) {
+  return item.referencedClass.empty() ? CimTypeName(item.type) : item.referencedClass + " ref";
+}
+
+std::string RangeText(const Qualifiers& qualifiers) {
+  const std::string minimum = ScalarText(qualifiers, "MinValue");
+  const std::string maximum = ScalarText(qualifiers, "MaxValue");
+  return minimum.empty() || maximum.empty() ? "" : minimum + " to " + maximum;
+}
 
 std::string ClassReference(const Schema& schema) {
   std::ostringstream out;

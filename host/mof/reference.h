@@ -10,6 +10,12 @@ namespace host {
 /// The Markdown reference of all classes, in the schema's order; UTF-8, lines end in \n.
 std::string ClassReference(const Schema& schema);
 
+/// The type of a property or parameter, "CLASS ref" for a reference.
+std::string TypeText(const PropertyDeclaration& item);
+
+/// "1 to 5", empty where no range is declared.
+std::string RangeText(const Qualifiers& qualifiers);
+
 /// One class as plain text, wrapped at 80 columns; for the command line.
 std::string DescribeClass(const ClassDeclaration& declaration);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/ascii_case.h"
+
 namespace host {
 namespace {
 
@@ -18,10 +20,6 @@ Kind ScalarOf(const Qualifier* qualifier) {
   if (qualifier == nullptr || qualifier->isArray || qualifier->values.empty()) return {};
   const Kind* value = std::get_if<Kind>(&qualifier->values.front());
   return value == nullptr ? Kind{} : *value;
-}
-
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace
@@ -51,8 +49,7 @@ const ClassDeclaration* Schema::FindClass(std::string_view className) const {
 }
 
 bool SameName(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right,
-                            [](char one, char other) { return Lower(one) == Lower(other); });
+  return platform::SameIgnoringAsciiCase(left, right);
 }
 
 }  // namespace host

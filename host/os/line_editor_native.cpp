@@ -1,55 +1,204 @@
-#include <editline/readline.h>
+#include <histedit.h>
+#include <langinfo.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <cwchar>
+#include <filesystem>
 
 #include "host/os/os.h"
 
 namespace host::os {
 namespace {
 
-// The library's own state is the process's too.
-const std::vector<std::string>* completions = nullptr;
+constexpr int kKeptLines = 1000;
+constexpr wchar_t kAbandonKey = 0x03;  // Ctrl-C, which the terminal turns into a signal
 
-/// The next completion of `start` each time it is called, null behind the last; `call` is 0 first.
-char* NextCompletion(const char* start, int call) {
-  static std::size_t next = 0;
-  if (call == 0) next = 0;
-  const std::string_view prefix = start;
-  while (completions != nullptr && next < completions->size()) {
-    const std::string& word = (*completions)[next++];
-    if (word.starts_with(prefix)) return strdup(word.c_str());
-  }
-  return nullptr;
+volatile std::sig_atomic_t interrupted = 0;
+
+void NoteInterrupt(int) {
+  interrupted = 1;
 }
 
-char** Complete(const char* start, int, int) {
-  rl_attempted_completion_over = 1;  // never file names
-  return rl_completion_matches(start, NextCompletion);
+/// Without it the editor takes only ASCII: the user's locale, or one with UTF-8 if that has none.
+void UseUtf8() {
+  if (std::setlocale(LC_CTYPE, "") != nullptr && std::string(nl_langinfo(CODESET)) == "UTF-8") {
+    return;
+  }
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
+/// Reads one character of UTF-8; an interrupt counts as the key that abandons the line.
+int ReadCharacter(EditLine*, wchar_t* character) {
+  std::mbstate_t state{};
+  while (true) {
+    char byte = 0;
+    const ssize_t count = read(STDIN_FILENO, &byte, 1);
+    if (interrupted != 0) {
+      interrupted = 0;
+      *character = kAbandonKey;
+      return 1;
+    }
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return static_cast<int>(count);
+    const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
+    if (used == static_cast<std::size_t>(-2)) continue;  // more bytes are to come
+    if (used == static_cast<std::size_t>(-1)) {
+      state = {};
+      continue;
+    }
+    return 1;
+  }
+}
+
+/// What all words begin with.
+std::string CommonStart(const std::vector<std::string>& words) {
+  std::string common = words.front();
+  for (const std::string& word : words) {
+    const auto differ = std::mismatch(common.begin(), common.end(), word.begin(), word.end());
+    common.erase(differ.first, common.end());
+  }
+  // No half of a character.
+  while (!common.empty() && common.size() < words.front().size() &&
+         (static_cast<unsigned char>(words.front()[common.size()]) & 0xC0) == 0x80) {
+    common.pop_back();
+  }
+  return common;
 }
 
 }  // namespace
 
 struct LineEditor::State {
-  std::vector<std::string> words;
+  Completer completer;
+  std::string historyFile;
+  std::string prompt;
+  bool abandoned = false;
+  EditLine* editor = nullptr;
+  History* history = nullptr;
+  struct sigaction before {};
+
+  static State& Of(EditLine* editor) {
+    void* state = nullptr;
+    el_get(editor, EL_CLIENTDATA, &state);
+    return *static_cast<State*>(state);
+  }
+  static const char* Prompt(EditLine* editor) { return Of(editor).prompt.c_str(); }
+  static unsigned char Abandon(EditLine* editor, int) {
+    Of(editor).abandoned = true;
+    return CC_EOF;
+  }
+  static unsigned char Complete(EditLine* editor, int);
 };
 
-LineEditor::LineEditor(std::vector<std::string> words)
-    : state_(std::make_unique<State>(State{std::move(words)})) {
-  completions = &state_->words;
-  rl_attempted_completion_function = Complete;
-  using_history();
+unsigned char LineEditor::State::Complete(EditLine* editor, int) {
+  const LineInfo* line = el_line(editor);
+  const std::string before(line->buffer, line->cursor);
+  Completion found = Of(editor).completer(before);
+  if (found.words.empty()) return CC_REFRESH_BEEP;
+  const std::string typed = before.substr(found.start);
+  const std::string common = CommonStart(found.words);
+  const bool only = found.words.size() == 1;
+  if (common != typed) {
+    // Its letters may have been typed in another case.
+    std::size_t characters = 0;
+    for (const char byte : typed) {
+      characters += (static_cast<unsigned char>(byte) & 0xC0) != 0x80 ? 1 : 0;
+    }
+    if (characters > 0) el_deletestr(editor, static_cast<int>(characters));
+    el_insertstr(editor, common.c_str());
+  }
+  const bool goesOn = common.ends_with('=') || common.ends_with('.') || common.ends_with('/');
+  if (only && !goesOn) el_insertstr(editor, " ");
+  if (only || common.size() > typed.size()) return CC_REFRESH;
+  std::fputc('\n', stdout);
+  for (const std::string& word : found.words) std::printf("%s\n", word.c_str());
+  std::fflush(stdout);
+  return CC_REDISPLAY;
+}
+
+LineEditor::LineEditor(Completer completer, const std::string& history)
+    : state_(std::make_unique<State>()) {
+  state_->completer = std::move(completer);
+  state_->historyFile = history;
+  UseUtf8();
+  state_->editor = el_init("wmihost", stdin, stdout, stderr);
+  state_->history = history_init();
+  HistEvent event;
+  ::history(state_->history, &event, H_SETSIZE, kKeptLines);
+  ::history(state_->history, &event, H_SETUNIQUE, 1);
+  if (!history.empty()) ::history(state_->history, &event, H_LOAD, history.c_str());
+  EditLine* editor = state_->editor;
+  el_set(editor, EL_CLIENTDATA, state_.get());
+  el_set(editor, EL_PROMPT, &State::Prompt);
+  el_set(editor, EL_EDITOR, "emacs");
+  el_set(editor, EL_HIST, &::history, state_->history);
+  el_set(editor, EL_GETCFN, &ReadCharacter);
+  el_set(editor, EL_ADDFN, "wmihost-complete", "Complete the word", &State::Complete);
+  el_set(editor, EL_ADDFN, "wmihost-abandon", "Abandon the line", &State::Abandon);
+  el_set(editor, EL_BIND, "^I", "wmihost-complete", nullptr);
+  el_set(editor, EL_BIND, "^C", "wmihost-abandon", nullptr);
+  el_set(editor, EL_BIND, "^R", "em-inc-search-prev", nullptr);
+  struct sigaction action {};
+  action.sa_handler = &NoteInterrupt;
+  sigaction(SIGINT, &action, &state_->before);
 }
 
 LineEditor::~LineEditor() {
-  completions = nullptr;
+  history_end(state_->history);
+  el_end(state_->editor);
+  sigaction(SIGINT, &state_->before, nullptr);
 }
 
 std::optional<std::string> LineEditor::Read(const std::string& prompt) {
-  const std::unique_ptr<char, decltype(&std::free)> line(readline(prompt.c_str()), &std::free);
-  if (line == nullptr) return std::nullopt;
-  if (*line != '\0') add_history(line.get());
-  return std::string(line.get());
+  state_->prompt = prompt;
+  state_->abandoned = false;
+  interrupted = 0;
+  el_resize(state_->editor);
+  int length = 0;
+  const char* typed = el_gets(state_->editor, &length);
+  if (state_->abandoned) {
+    std::printf("^C\n");
+    std::fflush(stdout);
+    return "";
+  }
+  if (typed == nullptr || length <= 0) {
+    std::printf("\n");
+    std::fflush(stdout);
+    return std::nullopt;
+  }
+  std::string line(typed, static_cast<std::size_t>(length));
+  if (line.ends_with('\n')) line.pop_back();
+  if (line.find_first_not_of(' ') == std::string::npos) return line;
+  HistEvent event;
+  ::history(state_->history, &event, H_ENTER, line.c_str());
+  if (!state_->historyFile.empty()) {
+    ::history(state_->history, &event, H_SAVE, state_->historyFile.c_str());
+    chmod(state_->historyFile.c_str(), S_IRUSR | S_IWUSR);
+  }
+  return line;
+}
+
+std::string HistoryFile() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  const char* home = std::getenv("HOME");
+  std::filesystem::path folder;
+  if (state != nullptr && *state == '/') {
+    folder = state;
+  } else if (home != nullptr && *home == '/') {
+    folder = std::filesystem::path(home) / ".local" / "state";
+  } else {
+    return "";
+  }
+  folder /= "wmihost";
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  return error ? "" : (folder / "history").string();
 }
 
 }  // namespace host::os

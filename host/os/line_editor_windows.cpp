@@ -1,20 +1,64 @@
+#include <atomic>
 #include <iostream>
 
 #include "host/os/os.h"
+#include "platform/text.h"
 
 namespace host::os {
+namespace {
+
+std::atomic<bool> interrupted = false;
+
+BOOL WINAPI NoteInterrupt(DWORD event) {
+  if (event != CTRL_C_EVENT) return FALSE;
+  interrupted = true;
+  return TRUE;
+}
+
+/// One line of a console, in UTF-8; none at its end, or if it is no console.
+std::optional<std::string> ReadConsole(HANDLE input) {
+  std::wstring line;
+  while (!line.ends_with(L'\n')) {
+    wchar_t part[512];
+    DWORD count = 0;
+    if (!ReadConsoleW(input, part, static_cast<DWORD>(std::size(part)), &count, nullptr) ||
+        count == 0) {
+      // An interrupt ends the reading of a line without one.
+      if (interrupted.exchange(false)) return "";
+      if (line.empty()) return std::nullopt;
+      break;
+    }
+    line.append(part, count);
+  }
+  while (line.ends_with(L'\n') || line.ends_with(L'\r')) line.pop_back();
+  if (line.find(L'\x1A') == 0) return std::nullopt;  // Ctrl-Z
+  return platform::Utf8Text(line);
+}
+
+}  // namespace
 
 // The console edits lines and keeps their history itself; it completes nothing.
 struct LineEditor::State {};
 
-LineEditor::LineEditor(std::vector<std::string>) {}
-LineEditor::~LineEditor() = default;
+LineEditor::LineEditor(Completer, const std::string&) {
+  SetConsoleCtrlHandler(&NoteInterrupt, TRUE);
+}
+LineEditor::~LineEditor() {
+  SetConsoleCtrlHandler(&NoteInterrupt, FALSE);
+}
 
 std::optional<std::string> LineEditor::Read(const std::string& prompt) {
   std::cout << prompt << std::flush;
+  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD mode = 0;
+  if (GetConsoleMode(input, &mode)) return ReadConsole(input);
   std::string line;
   if (!std::getline(std::cin, line)) return std::nullopt;
   return line;
+}
+
+std::string HistoryFile() {
+  return "";
 }
 
 }  // namespace host::os

@@ -1,10 +1,12 @@
+#include <dlfcn.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include "host/os/os.h"
-#include "platform/native/observe.h"
 
 namespace host::os {
 
@@ -16,6 +18,11 @@ void PrepareStreams() {}
 
 bool IsTerminal(int standardStream) {
   return isatty(standardStream) == 1;
+}
+
+bool TerminalColors() {
+  const char* terminal = std::getenv("TERM");
+  return IsTerminal(STDOUT_FILENO) && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
 std::optional<int> TerminalWidth() {
@@ -34,21 +41,34 @@ HMODULE LoadModule(const std::string& path) {
   return LoadLibraryA(path.c_str());
 }
 
+std::string LoadProblem(const std::string& path) {
+  // The loader's own words say which file or symbol is missing; they may begin with the path.
+  const char* words = dlerror();
+  const std::string problem = words == nullptr ? "unknown reason" : words;
+  return problem.starts_with(path + ": ") ? problem.substr(path.size() + 2) : problem;
+}
+
+std::string TemporaryPath() {
+  std::string path = (std::filesystem::temp_directory_path() / "wmihost-XXXXXX").string();
+  const int file = mkstemp(path.data());
+  if (file >= 0) close(file);
+  return path;
+}
+
 std::string LibraryFile(const std::string& name) {
   return "lib" + name + ".so";
 }
 
-bool KeepRegistryIn(const std::string& file) {
-  return native::KeepRegistryIn(file);
-}
 bool HasComRegistration() {
   return false;
 }
 HRESULT RegisteredClassFactory(REFCLSID, IClassFactory**) {
   return E_NOTIMPL;
 }
-HMODULE LoadedModule(const std::string&) {
-  return nullptr;
+HMODULE LoadedModule(const std::string& path) {
+  void* module = dlopen(path.c_str(), RTLD_NOLOAD | RTLD_LAZY);
+  if (module != nullptr) dlclose(module);  // who loaded it keeps it
+  return static_cast<HMODULE>(module);
 }
 void UnloadUnusedModules() {}
 
@@ -58,18 +78,6 @@ std::string FileName(const std::string& path) {
 
 void SetEnvironment(const char* name, const std::string& value) {
   SetEnvironmentVariableA(name, value.c_str());
-}
-
-void SetOsVersion(HMODULE, DWORD major, DWORD minor) {
-  native::SetOsVersion(VER_PLATFORM_WIN32_NT, major, minor);
-}
-
-// The registry lives in memory and starts empty.
-PrivateLocalMachine::PrivateLocalMachine() {
-  native::ClearRegistry();
-}
-PrivateLocalMachine::~PrivateLocalMachine() {
-  native::ClearRegistry();
 }
 
 // Debug output goes to standard error of its own accord.

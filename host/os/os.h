@@ -2,6 +2,8 @@
 // What the host needs of the operating system and what differs between Windows and elsewhere.
 // Texts and paths are UTF-8.
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +19,8 @@ std::vector<std::string> Arguments(int argc, char** argv);
 /// Makes standard output and standard error write bytes as they are, without line-end conversion.
 void PrepareStreams();
 bool IsTerminal(int standardStream);  ///< 0 input, 1 output, 2 error
+/// Whether standard output is a terminal that shows bold and dim text.
+bool TerminalColors();
 /// Columns of the terminal on standard output, none if there is none.
 std::optional<int> TerminalWidth();
 
@@ -25,12 +29,11 @@ std::string DefaultModulePath();
 /// Loads a module, and what it imports from its own folder and the system's, never from the current
 /// one; null if that fails.
 HMODULE LoadModule(const std::string& path);
+/// Why LoadModule failed just now, in words.
+std::string LoadProblem(const std::string& path);
 /// The name of a library's file: QuarnApi.dll or libQuarnApi.so.
 std::string LibraryFile(const std::string& name);
 
-/// Keeps the registry in a file from now on; false where the system has its own, or if the file
-/// cannot be used.
-bool KeepRegistryIn(const std::string& file);
 /// Whether the system itself makes objects of registered classes.
 bool HasComRegistration();
 /// The class factory of a registered class, where the system makes its objects.
@@ -39,22 +42,11 @@ HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory);
 HMODULE LoadedModule(const std::string& path);
 /// Lets the system unload the modules of registered classes that nobody needs any more.
 void UnloadUnusedModules();
+/// A path that nothing else has, for a file that is to be deleted; in the form of FileName.
+std::string TemporaryPath();
 /// A path in the form that the standard library's files and the environment take.
 std::string FileName(const std::string& path);
 void SetEnvironment(const char* name, const std::string& value);
-
-/// Lets the version query of `module` (null: of this program) answer NT `major`.`minor` from now
-/// on.
-void SetOsVersion(HMODULE module, DWORD major, DWORD minor);
-
-/// While it lives, HKEY_LOCAL_MACHINE of this process is an empty key of its own.
-class PrivateLocalMachine {
- public:
-  PrivateLocalMachine();
-  PrivateLocalMachine(const PrivateLocalMachine&) = delete;
-  PrivateLocalMachine& operator=(const PrivateLocalMachine&) = delete;
-  ~PrivateLocalMachine();
-};
 
 /// While it lives, debug output of this process goes to standard error, one line each.
 class DebugOutputToStderr {
@@ -74,21 +66,33 @@ class Apartment {
   ~Apartment();
 };
 
-/// Reads lines that a person types, with a history and completion where the system has them.
+/// Reads lines that a person types. Ctrl-C abandons the line, and while it lives ends nothing else.
 class LineEditor {
  public:
-  /// `words` are offered as completions.
-  explicit LineEditor(std::vector<std::string> words);
+  struct Completion {
+    std::size_t start = 0;           ///< of what is completed, in bytes from the start of the line
+    std::vector<std::string> words;  ///< what may stand from there to the cursor
+  };
+  /// Gives what may follow the text before the cursor.
+  using Completer = std::function<Completion(const std::string& before)>;
+
+  /// `history` is the file that keeps the lines across sessions, empty for none. Completion and the
+  /// file are only where the system has line editing of its own.
+  LineEditor(Completer completer, const std::string& history);
   LineEditor(const LineEditor&) = delete;
   LineEditor& operator=(const LineEditor&) = delete;
   ~LineEditor();
 
-  /// The next line without its end, none at the end of the input.
+  /// The next line without its end, empty for one that was abandoned, none at the end of the input.
   std::optional<std::string> Read(const std::string& prompt);
 
  private:
   struct State;
   std::unique_ptr<State> state_;
 };
+
+/// The file of the user's own state that keeps the shell's history, empty if there is none; its
+/// folder exists.
+std::string HistoryFile();
 
 }  // namespace host::os

@@ -3,55 +3,13 @@
 #include <objbase.h>
 #include <shellapi.h>
 
-#include <cstddef>
 #include <cstdio>
-#include <cstring>
 
 #include "host/os/os.h"
 #include "platform/text.h"
 
 namespace host::os {
 namespace {
-
-DWORD answeredMajor = 0;
-DWORD answeredMinor = 0;
-
-BOOL WINAPI AnswerVersion(OSVERSIONINFOA* info) {
-  info->dwMajorVersion = answeredMajor;
-  info->dwMinorVersion = answeredMinor;
-  info->dwBuildNumber = 0;
-  info->dwPlatformId = VER_PLATFORM_WIN32_NT;
-  info->szCSDVersion[0] = '\0';
-  return TRUE;
-}
-
-/// The module's slot for an imported function, null if it imports none of that name.
-ULONGLONG* ImportSlot(HMODULE module, const char* function) {
-  if (module == nullptr) module = GetModuleHandleW(nullptr);
-  auto* base = reinterpret_cast<std::byte*>(module);
-  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& directory =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  if (directory.VirtualAddress == 0) return nullptr;
-  const auto* import =
-      reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-  for (; import->Name != 0; ++import) {
-    if (import->OriginalFirstThunk == 0) continue;
-    const auto* name =
-        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + import->OriginalFirstThunk);
-    auto* slot = reinterpret_cast<IMAGE_THUNK_DATA64*>(base + import->FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-      if (IMAGE_SNAP_BY_ORDINAL64(name->u1.Ordinal)) continue;
-      const auto* byName =
-          reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-      if (std::strcmp(reinterpret_cast<const char*>(byName->Name), function) == 0) {
-        return &slot->u1.Function;
-      }
-    }
-  }
-  return nullptr;
-}
 
 // What OutputDebugStringA raises: the length and the address of its text.
 constexpr DWORD kDebugPrint = 0x40010006;
@@ -68,12 +26,6 @@ LONG CALLBACK PrintDebugOutput(EXCEPTION_POINTERS* pointers) {
 }
 
 void* debugOutputHandler = nullptr;
-
-constexpr const wchar_t* kScratchFolder = L"Software\\wmihost";
-
-std::wstring ScratchKey() {
-  return std::wstring(kScratchFolder) + L"\\" + std::to_wstring(GetCurrentProcessId());
-}
 
 }  // namespace
 
@@ -94,6 +46,13 @@ void PrepareStreams() {
 
 bool IsTerminal(int standardStream) {
   return _isatty(standardStream) != 0;
+}
+
+bool TerminalColors() {
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(output, &mode) &&
+         SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
 std::optional<int> TerminalWidth() {
@@ -119,13 +78,38 @@ HMODULE LoadModule(const std::string& path) {
                         LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
 }
 
+std::string LoadProblem(const std::string& path) {
+  const DWORD error = GetLastError();
+  const DWORD attributes = GetFileAttributesW(platform::WideFromUtf8(path).c_str());
+  std::string problem;
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    problem = "there is no such file";
+  } else if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    problem = "it is a folder";
+  } else if (error == ERROR_BAD_EXE_FORMAT) {
+    problem = "it is no 64-bit module";
+  } else if (error == ERROR_PROC_NOT_FOUND) {
+    problem = "a library that it needs lacks a function";
+  } else if (error == ERROR_MOD_NOT_FOUND) {
+    problem = "a library that it needs is missing";
+  } else if (error == ERROR_ACCESS_DENIED) {
+    problem = "access denied";
+  }
+  const std::string number = "system error " + std::to_string(error);
+  return problem.empty() ? number : problem + " (" + number + ")";
+}
+
+std::string TemporaryPath() {
+  char folder[MAX_PATH + 1];
+  char path[MAX_PATH + 1];
+  GetTempPathA(sizeof folder, folder);
+  return GetTempFileNameA(folder, "wmi", 0, path) == 0 ? std::string(folder) + "wmihost.tmp" : path;
+}
+
 std::string LibraryFile(const std::string& name) {
   return name + ".dll";
 }
 
-bool KeepRegistryIn(const std::string&) {
-  return false;
-}
 bool HasComRegistration() {
   return true;
 }
@@ -146,30 +130,6 @@ std::string FileName(const std::string& path) {
 
 void SetEnvironment(const char* name, const std::string& value) {
   SetEnvironmentVariableA(name, value.c_str());
-}
-
-void SetOsVersion(HMODULE module, DWORD major, DWORD minor) {
-  answeredMajor = major;
-  answeredMinor = minor;
-  ULONGLONG* slot = ImportSlot(module, "GetVersionExA");
-  DWORD protection = 0;
-  if (slot == nullptr || !VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection)) return;
-  *slot = reinterpret_cast<ULONGLONG>(&AnswerVersion);
-  VirtualProtect(slot, sizeof(*slot), protection, &protection);
-}
-
-PrivateLocalMachine::PrivateLocalMachine() {
-  HKEY key = nullptr;
-  RegCreateKeyExW(HKEY_CURRENT_USER, ScratchKey().c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                  KEY_ALL_ACCESS, nullptr, &key, nullptr);
-  RegOverridePredefKey(HKEY_LOCAL_MACHINE, key);
-  RegCloseKey(key);
-}
-
-PrivateLocalMachine::~PrivateLocalMachine() {
-  RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-  RegDeleteTreeW(HKEY_CURRENT_USER, ScratchKey().c_str());
-  RegDeleteKeyW(HKEY_CURRENT_USER, kScratchFolder);  // stays while another host uses it
 }
 
 DebugOutputToStderr::DebugOutputToStderr() {

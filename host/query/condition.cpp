@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <utility>
 
+#include "platform/ascii_case.h"
+
 namespace host {
 namespace {
 
 std::string Lower(std::string text) {
-  for (char& character : text) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 32);
-  }
+  for (char& character : text) character = platform::AsciiLower(character);
   return text;
 }
 
@@ -140,13 +140,14 @@ std::optional<bool> NotCondition::Holds(const CimObject& instance) const {
   return !*inner;
 }
 
-std::optional<bool> PairCondition::Holds(const CimObject& instance) const {
-  const std::optional<bool> left = left_->Holds(instance);
-  if (left == decisive_) return decisive_;
-  const std::optional<bool> right = right_->Holds(instance);
-  if (right == decisive_) return decisive_;
-  if (!left || !right) return std::nullopt;
-  return !decisive_;
+std::optional<bool> ChainCondition::Holds(const CimObject& instance) const {
+  std::optional<bool> result = !decisive_;
+  for (const auto& side : sides_) {
+    const std::optional<bool> holds = side->Holds(instance);
+    if (holds == decisive_) return decisive_;
+    if (!holds) result = std::nullopt;
+  }
+  return result;
 }
 
 }  // namespace host

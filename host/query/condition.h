@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/query/wql.h"
 
@@ -45,17 +46,17 @@ class NotCondition final : public Condition {
   std::unique_ptr<Condition> inner_;
 };
 
-/// AND or OR; `decisive` is the value of one side that decides the whole: false for AND.
-class PairCondition final : public Condition {
+/// AND or OR of any number of sides, side by side: however long the chain, nothing recurses over
+/// it. `decisive` is the value of one side that decides the whole: false for AND.
+class ChainCondition final : public Condition {
  public:
-  PairCondition(bool decisive, std::unique_ptr<Condition> left, std::unique_ptr<Condition> right)
-      : decisive_(decisive), left_(std::move(left)), right_(std::move(right)) {}
+  ChainCondition(bool decisive, std::vector<std::unique_ptr<Condition>> sides)
+      : decisive_(decisive), sides_(std::move(sides)) {}
   std::optional<bool> Holds(const CimObject& instance) const override;
 
  private:
   bool decisive_;
-  std::unique_ptr<Condition> left_;
-  std::unique_ptr<Condition> right_;
+  std::vector<std::unique_ptr<Condition>> sides_;
 };
 
 }  // namespace host

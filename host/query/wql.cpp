@@ -44,10 +44,16 @@ class Parser {
     Expect("FROM");
     const WqlToken className = Word("a class name");
     info_ = repository_.FindClass(className.text);
-    if (info_ == nullptr) Fail(className, "there is no class '" + className.text + "'");
+    if (info_ == nullptr) {
+      throw UnknownClassError("character " + std::to_string(className.position) +
+                              ": there is no class '" + className.text + "'" +
+                              repository_.DidYouMeanClass(className.text));
+    }
     query.className = info_->name();
     for (const WqlToken& column : columns) {
-      query.columns.push_back(info_->declaration.properties[Property(column)].name);
+      const std::optional<std::string> system = SystemPropertyName(column.text);
+      query.columns.push_back(system ? *system
+                                     : info_->declaration.properties[Property(column)].name);
     }
     if (Take("WHERE")) query.where = Or();
     if (tokens_[next_].kind != Kind::kEnd) Unexpected("the end of the query");
@@ -55,15 +61,15 @@ class Parser {
   }
 
  private:
-  ConditionPtr Or() { return Pairs("OR", true, &Parser::And); }
-  ConditionPtr And() { return Pairs("AND", false, &Parser::Not); }
+  ConditionPtr Or() { return Chain("OR", true, &Parser::And); }
+  ConditionPtr And() { return Chain("AND", false, &Parser::Not); }
 
-  ConditionPtr Pairs(std::string_view word, bool decisive, ConditionPtr (Parser::*side)()) {
-    ConditionPtr left = (this->*side)();
-    while (Take(word)) {
-      left = std::make_unique<PairCondition>(decisive, std::move(left), (this->*side)());
-    }
-    return left;
+  ConditionPtr Chain(std::string_view word, bool decisive, ConditionPtr (Parser::*side)()) {
+    std::vector<ConditionPtr> sides;
+    do sides.push_back((this->*side)());
+    while (Take(word));
+    if (sides.size() == 1) return std::move(sides.front());
+    return std::make_unique<ChainCondition>(decisive, std::move(sides));
   }
 
   ConditionPtr Not() {
@@ -82,7 +88,8 @@ class Parser {
   }
 
   ConditionPtr Compare() {
-    const std::size_t property = Property(Word("a property name"));
+    const WqlToken name = Word("a property name");
+    const std::size_t property = Property(name);
     if (Take("IS")) {
       const bool wanted = !Take("NOT");
       Expect("NULL");
@@ -94,8 +101,13 @@ class Parser {
       if (equality && Take("NULL")) {
         return std::make_unique<NullCondition>(property, comparison == Comparison::kEqual);
       }
-      return std::make_unique<CompareCondition>(property, comparison,
-                                                Literal(comparison == Comparison::kLike));
+      const WqlToken where = tokens_[next_];
+      Json literal = Literal(comparison == Comparison::kLike);
+      const CIMTYPE type = info_->declaration.properties[property].type;
+      if (literal.is_string() && type == CIM_BOOLEAN) {
+        Fail(where, name.text + " is a boolean; it is compared with TRUE or FALSE");
+      }
+      return std::make_unique<CompareCondition>(property, comparison, std::move(literal));
     }
     Unexpected("=, <>, <, <=, >, >=, LIKE or IS");
   }
@@ -128,8 +140,7 @@ class Parser {
   std::size_t Property(const WqlToken& name) {
     const std::optional<std::size_t> property = info_->FindProperty(name.text);
     if (!property) {
-      Fail(name, info_->name() + " has no property '" + name.text + "'; it has " +
-                     info_->PropertyNames());
+      Fail(name, info_->NoProperty(name.text));
     }
     return *property;
   }

@@ -22,6 +22,12 @@ class QueryError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A query of a class that there is not.
+class UnknownClassError : public QueryError {
+ public:
+  using QueryError::QueryError;
+};
+
 /// A condition on one instance: true, false, or none where a missing value decides.
 class Condition {
  public:

@@ -39,6 +39,19 @@ std::string MofText(const Json& value) {
 
 }  // namespace
 
+std::optional<std::string> SystemPropertyName(std::string_view name) {
+  for (const char* known : {"__CLASS", "__RELPATH", "__PATH"}) {
+    if (SameName(known, name)) return known;
+  }
+  return std::nullopt;
+}
+
+Json CimObject::SystemValue(const std::string& name) const {
+  if (name == "__CLASS") return info_->name();
+  const std::optional<std::string> path = name == "__PATH" ? Path() : RelativePath();
+  return path ? Json(*path) : Json();
+}
+
 CimObject::CimObject(const ClassInfo& info, Kind kind) : info_(&info), kind_(kind) {
   for (const PropertyDeclaration& property : info.declaration.properties) {
     values_.push_back(DefaultOf(property));

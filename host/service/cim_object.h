@@ -11,6 +11,10 @@
 
 namespace host {
 
+/// The spelling of a system property that can be shown beside a class's own: __CLASS, __RELPATH or
+/// __PATH; none for any other name.
+std::optional<std::string> SystemPropertyName(std::string_view name);
+
 /// A class definition or an instance as a value: which properties were put, in which order, and
 /// what they hold. The class outlives it.
 class CimObject {
@@ -38,6 +42,8 @@ class CimObject {
   std::optional<std::string> RelativePath() const;
   /// \\.\root\cimv2:Class.Key="value"
   std::optional<std::string> Path() const;
+  /// What a system property holds that SystemPropertyName knows; null where it has no value.
+  Json SystemValue(const std::string& name) const;
   /// The object as MOF text.
   std::string Text() const;
 

@@ -11,9 +11,9 @@ namespace {
 
 using platform::Variant;
 
-constexpr HRESULT kNotFound = static_cast<HRESULT>(WBEM_E_NOT_FOUND);
-constexpr HRESULT kNotSupported = static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED);
-constexpr HRESULT kInvalidParameter = static_cast<HRESULT>(WBEM_E_INVALID_PARAMETER);
+constexpr HRESULT kNotFound = WBEM_E_NOT_FOUND;
+constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
+constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
 
 // Asks an object for its host object; no other component knows this interface.
 constexpr IID kIidHostObject = {
@@ -117,7 +117,7 @@ HRESULT ClassObject::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type
     copy = Variant::CopyOf(object_.Value(*index));
     declared = object_.info().declaration.properties[*index].type;
   }
-  if (copy.type() == VT_ERROR) return static_cast<HRESULT>(WBEM_E_OUT_OF_MEMORY);
+  if (copy.type() == VT_ERROR) return WBEM_E_OUT_OF_MEMORY;
   if (value != nullptr) {
     // The caller's VARIANT may hold anything: an out-parameter is not read.
     VariantInit(value);
@@ -138,12 +138,12 @@ HRESULT ClassObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type)
 }
 
 HRESULT ClassObject::TryPut(const std::string& key, VARIANT* value, CIMTYPE type) {
-  if (FindSystemProperty(key) != nullptr) return static_cast<HRESULT>(WBEM_E_READ_ONLY);
+  if (FindSystemProperty(key) != nullptr) return WBEM_E_READ_ONLY;
   const std::optional<std::size_t> index = object_.info().FindProperty(key);
   if (!index) return kNotFound;
   if (object_.isClass()) return kNotSupported;
   if (type != 0 && type != object_.info().declaration.properties[*index].type) {
-    return static_cast<HRESULT>(WBEM_E_TYPE_MISMATCH);
+    return WBEM_E_TYPE_MISMATCH;
   }
   if (value == nullptr) return object_.Put(*index, TextValue(std::nullopt).get());
   return object_.Put(*index, *value);
@@ -197,7 +197,7 @@ HRESULT ClassObject::BeginEnumeration(LONG flags) {
 
 HRESULT ClassObject::Next(LONG flags, BSTR* name, VARIANT* value, CIMTYPE* type, LONG* flavor) {
   if (flags != 0) return kInvalidParameter;
-  if (!enumerating_) return static_cast<HRESULT>(WBEM_E_UNEXPECTED);
+  if (!enumerating_) return WBEM_E_UNEXPECTED;
   if (next_ == enumerated_.size()) return WBEM_S_NO_MORE_DATA;
   platform::Bstr text(platform::WideFromUtf8(enumerated_[next_]));
   if (!text) return E_OUTOFMEMORY;

@@ -10,8 +10,8 @@
 namespace host {
 namespace {
 
-constexpr HRESULT kInvalidParameter = static_cast<HRESULT>(WBEM_E_INVALID_PARAMETER);
-constexpr HRESULT kNotSupported = static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED);
+constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
+constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
 
 class InstanceEnumerator final : public ComObject<IEnumWbemClassObject, IID_IEnumWbemClassObject> {
  public:
@@ -81,7 +81,7 @@ HRESULT Namespace::GetObject(const BSTR path, LONG flags, IWbemContext* context,
   const std::string name = platform::Utf8Text(platform::ViewOf(path));
   CheckContext("GetObject(" + name + ")", context);
   const ClassInfo* info = repository_.FindClass(name);
-  if (info == nullptr) return static_cast<HRESULT>(WBEM_E_NOT_FOUND);
+  if (info == nullptr) return WBEM_E_NOT_FOUND;
   *object = pool_.New<ClassObject>(pool_, CimObject(*info, CimObject::Kind::kClass)).release();
   return S_OK;
 }
@@ -93,7 +93,7 @@ HRESULT Namespace::CreateInstanceEnum(const BSTR className, LONG, IWbemContext* 
   const std::string name = platform::Utf8Text(platform::ViewOf(className));
   CheckContext("CreateInstanceEnum(" + name + ")", context);
   const ClassInfo* info = repository_.FindClass(name);
-  if (info == nullptr) return static_cast<HRESULT>(WBEM_E_INVALID_CLASS);
+  if (info == nullptr) return WBEM_E_INVALID_CLASS;
   // An enumeration of the provider's own classes would come back to the provider.
   if (std::ranges::find(repository_.served(), info) != repository_.served().end()) {
     return kNotSupported;

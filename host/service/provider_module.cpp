@@ -1,5 +1,9 @@
 #include "host/service/provider_module.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
 #include "host/os/os.h"
 #include "host/service/result_codes.h"
 #include "platform/registry_key.h"
@@ -8,10 +12,22 @@
 namespace host {
 namespace {
 
-constexpr CLSID kProviderClass = {
-    0x3B14BAD6, 0xC364, 0x4576, {0x82, 0x71, 0x39, 0xB5, 0x85, 0x0A, 0xBD, 0xA8}};
-constexpr const OLECHAR* kServerKey =
-    OLESTR("CLSID\\{3B14BAD6-C364-4576-8271-39B5850ABDA8}\\InprocServer32");
+/// The identifier that a text of the form {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX} states.
+CLSID ParseClassId(const std::string& text) {
+  unsigned long first = 0;
+  unsigned bytes[10] = {};
+  int end = 0;
+  const int read = std::sscanf(text.c_str(), "{%8lx-%4x-%4x-%2x%2x-%2x%2x%2x%2x%2x%2x}%n", &first,
+                               &bytes[0], &bytes[1], &bytes[2], &bytes[3], &bytes[4], &bytes[5],
+                               &bytes[6], &bytes[7], &bytes[8], &bytes[9], &end);
+  if (read != 11 || end != 38 || text.size() != 38) {
+    throw ModuleError("the schema's '" + text + "' is no class identifier");
+  }
+  CLSID id = {
+      static_cast<DWORD>(first), static_cast<WORD>(bytes[0]), static_cast<WORD>(bytes[1]), {}};
+  std::copy(std::begin(bytes) + 2, std::end(bytes), id.Data4);
+  return id;
+}
 
 template <class Function>
 Function Export(HMODULE module, const char* name) {
@@ -25,16 +41,17 @@ using ResultFunction = HRESULT(STDAPICALLTYPE*)();
 HMODULE Load(const std::string& path) {
   const HMODULE module = os::LoadModule(path);
   if (module == nullptr) {
-    throw ModuleError("the module '" + path + "' cannot be loaded: system error " +
-                      std::to_string(GetLastError()));
+    throw ModuleError("the module '" + path + "' cannot be loaded: " + os::LoadProblem(path));
   }
   return module;
 }
 
-std::string RegisteredPath() {
+std::string RegisteredPath(const std::string& classId) {
+  const platform::OleString server =
+      platform::WideFromUtf8("CLSID\\" + classId + "\\InprocServer32");
   platform::RegistryKey key;
   std::optional<platform::OleString> path;
-  if (key.Open(HKEY_CLASSES_ROOT, kServerKey, KEY_READ) == 0) path = key.Text({});
+  if (key.Open(HKEY_CLASSES_ROOT, server, KEY_READ) == 0) path = key.Text({});
   if (!path) throw ModuleError("the provider's class is not registered");
   return platform::Utf8Text(*path);
 }
@@ -51,8 +68,8 @@ ProviderModule::ProviderModule(const std::string& path, bool loadedByCom)
 
 ProviderModule::ProviderModule(const std::string& path) : ProviderModule(path, false) {}
 
-ProviderModule ProviderModule::Registered() {
-  return ProviderModule(RegisteredPath(), os::HasComRegistration());
+ProviderModule ProviderModule::Registered(const std::string& classId) {
+  return ProviderModule(RegisteredPath(classId), os::HasComRegistration());
 }
 
 ProviderModule::~ProviderModule() {
@@ -63,17 +80,18 @@ HMODULE ProviderModule::handle() const {
   return loadedByCom_ ? os::LoadedModule(path_) : module_;
 }
 
-platform::ComPtr<IClassFactory> ProviderModule::Factory() const {
+platform::ComPtr<IClassFactory> ProviderModule::Factory(const std::string& classId) const {
+  const CLSID provider = ParseClassId(classId);
   platform::ComPtr<IClassFactory> factory;
   HRESULT result = S_OK;
   if (loadedByCom_) {
-    result = os::RegisteredClassFactory(kProviderClass, factory.put());
+    result = os::RegisteredClassFactory(provider, factory.put());
   } else {
     const auto getClassObject = Export<GetClassObjectFunction>(module_, "DllGetClassObject");
     if (getClassObject == nullptr) {
       throw ModuleError("the module '" + path_ + "' does not export DllGetClassObject");
     }
-    result = getClassObject(kProviderClass, IID_IClassFactory, factory.put_void());
+    result = getClassObject(provider, IID_IClassFactory, factory.put_void());
   }
   if (FAILED(result) || !factory) {
     throw ModuleError("the module '" + path_ +

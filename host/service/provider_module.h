@@ -23,17 +23,17 @@ class ProviderModule {
  public:
   /// Loads a file; the path is UTF-8. Throws ModuleError.
   explicit ProviderModule(const std::string& path);
-  /// The module that the registry names for the provider's class; where the system makes objects of
+  /// The module that the registry names for the class "{…}"; where the system makes objects of
   /// registered classes, it loads the module. Throws ModuleError.
-  static ProviderModule Registered();
+  static ProviderModule Registered(const std::string& classId);
   ProviderModule(const ProviderModule&) = delete;
   ProviderModule& operator=(const ProviderModule&) = delete;
   ~ProviderModule();
 
   /// The module itself; null before the first Factory() of a registered one.
   HMODULE handle() const;
-  /// The class factory of the provider. Throws ModuleError.
-  platform::ComPtr<IClassFactory> Factory() const;
+  /// The factory of the class "{…}". Throws ModuleError.
+  platform::ComPtr<IClassFactory> Factory(const std::string& classId) const;
   /// Reports a module that cannot be unloaded although nothing of it is held any more.
   void CheckUnloadable(Defects& defects) const;
 

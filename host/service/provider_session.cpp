@@ -101,6 +101,7 @@ template <class Operation>
 Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expected,
                              Operation operation) {
   Outcome outcome;
+  if (watcher_) watcher_(&request);
   {
     platform::ComPtr<RequestContext> context = pool_.New<RequestContext>();
     platform::ComPtr<RequestSink> sink = pool_.New<RequestSink>(defects_, request, expected);
@@ -110,6 +111,7 @@ Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expect
     outcome = sink->Finish(returned);
     namespace_.BeginRequest("between requests", nullptr);
   }
+  if (watcher_) watcher_(nullptr);
   pool_.Sweep(request, defects_);
   return outcome;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "host/service/namespace.h"
 #include "host/service/request_sink.h"
@@ -26,7 +28,8 @@ class ProviderSession {
   /// Releases the provider and everything that belongs to it; reports what it still holds.
   void Stop();
 
-  const Repository& repository() const { return repository_; }
+  /// `watcher` is told of each request before it is made, and with null when it has ended.
+  void Watch(std::function<void(const std::string*)> watcher) { watcher_ = std::move(watcher); }
 
   Outcome Enumerate(const std::string& className);
   Outcome Get(const std::string& path);
@@ -48,6 +51,7 @@ class ProviderSession {
   platform::ComPtr<IWbemProviderInit> provider_;
   platform::ComPtr<IWbemServices> services_;
   HRESULT initStatus_ = S_OK;
+  std::function<void(const std::string*)> watcher_;
 };
 
 }  // namespace host

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/service/nearest.h"
+
 namespace host {
 namespace {
 
@@ -72,6 +74,23 @@ std::string ClassInfo::PropertyNames() const {
   return names;
 }
 
+std::string ClassInfo::NoProperty(std::string_view propertyName) const {
+  std::vector<std::string> names;
+  for (const PropertyDeclaration& property : declaration.properties) {
+    names.push_back(property.name);
+  }
+  return name() + " has no property '" + std::string(propertyName) + "'" +
+         DidYouMean(propertyName, names) + "; it has " + PropertyNames();
+}
+
+std::string ClassInfo::KeyNames() const {
+  std::string names;
+  for (const PropertyDeclaration& property : declaration.properties) {
+    if (property.qualifiers.Flag("key")) names += (names.empty() ? "" : ", ") + property.name;
+  }
+  return names.find(',') == std::string::npos ? "its key is " + names : "its keys are " + names;
+}
+
 Repository::Repository(std::string_view mof, const std::string& name) {
   Add(ParseMof(kPlatformClasses, "platform classes"), false);
   Add(ParseMof(mof, name), true);
@@ -108,6 +127,12 @@ const ClassInfo* Repository::FindClass(std::string_view className) const {
     if (SameName(info->name(), className)) return info.get();
   }
   return nullptr;
+}
+
+std::string Repository::DidYouMeanClass(std::string_view className) const {
+  std::vector<std::string> names;
+  for (const ClassInfo* info : served_) names.push_back(info->name());
+  return DidYouMean(className, names);
 }
 
 std::string ClassNameOfPath(std::string_view path) {

@@ -35,6 +35,10 @@ struct ClassInfo {
   const MethodInfo* FindMethod(std::string_view methodName) const;
   /// The names of all properties, for messages: "A, B, C".
   std::string PropertyNames() const;
+  /// Says that there is no such property, and which there are.
+  std::string NoProperty(std::string_view propertyName) const;
+  /// "its keys are A, B": those that an object path gives.
+  std::string KeyNames() const;
 };
 
 class Repository {
@@ -44,6 +48,8 @@ class Repository {
 
   /// A class of the schema or of the platform, none if unknown.
   const ClassInfo* FindClass(std::string_view className) const;
+  /// "; did you mean CLASS?" for a class that is unknown, nothing if none is near.
+  std::string DidYouMeanClass(std::string_view className) const;
   /// The classes that the provider serves, in the order of the schema.
   const std::vector<const ClassInfo*>& served() const { return served_; }
 

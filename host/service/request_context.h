@@ -21,14 +21,12 @@ class RequestContext final : public ComObject<IWbemContext, IID_IWbemContext> {
   HRESULT STDMETHODCALLTYPE Next(LONG, BSTR*, VARIANT*) override { return WBEM_S_NO_MORE_DATA; }
   HRESULT STDMETHODCALLTYPE EndEnumeration() override { return S_OK; }
   HRESULT STDMETHODCALLTYPE SetValue(LPCWSTR, LONG, VARIANT*) override { return kNotSupported; }
-  HRESULT STDMETHODCALLTYPE GetValue(LPCWSTR, LONG, VARIANT*) override {
-    return static_cast<HRESULT>(WBEM_E_NOT_FOUND);
-  }
+  HRESULT STDMETHODCALLTYPE GetValue(LPCWSTR, LONG, VARIANT*) override { return WBEM_E_NOT_FOUND; }
   HRESULT STDMETHODCALLTYPE DeleteValue(LPCWSTR, LONG) override { return kNotSupported; }
   HRESULT STDMETHODCALLTYPE DeleteAll() override { return kNotSupported; }
 
  private:
-  static constexpr HRESULT kNotSupported = static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED);
+  static constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
 };
 
 }  // namespace host

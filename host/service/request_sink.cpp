@@ -36,22 +36,22 @@ bool RequestSink::Accept(IWbemClassObject* object) {
 HRESULT RequestSink::Indicate(LONG count, IWbemClassObject** objects) {
   if (status_) {
     Report("Indicate after the final status");
-    return static_cast<HRESULT>(WBEM_E_UNEXPECTED);
+    return WBEM_E_UNEXPECTED;
   }
   if (count < 1 || objects == nullptr) {
     Report("Indicate with " +
            (objects == nullptr ? std::string("no array") : std::to_string(count) + " objects"));
-    return static_cast<HRESULT>(WBEM_E_INVALID_PARAMETER);
+    return WBEM_E_INVALID_PARAMETER;
   }
   bool accepted = true;
   for (LONG index = 0; index < count; ++index) accepted = Accept(objects[index]) && accepted;
-  return accepted ? S_OK : static_cast<HRESULT>(WBEM_E_INVALID_OBJECT);
+  return accepted ? S_OK : WBEM_E_INVALID_OBJECT;
 }
 
 HRESULT RequestSink::SetStatus(LONG flags, HRESULT status, BSTR, IWbemClassObject*) {
   if (status_) {
     Report("SetStatus again after the final status");
-    return static_cast<HRESULT>(WBEM_E_UNEXPECTED);
+    return WBEM_E_UNEXPECTED;
   }
   if (flags != WBEM_STATUS_COMPLETE) Report("SetStatus with flags " + std::to_string(flags));
   status_ = status;
@@ -77,7 +77,7 @@ HRESULT InitSink::SetStatus(LONG status, LONG flags) {
 
 HRESULT InitSink::Finish() {
   if (!status_) defects_.Add("Initialize: no final status");
-  return status_.value_or(static_cast<HRESULT>(WBEM_E_INITIALIZATION_FAILURE));
+  return status_.value_or(WBEM_E_INITIALIZATION_FAILURE);
 }
 
 }  // namespace host

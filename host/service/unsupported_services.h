@@ -100,7 +100,7 @@ class UnsupportedServices : public ComObject<IWbemServices, IID_IWbemServices> {
   }
 
  private:
-  static HRESULT Refuse() { return static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED); }
+  static HRESULT Refuse() { return WBEM_E_NOT_SUPPORTED; }
   template <class Interface>
   static HRESULT Refuse(Interface** result) {
     if (result != nullptr) *result = nullptr;

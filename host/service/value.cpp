@@ -2,10 +2,10 @@
 
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <utility>
 
+#include "host/mof/cim_types.h"
 #include "platform/text.h"
 
 namespace host {
@@ -13,34 +13,13 @@ namespace {
 
 using platform::Variant;
 
-constexpr HRESULT kTypeMismatch = static_cast<HRESULT>(WBEM_E_TYPE_MISMATCH);
-constexpr HRESULT kOutOfRange = static_cast<HRESULT>(WBEM_E_VALUE_OUT_OF_RANGE);
+constexpr HRESULT kTypeMismatch = WBEM_E_TYPE_MISMATCH;
+constexpr HRESULT kOutOfRange = WBEM_E_VALUE_OUT_OF_RANGE;
 
-struct TypeRow {
-  CIMTYPE type;
-  VARTYPE variantType;
-  std::int64_t least;  ///< both 0 for what is no integer
-  std::int64_t most;
-};
-
-// Unsigned types wider than a byte travel in VT_I4, as the service carries them.
-constexpr TypeRow kTypes[] = {
-    {CIM_STRING, VT_BSTR, 0, 0},
-    {CIM_REFERENCE, VT_BSTR, 0, 0},
-    {CIM_BOOLEAN, VT_BOOL, 0, 0},
-    {CIM_UINT8, VT_UI1, 0, 0xFF},
-    {CIM_SINT16, VT_I2, -0x8000, 0x7FFF},
-    {CIM_UINT16, VT_I4, 0, 0xFFFF},
-    {CIM_SINT32, VT_I4, std::numeric_limits<std::int32_t>::min(),
-     std::numeric_limits<std::int32_t>::max()},
-    {CIM_UINT32, VT_I4, 0, 0xFFFFFFFF},
-};
-
-const TypeRow* FindType(CIMTYPE type) {
-  for (const TypeRow& row : kTypes) {
-    if (row.type == (type & ~CIM_FLAG_ARRAY)) return &row;
-  }
-  return nullptr;
+/// The row of a type that has values.
+const CimType* FindType(CIMTYPE type) {
+  const CimType* row = FindCimType(type);
+  return row == nullptr || row->variantType == VT_EMPTY ? nullptr : row;
 }
 
 bool IsArray(CIMTYPE type) {
@@ -73,7 +52,7 @@ Variant Integer(VARTYPE variantType, std::int64_t number) {
   return value;
 }
 
-HRESULT ConvertScalar(const TypeRow& row, const VARIANT& value, Variant* converted) {
+HRESULT ConvertScalar(const CimType& row, const VARIANT& value, Variant* converted) {
   const std::optional<std::int64_t> number = IntegerOf(value);
   if (row.most != 0) {
     if (!number) return kTypeMismatch;
@@ -141,18 +120,18 @@ Variant NullValue() {
   return value;
 }
 
-std::string Accepted(const TypeRow& row) {
+std::string Accepted(const CimType& row) {
   if (row.variantType == VT_BSTR) return "text";
   if (row.type == CIM_BOOLEAN) return "true or false";
   return "a whole number from " + std::to_string(row.least) + " to " + std::to_string(row.most);
 }
 
-[[noreturn]] void Refuse(CIMTYPE type, const TypeRow& row, std::string_view text) {
+[[noreturn]] void Refuse(CIMTYPE type, const CimType& row, std::string_view text) {
   throw ValueError("'" + std::string(text) + "' is no value of type " + CimTypeName(type) +
                    ", which takes " + Accepted(row));
 }
 
-Variant ScalarFromText(CIMTYPE type, const TypeRow& row, std::string_view text) {
+Variant ScalarFromText(CIMTYPE type, const CimType& row, std::string_view text) {
   if (row.variantType == VT_BSTR) return Variant::Text(platform::WideFromUtf8(text));
   if (row.type == CIM_BOOLEAN) {
     if (SameName(text, "true")) return Variant::Boolean(true);
@@ -168,8 +147,8 @@ Variant ScalarFromText(CIMTYPE type, const TypeRow& row, std::string_view text) 
   return Integer(row.variantType, number);
 }
 
-const TypeRow& TypeOrThrow(CIMTYPE type) {
-  const TypeRow* row = FindType(type);
+const CimType& TypeOrThrow(CIMTYPE type) {
+  const CimType* row = FindType(type);
   if (row == nullptr) throw ValueError("type " + CimTypeName(type) + " cannot be held");
   return *row;
 }
@@ -187,14 +166,8 @@ Json ScalarToJson(CIMTYPE type, const VARIANT& value) {
 
 }  // namespace
 
-VARTYPE VariantTypeOf(CIMTYPE type) {
-  const TypeRow* row = FindType(type);
-  if (row == nullptr) return VT_EMPTY;
-  return static_cast<VARTYPE>(row->variantType | (IsArray(type) ? VT_ARRAY : 0));
-}
-
 HRESULT Convert(CIMTYPE type, const VARIANT& value, Variant* converted) {
-  const TypeRow* row = FindType(type);
+  const CimType* row = FindType(type);
   if (row == nullptr) return kTypeMismatch;
   if (value.vt == VT_NULL) {
     *converted = NullValue();
@@ -209,7 +182,7 @@ HRESULT Convert(CIMTYPE type, const VARIANT& value, Variant* converted) {
 }
 
 Variant FromMof(CIMTYPE type, const std::vector<MofScalar>& values) {
-  const TypeRow& row = TypeOrThrow(type);
+  const CimType& row = TypeOrThrow(type);
   std::vector<Variant> elements;
   for (const MofScalar& scalar : values) {
     if (const bool* flag = std::get_if<bool>(&scalar)) {
@@ -225,7 +198,7 @@ Variant FromMof(CIMTYPE type, const std::vector<MofScalar>& values) {
 }
 
 Variant FromTypedText(CIMTYPE type, std::string_view text) {
-  const TypeRow& row = TypeOrThrow(type);
+  const CimType& row = TypeOrThrow(type);
   if (SameName(text, "null")) return NullValue();
   if (!IsArray(type)) return ScalarFromText(type, row, text);
   std::vector<Variant> elements;

@@ -14,9 +14,6 @@ namespace host {
 
 using Json = nlohmann::ordered_json;
 
-/// The VARIANT type that carries a declared type; VT_EMPTY for a type that the host does not hold.
-VARTYPE VariantTypeOf(CIMTYPE type);
-
 /// Converts `value` to the declared type as the service does at a put of type 0: NULL fits every
 /// type, integers fit integer types that can hold them and become decimal text in a string, a text
 /// fits only texts, a boolean only booleans. Anything else gives WBEM_E_TYPE_MISMATCH, an integer

@@ -13,9 +13,11 @@ namespace {
 
 std::atomic<int> live{0};
 std::atomic<int> untilFailure{0};
+std::atomic<bool (*)()> allocationFault{nullptr};
 
 // True for the one allocation that brings the count down to zero.
 bool MustFail() {
+  if (const auto fault = allocationFault.load(); fault != nullptr && fault()) return true;
   int left = untilFailure.load();
   while (left > 0 && !untilFailure.compare_exchange_weak(left, left - 1)) {
   }
@@ -38,6 +40,9 @@ void FreeBlock(void* block) {
 
 void FailAllocation(int nth) {
   untilFailure = nth;
+}
+void SetAllocationFault(bool (*mustFail)()) {
+  allocationFault = mustFail;
 }
 int LiveAllocations() {
   return live;

@@ -4,16 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "platform/native/code_page_1252.h"
 #include "platform/native/letter_case.h"
 #include "platform/native/system.h"
 
 namespace {
-
-// Bytes 0x80 to 0x9F; every other byte is the character of its own number.
-constexpr OLECHAR kHighControls[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 struct BestFitRun {
   OLECHAR first;
@@ -24,7 +19,7 @@ constexpr BestFitRun kBestFit[] = {
 };
 
 constexpr OLECHAR WideOf(BYTE byte) {
-  return byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80] : byte;
+  return byte >= 0x80 && byte < 0xA0 ? platform::kCodePage1252Controls[byte - 0x80] : byte;
 }
 
 // The byte of every character, exact or similar; 0 for those that have none.
@@ -205,4 +200,13 @@ int CompareStringW(LCID, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR righ
       first.begin(), first.end(), second.begin(), second.end(),
       [&](OLECHAR one, OLECHAR other) { return unitOf(one) <=> unitOf(other); });
   return order < 0 ? CSTR_LESS_THAN : order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
+}
+
+int LCMapStringW(LCID, DWORD flags, LPCWSTR text, int length, LPWSTR mapped, int mappedLength) {
+  if (flags != LCMAP_UPPERCASE || text == nullptr || length <= 0 || mappedLength < length) {
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return 0;
+  }
+  std::transform(text, text + length, mapped, native::Capital);
+  return length;
 }

@@ -20,6 +20,8 @@ void SetOsVersion(DWORD platformId, DWORD major, DWORD minor);
 
 /// The n-th text or value allocation from now on (1 is the next) fails, once; 0 switches it off.
 void FailAllocation(int nth);
+/// Asked at each of them whether it must fail; none switches it off. Must not allocate.
+void SetAllocationFault(bool (*mustFail)());
 /// Blocks of texts (BSTR) and arrays alive in the process; an array has two, itself and its data.
 int LiveAllocations();
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <type_traits>
 
 #include "platform/native/observe.h"
@@ -109,26 +110,34 @@ void ClearRegistry() {
 
 }  // namespace native
 
-LSTATUS RegOpenKeyExA(HKEY key, LPCSTR subKey, DWORD, REGSAM, HKEY* result) {
+LSTATUS RegOpenKeyExA(HKEY key, LPCSTR subKey, DWORD, REGSAM, HKEY* result) try {
   return OpenKey(key, WideName(subKey), result);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD, REGSAM, HKEY* result) {
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD, REGSAM, HKEY* result) try {
   return OpenKey(key, View(subKey), result);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
 LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, DWORD* reserved, DWORD* type, BYTE* data,
-                         DWORD* size) {
+                         DWORD* size) try {
   return QueryValue<CHAR>(key, WideName(name), reserved, type, data, size);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
 LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data,
-                         DWORD* size) {
+                         DWORD* size) try {
   return QueryValue<WCHAR>(key, View(name), reserved, type, data, size);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
 LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD, LPWSTR, DWORD, REGSAM, void*, HKEY* result,
-                        DWORD* disposition) {
+                        DWORD* disposition) try {
   const std::u16string_view path = View(subKey);
   if (result == nullptr || !native::IsWellFormed(path)) return ERROR_INVALID_PARAMETER;
   *result = nullptr;
@@ -146,19 +155,24 @@ LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD, LPWSTR, DWORD, REGSAM, 
     *disposition = exists ? REG_OPENED_EXISTING_KEY : REG_CREATED_NEW_KEY;
   }
   return ERROR_SUCCESS;
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* data, DWORD size) {
+LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* data,
+                       DWORD size) try {
   if (data == nullptr && size != 0) return ERROR_NOACCESS;
   if (!native::IsWellFormed(View(name))) return ERROR_INVALID_PARAMETER;
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
   native::SetValue(call.key.get(), {std::u16string(View(name)), type, {data, data + size}});
   return call.registry.Save();
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
 LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, DWORD* length, DWORD*, LPWSTR, DWORD*,
-                      void*) {
+                      void*) try {
   if (name == nullptr || length == nullptr) return ERROR_INVALID_PARAMETER;
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
@@ -169,9 +183,11 @@ LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, DWORD* length, DWORD*,
   if (room <= found.size()) return ERROR_MORE_DATA;
   name[found.copy(name, found.size())] = u'\0';
   return ERROR_SUCCESS;
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey) {
+LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey) try {
   if (subKey == nullptr) return ERROR_INVALID_PARAMETER;
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
@@ -180,9 +196,11 @@ LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey) {
   if (!found->keys.empty()) return ERROR_ACCESS_DENIED;
   Registry::Delete(found.get());
   return call.registry.Save();
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR subKey) {
+LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR subKey) try {
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
   const RegistryKeyRef found = Registry::Descend(call.key, View(subKey), false);
@@ -194,15 +212,19 @@ LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR subKey) {
     Registry::Delete(found.get());
   }
   return call.registry.Save();
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegCloseKey(HKEY key) {
+LSTATUS RegCloseKey(HKEY key) try {
   Registry& registry = Registry::Instance();
   const std::lock_guard guard(registry.lock);
   return registry.Close(key);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }
 
-LSTATUS RegOverridePredefKey(HKEY key, HKEY replacement) {
+LSTATUS RegOverridePredefKey(HKEY key, HKEY replacement) try {
   if (replacement == nullptr) {
     Registry& registry = Registry::Instance();
     const std::lock_guard guard(registry.lock);
@@ -210,4 +232,6 @@ LSTATUS RegOverridePredefKey(HKEY key, HKEY replacement) {
   }
   Call call(replacement);
   return call.result != ERROR_SUCCESS ? call.result : call.registry.Override(key, call.key);
+} catch (const std::bad_alloc&) {
+  return ERROR_OUTOFMEMORY;
 }

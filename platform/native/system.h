@@ -4,7 +4,8 @@
 // Narrower than Windows:
 // - the only ANSI code page is 1252; CP_UTF8 converts as well, no other page is known;
 // - CompareStringW compares code units, with NORM_IGNORECASE after folding the letters of code
-//   page 1252; it knows no locale;
+//   page 1252; it knows no locale. LCMapStringW makes capitals of the same letters and maps nothing
+//   else;
 // - the registry lives in memory (see observe.h for the file that can keep it), knows REG_SZ,
 //   REG_DWORD and REG_BINARY, and has no access rights;
 // - a module is found by the path given or beside the calling program; "userenv.dll" is built in;
@@ -20,7 +21,9 @@ inline constexpr DWORD MB_ERR_INVALID_CHARS = 8;
 
 inline constexpr LCID LOCALE_SYSTEM_DEFAULT = 0x0800;
 inline constexpr LCID LOCALE_USER_DEFAULT = 0x0400;
+inline constexpr LCID LOCALE_INVARIANT = 0x7F;
 inline constexpr DWORD NORM_IGNORECASE = 1;
+inline constexpr DWORD LCMAP_UPPERCASE = 0x200;
 inline constexpr int CSTR_LESS_THAN = 1;
 inline constexpr int CSTR_EQUAL = 2;
 inline constexpr int CSTR_GREATER_THAN = 3;
@@ -70,6 +73,9 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int wideLength
                         int length, LPCSTR defaultChar, BOOL* usedDefaultChar);
 int CompareStringW(LCID locale, DWORD flags, LPCWSTR left, int leftLength, LPCWSTR right,
                    int rightLength);
+
+int LCMapStringW(LCID locale, DWORD flags, LPCWSTR text, int length, LPWSTR mapped,
+                 int mappedLength);
 
 BOOL GetVersionExA(OSVERSIONINFOA* info);
 void OutputDebugStringA(LPCSTR text);

@@ -58,21 +58,8 @@ constexpr HRESULT HResultOf(std::uint32_t bits) {
 
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
-inline constexpr HRESULT E_NOTIMPL = HResultOf(0x80004001);
-inline constexpr HRESULT E_NOINTERFACE = HResultOf(0x80004002);
-inline constexpr HRESULT E_POINTER = HResultOf(0x80004003);
-inline constexpr HRESULT E_FAIL = HResultOf(0x80004005);
-inline constexpr HRESULT E_UNEXPECTED = HResultOf(0x8000FFFF);
-inline constexpr HRESULT E_ACCESSDENIED = HResultOf(0x80070005);
-inline constexpr HRESULT E_OUTOFMEMORY = HResultOf(0x8007000E);
-inline constexpr HRESULT E_INVALIDARG = HResultOf(0x80070057);
-inline constexpr HRESULT CLASS_E_NOAGGREGATION = HResultOf(0x80040110);
-inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = HResultOf(0x80040111);
-inline constexpr HRESULT DISP_E_TYPEMISMATCH = HResultOf(0x80020005);
-inline constexpr HRESULT DISP_E_BADVARTYPE = HResultOf(0x80020008);
-inline constexpr HRESULT DISP_E_OVERFLOW = HResultOf(0x8002000A);
-inline constexpr HRESULT DISP_E_BADINDEX = HResultOf(0x8002000B);
-inline constexpr HRESULT DISP_E_ARRAYISLOCKED = HResultOf(0x8002000D);
+#define COM_RESULT(name, bits, meaning) inline constexpr HRESULT name = HResultOf(bits);
+#include "platform/native/result_codes.inc"
 
 inline constexpr DWORD ERROR_SUCCESS = 0;
 inline constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
@@ -87,6 +74,7 @@ inline constexpr DWORD ERROR_NO_MORE_ITEMS = 259;
 inline constexpr DWORD ERROR_ENVVAR_NOT_FOUND = 203;
 inline constexpr DWORD ERROR_MOD_NOT_FOUND = 126;
 inline constexpr DWORD ERROR_PROC_NOT_FOUND = 127;
+inline constexpr DWORD ERROR_OUTOFMEMORY = 14;
 inline constexpr DWORD ERROR_NOACCESS = 998;
 inline constexpr DWORD ERROR_NO_TOKEN = 1008;
 inline constexpr DWORD ERROR_REGISTRY_IO_FAILED = 1016;

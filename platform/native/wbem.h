@@ -31,39 +31,8 @@ enum CIMTYPE_ENUMERATION : LONG {
   CIM_FLAG_ARRAY = 0x2000,
 };
 
-inline constexpr HRESULT WBEM_S_NO_ERROR = 0;
-inline constexpr HRESULT WBEM_S_FALSE = 1;
-inline constexpr HRESULT WBEM_S_NO_MORE_DATA = 0x40005;
-inline constexpr HRESULT WBEM_E_FAILED = HResultOf(0x80041001);
-inline constexpr HRESULT WBEM_E_NOT_FOUND = HResultOf(0x80041002);
-inline constexpr HRESULT WBEM_E_ACCESS_DENIED = HResultOf(0x80041003);
-inline constexpr HRESULT WBEM_E_PROVIDER_FAILURE = HResultOf(0x80041004);
-inline constexpr HRESULT WBEM_E_TYPE_MISMATCH = HResultOf(0x80041005);
-inline constexpr HRESULT WBEM_E_OUT_OF_MEMORY = HResultOf(0x80041006);
-inline constexpr HRESULT WBEM_E_INVALID_CONTEXT = HResultOf(0x80041007);
-inline constexpr HRESULT WBEM_E_INVALID_PARAMETER = HResultOf(0x80041008);
-inline constexpr HRESULT WBEM_E_NOT_AVAILABLE = HResultOf(0x80041009);
-inline constexpr HRESULT WBEM_E_CRITICAL_ERROR = HResultOf(0x8004100A);
-inline constexpr HRESULT WBEM_E_NOT_SUPPORTED = HResultOf(0x8004100C);
-inline constexpr HRESULT WBEM_E_INVALID_NAMESPACE = HResultOf(0x8004100E);
-inline constexpr HRESULT WBEM_E_INVALID_OBJECT = HResultOf(0x8004100F);
-inline constexpr HRESULT WBEM_E_INVALID_CLASS = HResultOf(0x80041010);
-inline constexpr HRESULT WBEM_E_PROVIDER_NOT_FOUND = HResultOf(0x80041011);
-inline constexpr HRESULT WBEM_E_PROVIDER_LOAD_FAILURE = HResultOf(0x80041013);
-inline constexpr HRESULT WBEM_E_INITIALIZATION_FAILURE = HResultOf(0x80041014);
-inline constexpr HRESULT WBEM_E_INVALID_QUERY = HResultOf(0x80041017);
-inline constexpr HRESULT WBEM_E_INVALID_QUERY_TYPE = HResultOf(0x80041018);
-inline constexpr HRESULT WBEM_E_UNEXPECTED = HResultOf(0x8004101D);
-inline constexpr HRESULT WBEM_E_READ_ONLY = HResultOf(0x80041023);
-inline constexpr HRESULT WBEM_E_PROVIDER_NOT_CAPABLE = HResultOf(0x80041024);
-inline constexpr HRESULT WBEM_E_ILLEGAL_NULL = HResultOf(0x80041028);
-inline constexpr HRESULT WBEM_E_VALUE_OUT_OF_RANGE = HResultOf(0x8004102B);
-inline constexpr HRESULT WBEM_E_INVALID_METHOD = HResultOf(0x8004102E);
-inline constexpr HRESULT WBEM_E_INVALID_METHOD_PARAMETERS = HResultOf(0x8004102F);
-inline constexpr HRESULT WBEM_E_INVALID_PROPERTY = HResultOf(0x80041031);
-inline constexpr HRESULT WBEM_E_CALL_CANCELLED = HResultOf(0x80041032);
-inline constexpr HRESULT WBEM_E_INVALID_OBJECT_PATH = HResultOf(0x8004103A);
-inline constexpr HRESULT WBEM_E_METHOD_NOT_IMPLEMENTED = HResultOf(0x80041055);
+#define WBEM_RESULT(name, bits, meaning) inline constexpr HRESULT name = HResultOf(bits);
+#include "platform/native/result_codes.inc"
 
 inline constexpr IID IID_IWbemContext = {
     0x44aca674, 0xe8fc, 0x11d0, {0xA0, 0x7C, 0x00, 0xC0, 0x4F, 0xB6, 0x88, 0x20}};

@@ -11,6 +11,7 @@ namespace wifi {
 
 /// One served adapter, as discovery found it.
 struct AdapterEntry {
+  std::string key;                 ///< the key text, under which the map holds it
   platform::OleString deviceId;    ///< DeviceID of its Win32_NetworkAdapter; its key in every class
   platform::OleString macAddress;  ///< as the platform wrote it
   platform::OleString caption;     ///< may be empty
@@ -24,10 +25,11 @@ struct AdapterEntry {
 /// The served adapters by key text (the device id in the ANSI code page), ordered byte by byte.
 using AdapterMap = std::map<std::string, AdapterEntry, std::less<>>;
 
-/// The entry with exactly this key text, none otherwise.
-inline AdapterEntry* FindAdapterEntry(AdapterMap& adapters, std::string_view key) {
-  const auto found = adapters.find(key);
-  return found == adapters.end() ? nullptr : &found->second;
+/// The entry with exactly this key text, none otherwise and none without a map.
+inline AdapterEntry* FindAdapterEntry(AdapterMap* adapters, std::string_view key) {
+  if (adapters == nullptr) return nullptr;
+  const auto found = adapters->find(key);
+  return found == adapters->end() ? nullptr : &found->second;
 }
 
 }  // namespace wifi

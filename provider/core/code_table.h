@@ -1,16 +1,20 @@
 #pragma once
-// Codes and bit sets of the adapter control library as texts: rows of data and three look-ups.
+// Codes and bit sets of the libraries as texts: three look-ups in rows of data.
 
 #include <cstdint>
 #include <span>
-#include <string>
+
+#include "adapterapi/codes.h"
+#include "platform/short_text.h"
 
 namespace wifi {
 
-struct CodeText {
-  std::uint32_t code;
-  const char* text;
-};
+using adapterapi::CodeText;
+
+// The words for a code or a bit that a table lacks; each class has its own.
+inline constexpr char kUnknown[] = "Unknown";
+inline constexpr char kBracketedUnknown[] = "<Unknown>";
+inline constexpr char kUnKnown[] = "UnKnown";  // with the capital in the middle
 
 /// The text of the row with this code, `unknown` without one.
 constexpr const char* TextOfCode(std::span<const CodeText> rows, std::uint32_t code,
@@ -30,11 +34,12 @@ constexpr const char* TextOfFirstBit(std::span<const CodeText> rows, std::uint32
   return unknown;
 }
 
-/// The texts of all rows that share a bit with `bits`, in table order, one after the other.
-inline std::string TextOfAllBits(std::span<const CodeText> rows, std::uint32_t bits) {
-  std::string text;
+/// The texts of all rows that share a bit with `bits`, in table order, one after the other. The
+/// room is that of the longest table.
+inline platform::ShortText<160> TextOfAllBits(std::span<const CodeText> rows, std::uint32_t bits) {
+  platform::ShortText<160> text;
   for (const CodeText& row : rows) {
-    if ((row.code & bits) != 0) text += row.text;
+    if ((row.code & bits) != 0) text.Add(row.text);
   }
   return text;
 }

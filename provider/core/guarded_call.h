@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "adapterapi/operations.h"
 #include "provider/core/trace.h"
 
@@ -25,7 +23,7 @@ GuardedResult GuardedCall(adapterapi::AdapterApi& api,
   try {
     return {false, (api.*getter.call)(adapter, &output)};
   } catch (...) {
-    TraceException(("Exception from Quarn API " + std::string(getter.name)).c_str());
+    TraceException(getter.raisedLine);
     output = before;
     return {true, 0};
   }

@@ -17,27 +17,43 @@ inline constexpr const OLECHAR* kSettingId = OLESTR("SettingID");
 HRESULT SpawnClassInstance(const ProviderState& state, const OLECHAR* className,
                            platform::ComPtr<IWbemClassObject>& instance, IWbemContext* context);
 
+// The calls out of the provider. Each runs behind the fence: what the service's objects raise is a
+// C++ exception that ends the request, unless said otherwise.
+
+/// The definition of a class of the namespace; a success without one is WBEM_E_FAILED.
+HRESULT GetClassDefinition(const ProviderState& state, const OLECHAR* className,
+                           IWbemContext* context, platform::ComPtr<IWbemClassObject>& definition);
+HRESULT SpawnInstance(IWbemClassObject& definition, platform::ComPtr<IWbemClassObject>& instance);
+/// Reads one property.
+HRESULT GetPropertyValue(IWbemClassObject& instance, const OLECHAR* name, platform::Variant& value);
+
 /// Writes one property with the class's own type. E_FAIL without an instance or a name, and when
 /// the instance throws; otherwise the instance's answer.
 HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, platform::Variant value);
 
-/// The same without a fence: what the instance throws ends the request.
-HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, platform::Variant value);
+/// The same, but what the instance throws ends the request. The value stays the caller's.
+HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value);
 
 /// The value of the first key with exactly this name; a key without a name matches only a missing
 /// name. It belongs to the path; VT_EMPTY without a match.
 const VARIANT& GetPathKeyValue(const ParsedPath& path, const OLECHAR* keyName);
 
+/// The text of a value that holds one, none otherwise.
+inline const OLECHAR* TextOf(const VARIANT& value) {
+  return value.vt == VT_BSTR ? value.bstrVal : nullptr;
+}
+
 /// The ANSI text of a key; empty if the key is missing or holds no text.
 std::string PathKeyText(const ParsedPath& path, const OLECHAR* keyName);
 
 /// The adapter that a path's key names, none if there is no such adapter.
-AdapterEntry* FindAdapterByPath(ProviderState& state, const ParsedPath& path,
+AdapterEntry* FindAdapterByPath(const ProviderState& state, const ParsedPath& path,
                                 const OLECHAR* keyName);
 
 /// Hands one instance to the sink and answers with what it says; `otherwise` without an instance.
 inline HRESULT Indicate(const Delivery& delivery, IWbemClassObject* instance, HRESULT otherwise) {
-  return instance == nullptr ? otherwise : delivery.sink->Indicate(1, &instance);
+  if (instance == nullptr) return otherwise;
+  return platform::CallFenced([&] { return delivery.sink->Indicate(1, &instance); });
 }
 
 /// Spawns an instance of the class, has `fill` (IWbemClassObject* to HRESULT) fill it, and
@@ -54,14 +70,12 @@ HRESULT DeliverInstance(const ProviderState& state, const Delivery& delivery,
 /// Calls `visit` (AdapterEntry& to HRESULT) for every adapter in key order, until one answers
 /// anything but 0, a success code included; answers with the last result, 0 without adapters.
 template <class Visit>
-HRESULT VisitAdapters(ProviderState& state, Visit&& visit) {
-  HRESULT result = WBEM_S_NO_ERROR;
-  for (auto next = state.adapters.begin(); next != state.adapters.end() && result == 0; ++next) {
-    const std::string key = next->first;
-    AdapterEntry* entry = FindAdapterEntry(state.adapters, key);
-    result = entry == nullptr ? WBEM_E_NOT_FOUND : visit(*entry);
+HRESULT VisitAdapters(const ProviderState& state, Visit&& visit) {
+  if (!state.adapters) return WBEM_S_NO_ERROR;
+  for (auto& [key, entry] : *state.adapters) {
+    if (const HRESULT result = visit(entry); result != 0) return result;
   }
-  return result;
+  return WBEM_S_NO_ERROR;
 }
 
 }  // namespace wifi

@@ -1,9 +1,12 @@
 #include "provider/core/object_path.h"
 
 #include <algorithm>
+#include <concepts>
+#include <new>
 
+#include "platform/ascii_case.h"
+#include "platform/short_text.h"
 #include "platform/text.h"
-#include "provider/core/format.h"
 #include "provider/core/path_lexer.h"
 
 namespace wifi {
@@ -17,19 +20,14 @@ bool IsSlash(OLECHAR character) {
   return character == OLECHAR('\\') || character == OLECHAR('/');
 }
 
-OLECHAR FoldAscii(OLECHAR character) {
-  return character >= OLECHAR('A') && character <= OLECHAR('Z')
-             ? static_cast<OLECHAR>(character + ('a' - 'A'))
-             : character;
-}
-
 bool NameLess(const PathKey& left, const PathKey& right) {
   const OleString none;
   const OleString& first = left.name ? *left.name : none;
   const OleString& second = right.name ? *right.name : none;
   return std::lexicographical_compare(
-      first.begin(), first.end(), second.begin(), second.end(),
-      [](OLECHAR one, OLECHAR other) { return FoldAscii(one) < FoldAscii(other); });
+      first.begin(), first.end(), second.begin(), second.end(), [](OLECHAR one, OLECHAR other) {
+        return platform::AsciiLower(one) < platform::AsciiLower(other);
+      });
 }
 
 OleString QuotedText(OleStringView text) {
@@ -41,18 +39,22 @@ OleString QuotedText(OleStringView text) {
   return quoted += OLECHAR('"');
 }
 
+OleString DecimalText(std::integral auto number) {
+  return platform::WideText(platform::ShortText<16>().Decimal(number));
+}
+
 OleString ValueText(const VARIANT& value) {
   switch (value.vt) {
     case VT_BSTR:
       return QuotedText(platform::ViewOf(value.bstrVal));
     case VT_I4:
-      return platform::WideText(FormatText("%d", static_cast<int>(value.lVal)));
+      return DecimalText(value.lVal);
     case VT_UI4:
-      return platform::WideText(FormatText("%u", static_cast<unsigned>(value.ulVal)));
+      return DecimalText(value.ulVal);
     case VT_I2:
-      return platform::WideText(FormatText("%hd", value.iVal));
+      return DecimalText(value.iVal);
     case VT_UI2:
-      return platform::WideText(FormatText("%hu", value.uiVal));
+      return DecimalText(value.uiVal);
     default:
       return {};
   }
@@ -177,6 +179,8 @@ void ParsedPath::AddKey(const OLECHAR* name, const VARIANT& value) {
   PathKey& key = keys.emplace_back();
   if (name != nullptr) key.name.emplace(name);
   key.value = Variant::CopyOf(value);
+  // A path that lost a value for want of memory would be another object's.
+  if (key.value.type() == VT_ERROR) throw std::bad_alloc();
 }
 
 OleString ParsedPath::KeyListText() const {

@@ -4,9 +4,12 @@
 #include <cstdint>
 #include <limits>
 
+#include "platform/ascii_case.h"
+
 namespace wifi {
 namespace {
 
+using platform::AsciiLower;
 using platform::OleStringView;
 
 // The longest number, sign and prefix included, has one character less.
@@ -16,20 +19,14 @@ bool IsDigit(OLECHAR character) {
   return character >= OLECHAR('0') && character <= OLECHAR('9');
 }
 
-OLECHAR Lower(OLECHAR character) {
-  return character >= OLECHAR('A') && character <= OLECHAR('Z')
-             ? static_cast<OLECHAR>(character + ('a' - 'A'))
-             : character;
-}
-
 int HexDigit(OLECHAR character) {
   if (IsDigit(character)) return character - OLECHAR('0');
-  const OLECHAR lower = Lower(character);
+  const OLECHAR lower = AsciiLower(character);
   return lower >= OLECHAR('a') && lower <= OLECHAR('f') ? lower - OLECHAR('a') + 10 : -1;
 }
 
 bool IsWordCharacter(OLECHAR character) {
-  const OLECHAR lower = Lower(character);
+  const OLECHAR lower = AsciiLower(character);
   return IsDigit(character) || character == OLECHAR('_') || character >= 0x80 ||
          (lower >= OLECHAR('a') && lower <= OLECHAR('z'));
 }
@@ -61,9 +58,7 @@ bool IsPathBlank(OLECHAR character) {
 }
 
 bool PathToken::isWord(OleStringView word) const {
-  return kind == kWord &&
-         std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                    [](OLECHAR one, OLECHAR other) { return Lower(one) == other; });
+  return kind == kWord && platform::SameIgnoringAsciiCase(word, text);
 }
 
 PathToken PathLexer::Next() {
@@ -109,7 +104,7 @@ PathToken PathLexer::Integer() {
   const PathToken error{PathToken::kError, {}, 0};
   if (text.size() >= kNumberTextLimit) return error;
 
-  if (text.size() > 2 && text[0] == OLECHAR('0') && Lower(text[1]) == OLECHAR('x')) {
+  if (text.size() > 2 && text[0] == OLECHAR('0') && AsciiLower(text[1]) == OLECHAR('x')) {
     std::uint32_t bits = 0;
     for (const OLECHAR character : text.substr(2)) {
       const int digit = HexDigit(character);

@@ -22,9 +22,9 @@ class PropertyWriter {
     if (open()) result_ = PutPropertyValue(instance_, name, std::move(value));
     return result_;
   }
-  /// For the key, which is put without a fence.
-  HRESULT PutKey(const OLECHAR* name, platform::Variant value) {
-    if (open()) result_ = PutDirectly(instance_, name, std::move(value));
+  /// For the key: what the instance throws ends the request.
+  HRESULT PutKey(const OLECHAR* name, const platform::Variant& value) {
+    if (open()) result_ = PutDirectly(instance_, name, value.get());
     return result_;
   }
   HRESULT PutText(const OLECHAR* name, platform::OleStringView text) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "adapterapi/adapter_api.h"
@@ -31,22 +32,28 @@ struct ArraySlots {
   platform::SafeArray previous;
 };
 
-/// What class code may see of the provider. Owned by InstanceProvider, used on the thread of its
-/// apartment; requests only read the adapters, Initialize alone replaces them.
-/// Members go in the reverse of their order: arrays first, the namespace last.
-struct ProviderState {
-  explicit ProviderState(adapterapi::AdapterApi& adapterApi) : api(adapterApi) {}
-
-  adapterapi::AdapterApi& api;
-  platform::ComPtr<IWbemServices> services;  ///< the namespace; none before Initialize
-  AdapterMap adapters;
+/// What all requests of a provider share. Members go in the reverse of their order: arrays first.
+struct ProviderMemory {
   LastKnownValues lastKnown;
   std::uint32_t discoveryState = 0;
-  std::uint32_t initialized = 0;  ///< 1 once Initialize ran
   std::uint32_t reserved[2] = {0, 0};
   std::string encodedDomain;  ///< of the interactive user, see EncodeIdentity
   std::string encodedUser;
   std::array<ArraySlots, 5> statisticsArrays;  ///< of WiFi_AdapterTxRxStats
+};
+
+/// What class code may see of the provider, used on the thread of its apartment. Each request works
+/// on a copy: Initialize, which may come while a request calls out, replaces the namespace and the
+/// adapters of the provider, not those that a request started with.
+struct ProviderState {
+  ProviderState(adapterapi::AdapterApi& adapterApi, ProviderMemory& shared)
+      : api(adapterApi), memory(shared) {}
+
+  adapterapi::AdapterApi& api;
+  ProviderMemory& memory;
+  platform::ComPtr<IWbemServices> services;  ///< the namespace; none before Initialize
+  std::shared_ptr<AdapterMap> adapters;      ///< none before Initialize
+  std::uint32_t initialized = 0;             ///< 1 once Initialize ran
 };
 
 /// Where a request's instances go.

@@ -1,7 +1,6 @@
 #include "provider/registration/registrar.h"
 
 #include "platform/registry_key.h"
-#include "platform/text.h"
 
 namespace wifi {
 namespace {
@@ -12,43 +11,31 @@ using platform::RegistryKey;
 constexpr LSTATUS kDone = ERROR_SUCCESS;
 constexpr LSTATUS kMissing = ERROR_FILE_NOT_FOUND;
 
-OleString Expanded(const std::string& text, const OleString& modulePath) {
-  static const OleString kModule = OLESTR("%MODULE%");
-  OleString expanded = platform::WideFromUtf8(text);
-  const std::size_t position = expanded.find(kModule);
-  if (position != OleString::npos) expanded.replace(position, kModule.size(), modulePath);
-  return expanded;
-}
-
 LSTATUS RemoveTree(HKEY parent, const OleString& name) {
   const LSTATUS removed = RegDeleteTreeW(parent, name.c_str());
   return removed == kMissing ? kDone : removed;
 }
 
-LSTATUS Write(HKEY parent, const ScriptKey& key, const OleString& modulePath) {
-  const OleString name = platform::WideFromUtf8(key.name);
-  LSTATUS result = key.rule == RemovalRule::kWithSubkeys ? RemoveTree(parent, name) : kDone;
+LSTATUS Write(HKEY parent, const ScriptKey& key) {
+  LSTATUS result = key.rule == RemovalRule::kWithSubkeys ? RemoveTree(parent, key.name) : kDone;
   RegistryKey written;
-  if (result == kDone) result = written.Create(parent, name);
-  if (result == kDone && key.defaultValue) {
-    result = written.SetText({}, Expanded(*key.defaultValue, modulePath));
-  }
+  if (result == kDone) result = written.Create(parent, key.name);
+  if (result == kDone && key.defaultValue) result = written.SetText({}, *key.defaultValue);
   for (const auto& [valueName, text] : key.values) {
     if (result != kDone) break;
-    result = written.SetText(platform::WideFromUtf8(valueName), Expanded(text, modulePath));
+    result = written.SetText(valueName, text);
   }
   for (const ScriptKey& child : key.keys) {
     if (result != kDone) break;
-    result = Write(written.get(), child, modulePath);
+    result = Write(written.get(), child);
   }
   return result;
 }
 
 LSTATUS Remove(HKEY parent, const ScriptKey& key) {
-  const OleString name = platform::WideFromUtf8(key.name);
-  if (key.rule == RemovalRule::kWithSubkeys) return RemoveTree(parent, name);
+  if (key.rule == RemovalRule::kWithSubkeys) return RemoveTree(parent, key.name);
   RegistryKey open;
-  LSTATUS result = open.Open(parent, name, KEY_READ | KEY_WRITE);
+  LSTATUS result = open.Open(parent, key.name, KEY_READ | KEY_WRITE);
   if (result != kDone) return result == kMissing ? kDone : result;
   for (const ScriptKey& child : key.keys) {
     const LSTATUS removed = Remove(open.get(), child);
@@ -57,7 +44,7 @@ LSTATUS Remove(HKEY parent, const ScriptKey& key) {
   const bool keep = key.rule == RemovalRule::kNever || open.HasSubkeys();
   open = RegistryKey();
   if (keep || result != kDone) return result;
-  return RegDeleteKeyW(parent, name.c_str());
+  return RegDeleteKeyW(parent, key.name.c_str());
 }
 
 }  // namespace
@@ -71,10 +58,9 @@ HRESULT RemoveRegistration(HKEY root, const std::vector<ScriptKey>& script) {
   return HRESULT_FROM_WIN32(static_cast<DWORD>(result));
 }
 
-HRESULT ApplyRegistration(HKEY root, const std::vector<ScriptKey>& script,
-                          const OleString& modulePath) {
+HRESULT ApplyRegistration(HKEY root, const std::vector<ScriptKey>& script) {
   for (const ScriptKey& key : script) {
-    const LSTATUS written = Write(root, key, modulePath);
+    const LSTATUS written = Write(root, key);
     if (written == kDone) continue;
     RemoveRegistration(root, script);
     return HRESULT_FROM_WIN32(static_cast<DWORD>(written));

@@ -2,13 +2,21 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace wifi {
 namespace {
+
+using platform::OleString;
+using platform::OleStringView;
 
 /// Recursive descent over the script's words, braces, equals signs and quoted texts.
 class ScriptParser {
  public:
-  explicit ScriptParser(std::string_view text) : rest_(text) { Advance(); }
+  ScriptParser(std::string_view text, OleStringView modulePath)
+      : rest_(text), modulePath_(modulePath) {
+    Advance();
+  }
 
   std::vector<ScriptKey> Root() {
     Expect("HKCR");
@@ -63,16 +71,19 @@ class ScriptParser {
   void Expect(const char* word) {
     if (!Accept(word)) Fail(word);
   }
-  std::string Name() {
+  OleString Name() {
     if (quoted_ || word_.empty() || word_ == "{" || word_ == "}" || word_ == "=") Fail("a name");
-    std::string name = word_;
+    OleString name = platform::WideFromUtf8(word_);
     Advance();
     return name;
   }
-  std::string Text() {
+  OleString Text() {
     Expect("s");
     if (!quoted_) Fail("a quoted text");
-    std::string text = word_;
+    constexpr OleStringView kModule = OLESTR("%MODULE%");
+    OleString text = platform::WideFromUtf8(word_);
+    const std::size_t position = text.find(kModule);
+    if (position != OleString::npos) text.replace(position, kModule.size(), modulePath_);
     Advance();
     return text;
   }
@@ -80,7 +91,7 @@ class ScriptParser {
   void Members(ScriptKey& key) {
     while (!Accept("}")) {
       if (Accept("val")) {
-        std::string name = Name();
+        OleString name = Name();
         Expect("=");
         key.values.emplace_back(std::move(name), Text());
       } else {
@@ -103,6 +114,7 @@ class ScriptParser {
   }
 
   std::string_view rest_;
+  OleStringView modulePath_;
   std::string word_;
   bool quoted_ = false;
   int line_ = 1;
@@ -110,8 +122,8 @@ class ScriptParser {
 
 }  // namespace
 
-std::vector<ScriptKey> ParseRegistrationScript(std::string_view text) {
-  return ScriptParser(text).Root();
+std::vector<ScriptKey> ParseRegistrationScript(std::string_view text, OleStringView modulePath) {
+  return ScriptParser(text, modulePath).Root();
 }
 
 }  // namespace wifi

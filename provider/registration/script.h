@@ -16,16 +16,18 @@
 #include <utility>
 #include <vector>
 
+#include "platform/bstr.h"
+
 namespace wifi {
 
 enum class RemovalRule { kWhenEmpty, kNever, kWithSubkeys };
 
-/// One key of the script. Texts are ASCII; a value may hold %MODULE%.
+/// One key of the script, ready to be written: what writes and removes it needs no memory.
 struct ScriptKey {
-  std::string name;
+  platform::OleString name;
   RemovalRule rule = RemovalRule::kWhenEmpty;
-  std::optional<std::string> defaultValue;
-  std::vector<std::pair<std::string, std::string>> values;
+  std::optional<platform::OleString> defaultValue;
+  std::vector<std::pair<platform::OleString, platform::OleString>> values;
   std::vector<ScriptKey> keys;
 };
 
@@ -35,7 +37,9 @@ class ScriptError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The keys directly below HKEY_CLASSES_ROOT. Throws ScriptError.
-std::vector<ScriptKey> ParseRegistrationScript(std::string_view text);
+/// The keys directly below HKEY_CLASSES_ROOT, the first %MODULE% of each text replaced by
+/// `modulePath`. Throws ScriptError.
+std::vector<ScriptKey> ParseRegistrationScript(std::string_view text,
+                                               platform::OleStringView modulePath);
 
 }  // namespace wifi

@@ -1,7 +1,6 @@
 #include "provider/server/class_factory.h"
 
 #include <atomic>
-#include <new>
 
 #include "platform/com_ptr.h"
 #include "provider/server/instance_provider.h"
@@ -14,20 +13,24 @@ const CLSID kInstanceProviderClass = {
 
 namespace {
 
+using platform::ComPtr;
+
 class InstanceProviderFactory final : public IClassFactory {
  public:
   explicit InstanceProviderFactory(adapterapi::AdapterApi& api) : api_(api) {}
   virtual ~InstanceProviderFactory() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IClassFactory)) {
-      return E_NOINTERFACE;
-    }
-    *object = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
+    return platform::AnswerFenced([&]() -> HRESULT {
+      if (object == nullptr) return E_POINTER;
+      *object = nullptr;
+      if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IClassFactory)) {
+        return E_NOINTERFACE;
+      }
+      *object = static_cast<IClassFactory*>(this);
+      AddRef();
+      return S_OK;
+    });
   }
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override {
@@ -37,20 +40,19 @@ class InstanceProviderFactory final : public IClassFactory {
   }
 
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    try {
-      // Plain new: its members may need memory too.
-      const auto provider = platform::ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api_));
-      return provider->QueryInterface(iid, object);
-    } catch (const std::bad_alloc&) {
-      return E_OUTOFMEMORY;
-    }
+    return platform::AnswerFenced([&]() -> HRESULT {
+      if (object == nullptr) return E_POINTER;
+      *object = nullptr;
+      if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+      // Asked first: a provider that goes again closes the library under the living ones.
+      if (!InstanceProvider::Has(iid)) return E_NOINTERFACE;
+      return ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api_))
+          ->QueryInterface(iid, object);
+    });
   }
 
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    lock ? ModuleLock::Add() : ModuleLock::Remove();
+    ModuleLock::LockServer(lock != FALSE);
     return S_OK;
   }
 
@@ -63,12 +65,13 @@ class InstanceProviderFactory final : public IClassFactory {
 }  // namespace
 
 HRESULT GetClassFactory(adapterapi::AdapterApi& api, REFCLSID classId, REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (!IsEqualCLSID(classId, kInstanceProviderClass)) return CLASS_E_CLASSNOTAVAILABLE;
-  const auto factory = platform::ComPtr<InstanceProviderFactory>::Adopt(
-      new (std::nothrow) InstanceProviderFactory(api));
-  return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
+  return platform::AnswerFenced([&]() -> HRESULT {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (!IsEqualCLSID(classId, kInstanceProviderClass)) return CLASS_E_CLASSNOTAVAILABLE;
+    return ComPtr<InstanceProviderFactory>::Adopt(new InstanceProviderFactory(api))
+        ->QueryInterface(iid, object);
+  });
 }
 
 }  // namespace wifi

@@ -4,10 +4,13 @@
 #include <utility>
 #include <vector>
 
+#include "adapterapi/mac_text.h"
+#include "platform/foreign_memory.h"
 #include "platform/os_version.h"
+#include "platform/short_text.h"
 #include "platform/text.h"
-#include "provider/core/format.h"
 #include "provider/core/impersonation.h"
+#include "provider/core/instance.h"
 #include "provider/core/trace.h"
 
 namespace wifi {
@@ -16,6 +19,7 @@ namespace {
 using adapterapi::AdapterList;
 using platform::Bstr;
 using platform::ComPtr;
+using platform::ListStep;
 using platform::OleString;
 using platform::OleStringView;
 using platform::Variant;
@@ -23,17 +27,29 @@ using platform::Variant;
 // The part of a PNP device id that names the PCI bus and the maker; compared with its letter case.
 constexpr OleStringView kMakersPciId = OLESTR("PCI\\VEN_7F3C&DEV");
 
+// An enumeration that goes on without objects for ever must not hold the service up.
+constexpr int kMostEmptyAnswers = 10000;
+
 struct Candidate {
   adapterapi::AdapterNumber number = ~adapterapi::AdapterNumber{0};
-  OleString macText;
+  platform::ShortText<17> macText;
 };
 
 HRESULT OpenEnumeration(const ProviderState& state, const OLECHAR* className, LONG flags,
                         ComPtr<IEnumWbemClassObject>& enumeration) {
   const Bstr name(className);
-  const HRESULT result =
-      state.services->CreateInstanceEnum(name.get(), flags, nullptr, enumeration.put());
+  if (!name) return E_OUTOFMEMORY;
+  IEnumWbemClassObject** place = enumeration.put();
+  const HRESULT result = platform::CallFenced(
+      [&] { return state.services->CreateInstanceEnum(name.get(), flags, nullptr, place); });
   return FAILED(result) || enumeration ? result : WBEM_E_FAILED;
+}
+
+HRESULT ReadNext(IEnumWbemClassObject& enumeration, ComPtr<IWbemClassObject>& object,
+                 ULONG& returned) {
+  IWbemClassObject** place = object.put();
+  returned = 0;
+  return platform::CallFenced([&] { return enumeration.Next(WBEM_INFINITE, 1, place, &returned); });
 }
 
 /// What the platform makes of the interactive user: failures leave the fields empty.
@@ -43,21 +59,22 @@ void ReadInteractiveUser(ProviderState& state) {
   if (FAILED(OpenEnumeration(state, OLESTR("Win32_ComputerSystem"), 1, systems))) return;
   ComPtr<IWbemClassObject> system;
   ULONG returned = 0;
-  const HRESULT next = systems->Next(WBEM_INFINITE, 1, system.put(), &returned);
+  const HRESULT next = ReadNext(*systems.get(), system, returned);
   if (FAILED(next) || returned != 1 || !system) return;
   Variant name;
-  if (FAILED(system->Get(OLESTR("UserName"), 0, name.put(), nullptr, nullptr))) return;
+  if (FAILED(GetPropertyValue(*system.get(), OLESTR("UserName"), name))) return;
 
   const std::string text = platform::AnsiText(name.text());
   const std::size_t separator = text.rfind('\\');
   const bool split = separator != std::string::npos;
-  state.encodedDomain = EncodeIdentity(split ? text.substr(0, separator) : std::string());
-  state.encodedUser = EncodeIdentity(split ? text.substr(separator + 1) : text);
+  state.memory.encodedDomain = EncodeIdentity(split ? text.substr(0, separator) : std::string());
+  state.memory.encodedUser = EncodeIdentity(split ? text.substr(separator + 1) : text);
 }
 
-/// Asks the library for its adapters as the client; `candidates` gets those that are present.
+/// Asks the library for its adapters as the client; `candidates` gets those that are present, as
+/// far as the table can be read.
 adapterapi::ApiStatus ListCandidates(adapterapi::AdapterApi& api,
-                                     std::vector<Candidate>& candidates) {
+                                     std::vector<Candidate>& candidates, bool& complete) {
   const AdapterList* list = nullptr;
   adapterapi::ApiStatus status = 0;
   {
@@ -67,13 +84,17 @@ adapterapi::ApiStatus ListCandidates(adapterapi::AdapterApi& api,
   api.SetLibraryMode(1);
   if (status != 0) return status;
 
-  const std::uint32_t count = list == nullptr ? 0 : list->count;
-  TraceMessage(FormatText("Number of Adapter:%d", static_cast<int>(count)));
-  for (std::uint32_t index = 0; index < count; ++index) {
-    const adapterapi::AdapterListRecord& record = list->records[index];
+  std::int32_t count = 0;
+  platform::CopyForeign(list, count);
+  TraceMessage(platform::ShortText<32>().Add("Number of Adapter:").Decimal(count).c_str());
+  adapterapi::AdapterListRecord record;
+  ListStep step = ListStep::kEntry;
+  for (std::uint32_t index = 0;
+       (step = platform::ReadListEntry(list, index, record)) == ListStep::kEntry; ++index) {
     if (record.present == 0) continue;
-    candidates.push_back({record.number, platform::WideText(MacText(record.macAddress))});
+    candidates.push_back({record.number, adapterapi::MacText(record.macAddress)});
   }
+  complete = step == ListStep::kEnd;
   return 0;
 }
 
@@ -96,7 +117,7 @@ struct PlatformAdapter {
     };
     HRESULT result = WBEM_S_NO_ERROR;
     for (const auto& [name, value] : properties) {
-      result = object->Get(name, 0, value->put(), nullptr, nullptr);
+      result = GetPropertyValue(*object, name, *value);
       if (FAILED(result)) break;
     }
     return result;
@@ -111,17 +132,18 @@ struct PlatformAdapter {
 void AddServedAdapter(AdapterMap& adapters, const std::vector<Candidate>& candidates,
                       const PlatformAdapter& found) {
   if (!found.isMakersPciDevice()) return;
-  const OleStringView mac = platform::ViewOf(found.macAddress.text());
+  const OLECHAR* mac = found.macAddress.text();
   for (const Candidate& candidate : candidates) {
-    if (candidate.macText != mac) continue;
+    if (!platform::EqualsAscii(mac, candidate.macText)) continue;
     AdapterEntry entry;
     entry.deviceId = platform::ViewOf(found.deviceId.text());
     entry.macAddress = mac;
     entry.caption = platform::ViewOf(found.caption.text());
     entry.description = platform::ViewOf(found.description.text());
     entry.number = candidate.number;
+    entry.key = platform::AnsiText(entry.deviceId.c_str());
     // Of two adapters with one key text the first stays.
-    adapters.try_emplace(platform::AnsiText(entry.deviceId.c_str()), std::move(entry));
+    adapters.try_emplace(entry.key, std::move(entry));
     return;
   }
 }
@@ -132,14 +154,17 @@ HRESULT MatchPlatformAdapters(ProviderState& state, const std::vector<Candidate>
                                    enumeration);
   if (FAILED(result)) return result;
   result = WBEM_S_NO_ERROR;
-  while (SUCCEEDED(result)) {
+  for (int empty = 0; SUCCEEDED(result);) {
     ComPtr<IWbemClassObject> object;
     ULONG returned = 0;
-    if (enumeration->Next(WBEM_INFINITE, 1, object.put(), &returned) != 0) break;
-    if (!object) continue;
+    if (ReadNext(*enumeration.get(), object, returned) != 0) break;
+    if (!object) {
+      if (++empty == kMostEmptyAnswers) return WBEM_E_FAILED;
+      continue;
+    }
     PlatformAdapter adapter;
     result = adapter.Read(object.get());
-    if (SUCCEEDED(result)) AddServedAdapter(state.adapters, candidates, adapter);
+    if (SUCCEEDED(result)) AddServedAdapter(*state.adapters, candidates, adapter);
   }
   return result;
 }
@@ -150,7 +175,7 @@ std::string EncodeIdentity(std::string_view name) {
   constexpr unsigned kMask = 0xA5;
   std::string encoded;
   for (const char character : name) {
-    encoded += FormatText("%02X", static_cast<unsigned char>(character) ^ kMask);
+    encoded += platform::ShortText<2>().Hex(static_cast<unsigned char>(character) ^ kMask, 2);
   }
   return encoded;
 }
@@ -158,10 +183,12 @@ std::string EncodeIdentity(std::string_view name) {
 HRESULT DiscoverAdapters(ProviderState& state) {
   ReadInteractiveUser(state);
   std::vector<Candidate> candidates;
-  const adapterapi::ApiStatus listed = ListCandidates(state.api, candidates);
+  bool complete = true;
+  const adapterapi::ApiStatus listed = ListCandidates(state.api, candidates, complete);
   if (listed != 0) return listed;
-  if (!state.services) return WBEM_S_NO_ERROR;
-  return MatchPlatformAdapters(state, candidates);
+  const HRESULT matched =
+      state.services ? MatchPlatformAdapters(state, candidates) : WBEM_S_NO_ERROR;
+  return FAILED(matched) || complete ? matched : WBEM_E_FAILED;
 }
 
 }  // namespace wifi

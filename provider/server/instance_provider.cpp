@@ -11,6 +11,7 @@
 namespace wifi {
 namespace {
 
+using platform::ComPtr;
 using platform::Variant;
 
 constexpr std::uint32_t kFirstReserved = 16;
@@ -25,28 +26,50 @@ HRESULT Enumerate(const ClassRoute* route, ProviderState& state, const Delivery&
   return route == nullptr ? WBEM_E_INVALID_CLASS : route->enumerate(state, delivery);
 }
 
+/// Offers the instance to the update routine of its class once for each adapter. Its __PATH has to
+/// be a path, but the routine goes by __CLASS alone.
+HRESULT UpdateInstance(ProviderState& state, IWbemClassObject* instance) {
+  if (instance == nullptr) return WBEM_E_INVALID_PARAMETER;
+  Variant pathText;
+  GetPropertyValue(*instance, OLESTR("__PATH"), pathText);
+  std::unique_ptr<ParsedPath> path;
+  HRESULT result = ReadObjectPath(pathText.text(), path);
+  if (FAILED(result)) return result;
+  Variant className;
+  result = GetPropertyValue(*instance, OLESTR("__CLASS"), className);
+  if (FAILED(result)) return result;
+
+  return VisitAdapters(state, [&](AdapterEntry& entry) -> HRESULT {
+    const UpdateRoute* route = UpdateRouteByName(className.text());
+    if (route == nullptr) return WBEM_E_INVALID_CLASS;
+    return route->update(state, instance, entry);
+  });
+}
+
 }  // namespace
 
 InstanceProvider::~InstanceProvider() {
-  try {
-    state_.api.CloseLibrary();
-  } catch (...) {
-    // Nobody is left to hear of it.
-  }
+  platform::Survives([this] { state_.api.CloseLibrary(); });
+}
+
+bool InstanceProvider::Has(REFIID iid) {
+  return IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IWbemProviderInit) ||
+         IsEqualIID(iid, IID_IWbemServices);
 }
 
 HRESULT InstanceProvider::QueryInterface(REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IWbemProviderInit)) {
-    *object = static_cast<IWbemProviderInit*>(this);
-  } else if (IsEqualIID(iid, IID_IWbemServices)) {
-    *object = static_cast<IWbemServices*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
+  return platform::AnswerFenced([&]() -> HRESULT {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (!Has(iid)) return E_NOINTERFACE;
+    if (IsEqualIID(iid, IID_IWbemServices)) {
+      *object = static_cast<IWbemServices*>(this);
+    } else {
+      *object = static_cast<IWbemProviderInit*>(this);
+    }
+    AddRef();
+    return S_OK;
+  });
 }
 
 ULONG InstanceProvider::Release() {
@@ -57,81 +80,69 @@ ULONG InstanceProvider::Release() {
 
 HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices* services,
                                      IWbemContext*, IWbemProviderInitSink* initSink) {
-  state_.adapters.clear();
-  state_.discoveryState = 0;
-  state_.services = platform::ComPtr<IWbemServices>(services);
-  state_.encodedDomain.clear();
-  state_.encodedUser.clear();
-  state_.reserved[0] = kFirstReserved;
-  state_.reserved[1] = 0;
+  state_.adapters.reset();
+  state_.services = ComPtr<IWbemServices>(services);
   state_.initialized = 1;
+  memory_.discoveryState = 0;
+  memory_.encodedDomain.clear();
+  memory_.encodedUser.clear();
+  memory_.reserved[0] = kFirstReserved;
+  memory_.reserved[1] = 0;
 
-  HRESULT status = WBEM_S_INITIALIZED;
-  try {
-    status = DiscoverAdapters(state_);
-  } catch (...) {
-    status = WBEM_E_FAILED;
-  }
-  try {
-    if (initSink != nullptr) initSink->SetStatus(status, 0);
-  } catch (...) {
-    // A sink that throws has had its one status.
-  }
+  LONG status = WBEM_E_FAILED;  // unless discovery comes to its end
+  ProviderState discovered = state_;
+  platform::Survives([&] {
+    // Shared, as requests may come before discovery ends; another Initialize leaves it to this one.
+    discovered.adapters = state_.adapters = std::make_shared<AdapterMap>();
+    status = DiscoverAdapters(discovered);
+  });
+  if (initSink != nullptr) platform::Survives([&] { initSink->SetStatus(status, 0); });
   return WBEM_S_NO_ERROR;
+}
+
+/// Runs one request (ProviderState& to HRESULT) on the state as it is now. The provider lives at
+/// least as long, whatever a sink does.
+template <class Steps>
+HRESULT InstanceProvider::Serve(IWbemObjectSink* sink, Steps&& steps) {
+  const ComPtr<InstanceProvider> alive(this);
+  ProviderState state = state_;
+  return RunRequest(sink, [&] { return steps(state); });
 }
 
 HRESULT InstanceProvider::CreateInstanceEnumAsync(const BSTR className, LONG, IWbemContext* context,
                                                   IWbemObjectSink* sink) {
-  return RunRequest(sink, [&] {
-    return Enumerate(RouteByName(className), state_, {sink, context});
+  return Serve(sink, [&](ProviderState& state) {
+    return Enumerate(RouteByName(className), state, {sink, context});
   });
 }
 
 HRESULT InstanceProvider::ExecQueryAsync(const BSTR, const BSTR query, LONG, IWbemContext* context,
                                          IWbemObjectSink* sink) {
-  return RunRequest(sink, [&] { return Enumerate(RouteByQuery(query), state_, {sink, context}); });
+  return Serve(sink, [&](ProviderState& state) {
+    return Enumerate(RouteByQuery(query), state, {sink, context});
+  });
 }
 
 HRESULT InstanceProvider::GetObjectAsync(const BSTR path, LONG, IWbemContext* context,
                                          IWbemObjectSink* sink) {
-  return RunRequest(sink, [&]() -> HRESULT {
+  return Serve(sink, [&](ProviderState& state) -> HRESULT {
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
     if (FAILED(result)) return result;
     const ClassRoute* route = RouteByName(parsed->classText());
     if (route == nullptr) return WBEM_E_INVALID_CLASS;
-    return route->get(state_, {sink, context}, *parsed);
+    return route->get(state, {sink, context}, *parsed);
   });
 }
 
 HRESULT InstanceProvider::PutInstanceAsync(IWbemClassObject* instance, LONG, IWbemContext*,
                                            IWbemObjectSink* sink) {
-  return RunRequest(sink, [&] { return UpdateInstance(instance); });
-}
-
-/// Offers the instance to the update routine of its class once for each adapter. Its __PATH has to
-/// be a path, but the routine goes by __CLASS alone.
-HRESULT InstanceProvider::UpdateInstance(IWbemClassObject* instance) {
-  if (instance == nullptr) return WBEM_E_INVALID_PARAMETER;
-  Variant pathText;
-  instance->Get(OLESTR("__PATH"), 0, pathText.put(), nullptr, nullptr);
-  std::unique_ptr<ParsedPath> path;
-  HRESULT result = ReadObjectPath(pathText.text(), path);
-  if (FAILED(result)) return result;
-  Variant className;
-  result = instance->Get(OLESTR("__CLASS"), 0, className.put(), nullptr, nullptr);
-  if (FAILED(result)) return result;
-
-  return VisitAdapters(state_, [&](AdapterEntry& entry) -> HRESULT {
-    const UpdateRoute* route = UpdateRouteByName(className.text());
-    if (route == nullptr) return WBEM_E_INVALID_CLASS;
-    return route->update(state_, instance, entry);
-  });
+  return Serve(sink, [&](ProviderState& state) { return UpdateInstance(state, instance); });
 }
 
 HRESULT InstanceProvider::DeleteInstanceAsync(const BSTR path, LONG, IWbemContext*,
                                               IWbemObjectSink* sink) {
-  return RunRequest(sink, [&]() -> HRESULT {
+  return Serve(sink, [&](ProviderState&) -> HRESULT {
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
     return FAILED(result) ? result : DeleteAnswer(parsed->classText());
@@ -141,11 +152,11 @@ HRESULT InstanceProvider::DeleteInstanceAsync(const BSTR path, LONG, IWbemContex
 HRESULT InstanceProvider::ExecMethodAsync(const BSTR path, const BSTR method, LONG,
                                           IWbemContext* context, IWbemClassObject* inParameters,
                                           IWbemObjectSink* sink) {
-  return RunRequest(sink, [&]() -> HRESULT {
+  return Serve(sink, [&](ProviderState& state) -> HRESULT {
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
     if (FAILED(result)) return result;
-    return ExecuteMethod(state_, {sink, context}, *parsed, method, inParameters);
+    return ExecuteMethod(state, {sink, context}, *parsed, method, inParameters);
   });
 }
 

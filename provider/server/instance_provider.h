@@ -14,10 +14,13 @@ namespace wifi {
 /// requests take no lock.
 class InstanceProvider final : public IWbemProviderInit, public IWbemServices {
  public:
-  explicit InstanceProvider(adapterapi::AdapterApi& api) : state_(api) {}
+  explicit InstanceProvider(adapterapi::AdapterApi& api) : state_(api, memory_) {}
   InstanceProvider(const InstanceProvider&) = delete;
   InstanceProvider& operator=(const InstanceProvider&) = delete;
   virtual ~InstanceProvider();
+
+  /// Whether objects of the class have that interface.
+  static bool Has(REFIID iid);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -72,11 +75,13 @@ class InstanceProvider final : public IWbemProviderInit, public IWbemServices {
 #undef NOT_SERVED
 
  private:
-  HRESULT UpdateInstance(IWbemClassObject* instance);
+  template <class Steps>
+  HRESULT Serve(IWbemObjectSink* sink, Steps&& steps);
 
   std::atomic<ULONG> references_ = 1;
   ModuleLock lock_;
   ProviderState state_;
+  ProviderMemory memory_;
 };
 
 }  // namespace wifi

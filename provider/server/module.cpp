@@ -1,10 +1,10 @@
 // The module's exported functions and its start-up.
 
-#include <new>
 #include <vector>
 
 #include "adapterapi/adapter_api.h"
-#include "platform/platform.h"
+#include "platform/bstr.h"
+#include "platform/structured_exception.h"
 #include "provider/registration/module_resources.h"
 #include "provider/registration/registrar.h"
 #include "provider/server/class_factory.h"
@@ -22,20 +22,8 @@ platform::OleString ModulePath() {
   return path.size() == kLongest ? platform::OleString() : path;
 }
 
-/// The one fence of the registering exports.
-template <class Steps>
-HRESULT Fenced(Steps&& steps) {
-  try {
-    return steps();
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
-  } catch (...) {
-    return E_UNEXPECTED;
-  }
-}
-
-std::vector<wifi::ScriptKey> Script() {
-  return wifi::ParseRegistrationScript(wifi::RegistrationScriptText(thisModule));
+std::vector<wifi::ScriptKey> Script(const platform::OleString& modulePath) {
+  return wifi::ParseRegistrationScript(wifi::RegistrationScriptText(thisModule), modulePath);
 }
 
 }  // namespace
@@ -43,11 +31,8 @@ std::vector<wifi::ScriptKey> Script() {
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
     thisModule = module;
-    try {
-      adapterapi::ImportedAdapterApi().SetLibraryMode(1);
-    } catch (...) {
-      // The library says so itself once it is asked for its adapters.
-    }
+    // A library that fails here says so itself once it is asked for its adapters.
+    platform::Survives([] { adapterapi::ImportedAdapterApi().SetLibraryMode(1); });
   }
   return TRUE;
 }
@@ -57,15 +42,15 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
 }
 
 STDAPI DllCanUnloadNow() {
-  return wifi::ModuleLock::None() ? S_OK : S_FALSE;
+  return platform::AnswerFenced([] { return wifi::ModuleLock::None() ? S_OK : S_FALSE; });
 }
 
 STDAPI DllRegisterServer() {
-  return Fenced([]() -> HRESULT {
+  return platform::AnswerFenced([]() -> HRESULT {
     const platform::OleString path = ModulePath();
     if (path.empty()) return E_UNEXPECTED;
-    const auto script = Script();
-    HRESULT result = wifi::ApplyRegistration(HKEY_CLASSES_ROOT, script, path);
+    const auto script = Script(path);
+    HRESULT result = wifi::ApplyRegistration(HKEY_CLASSES_ROOT, script);
     if (FAILED(result)) return result;
     result = wifi::RegisterTypeLibrary(path);
     // Nothing stays half registered.
@@ -75,9 +60,10 @@ STDAPI DllRegisterServer() {
 }
 
 STDAPI DllUnregisterServer() {
-  return Fenced([] {
+  return platform::AnswerFenced([] {
+    const auto script = Script({});  // what may fail for want of memory comes first
     const HRESULT library = wifi::UnregisterTypeLibrary();
-    const HRESULT keys = wifi::RemoveRegistration(HKEY_CLASSES_ROOT, Script());
+    const HRESULT keys = wifi::RemoveRegistration(HKEY_CLASSES_ROOT, script);
     return FAILED(keys) ? keys : library;
   });
 }

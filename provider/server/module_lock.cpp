@@ -7,31 +7,36 @@
 namespace wifi {
 namespace {
 
-struct LockCount {
+struct {
   platform::CriticalSection section;
-  long count = 0;
-};
-
-LockCount& Locks() {
-  static LockCount locks;
-  return locks;
-}
+  long objects = 0;
+  long serverLocks = 0;
+} locks;
 
 }  // namespace
 
-void ModuleLock::Add() {
-  const std::lock_guard guard(Locks().section);
-  ++Locks().count;
+ModuleLock::ModuleLock() {
+  const std::lock_guard guard(locks.section);
+  ++locks.objects;
 }
 
-void ModuleLock::Remove() {
-  const std::lock_guard guard(Locks().section);
-  --Locks().count;
+ModuleLock::~ModuleLock() {
+  const std::lock_guard guard(locks.section);
+  --locks.objects;
+}
+
+void ModuleLock::LockServer(bool lock) {
+  const std::lock_guard guard(locks.section);
+  if (lock) {
+    ++locks.serverLocks;
+  } else if (locks.serverLocks > 0) {
+    --locks.serverLocks;
+  }
 }
 
 bool ModuleLock::None() {
-  const std::lock_guard guard(Locks().section);
-  return Locks().count == 0;
+  const std::lock_guard guard(locks.section);
+  return locks.objects == 0 && locks.serverLocks == 0;
 }
 
 }  // namespace wifi

@@ -2,16 +2,16 @@
 
 namespace wifi {
 
-/// One reason for the module to stay loaded: a live object. Server locks count the same way.
+/// One reason for the module to stay loaded: a live object. Server locks are counted beside them.
 class ModuleLock {
  public:
-  ModuleLock() { Add(); }
+  ModuleLock();
   ModuleLock(const ModuleLock&) = delete;
   ModuleLock& operator=(const ModuleLock&) = delete;
-  ~ModuleLock() { Remove(); }
+  ~ModuleLock();
 
-  static void Add();
-  static void Remove();
+  /// Takes a server lock or gives one back; one that was never taken gives back nothing.
+  static void LockServer(bool lock);
   /// Whether no object lives and no server lock is held.
   static bool None();
 };

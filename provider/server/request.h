@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/structured_exception.h"
 #include "provider/core/impersonation.h"
 
 namespace wifi {
@@ -10,19 +11,13 @@ template <class Steps>
 HRESULT RunRequest(IWbemObjectSink* sink, Steps&& steps) {
   if (sink == nullptr) return WBEM_E_INVALID_PARAMETER;
   const ClientImpersonation impersonation;
-  HRESULT status = WBEM_E_PROVIDER_FAILURE;
-  try {
-    status = steps();
-  } catch (...) {
-    // The status says so.
-  }
-  try {
-    sink->SetStatus(WBEM_STATUS_COMPLETE, status, nullptr, nullptr);
-  } catch (...) {
-    // A sink that throws has had its one status; there is nobody else to tell.
-    return WBEM_E_PROVIDER_FAILURE;
-  }
-  return status;
+  HRESULT status = WBEM_E_PROVIDER_FAILURE;  // unless the steps come to their end
+  platform::Survives([&] { status = steps(); });
+  // A sink that throws has had its one status; there is nobody else to tell.
+  return platform::Survives(
+             [&] { sink->SetStatus(WBEM_STATUS_COMPLETE, status, nullptr, nullptr); })
+             ? status
+             : WBEM_E_PROVIDER_FAILURE;
 }
 
 }  // namespace wifi

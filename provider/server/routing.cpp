@@ -1,13 +1,12 @@
 #include "provider/server/routing.h"
 
-#include "classes/adapter_channel_update.h"
+#include "classes/adapter_channel.h"
 #include "classes/adapter_class.h"
 #include "classes/adapter_configuration.h"
-#include "classes/association_stats.h"
+#include "classes/association.h"
 #include "classes/exclude_list.h"
 #include "classes/network_adapter_update.h"
 #include "classes/scan_lists.h"
-#include "classes/setting_association.h"
 #include "classes/statistics.h"
 #include "classes/system_policies.h"
 #include "profiles/preferred_profiles.h"
@@ -38,7 +37,8 @@ HRESULT UpdateNotSupported(ProviderState&, IWbemClassObject*, AdapterEntry&) {
 
 constexpr ClassRoute kRoutes[] = {
     AdapterRoute<ClassSelector::kNetworkAdapter>(OLESTR("WiFi_NetworkAdapter")),
-    {OLESTR("WiFi_NetworkAdapterConfiguration"), EnumerateConfigurations, GetConfiguration},
+    {OLESTR("WiFi_NetworkAdapterConfiguration"), EnumerateConfigurationInstances,
+     GetConfigurationInstance},
     AdapterRoute<ClassSelector::kAssociationInfo>(OLESTR("WiFi_AdapterAssociationInfo")),
     {OLESTR("WiFi_NetworkAdapterSetting"), EnumerateSettingAssociations, GetSettingAssociation},
     AdapterRoute<ClassSelector::kVersion>(OLESTR("WiFi_AdapterVersion")),
@@ -60,7 +60,7 @@ constexpr ClassRoute kRoutes[] = {
 
 constexpr UpdateRoute kUpdates[] = {
     {OLESTR("WiFi_NetworkAdapter"), UpdateNetworkAdapter},
-    {OLESTR("WiFi_NetworkAdapterConfiguration"), UpdateConfiguration},
+    {OLESTR("WiFi_NetworkAdapterConfiguration"), UpdateConfigurationInstance},
     {OLESTR("WiFi_AdapterChannel"), UpdateAdapterChannel},
     {OLESTR("WiFi_SystemPolicies"), UpdateSystemPolicies},
     {OLESTR("WiFi_NetworkAdapterSetting"), UpdateNotSupported},
@@ -72,8 +72,14 @@ constexpr const OLECHAR* kNeverDeleted[] = {
     OLESTR("WiFi_NetworkAdapterSetting"),
 };
 
+/// Names are nearly always written as the schema does, and equal ones are the same in every locale:
+/// only another spelling is compared by the locale's rules, which costs a hundred times as much.
 template <class Row, std::size_t Count>
 const Row* RowByName(const Row (&rows)[Count], const OLECHAR* className) {
+  const platform::OleStringView name = platform::ViewOf(className);
+  for (const Row& row : rows) {
+    if (name == row.className) return &row;
+  }
   for (const Row& row : rows) {
     if (SameNameIgnoringCase(row.className, className)) return &row;
   }

@@ -1,5 +1,5 @@
-#include "classes/association_info.h"
-#include "classes/association_stats.h"
+#include "classes/association.h"
+
 #include "provider/core/object_path.h"
 #include "tests/classes/filler_fixture.h"
 
@@ -153,8 +153,7 @@ TEST_F(Association, StatsOutcomes) {
   EXPECT_EQ(sink->objects.size(), 4u);
   api.onGetAssociationStats = Answers(-1);
   journal.Clear();
-  EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), WBEM_E_NOT_FOUND);
   EXPECT_EQ(journal.calls(), Lines{"GetAssociationStats"});
   api.onGetAssociationStats = Raises();
   EXPECT_THROW(wifi::EnumerateAssociationStats(state, delivery()), std::runtime_error);
@@ -162,8 +161,7 @@ TEST_F(Association, StatsOutcomes) {
 
 TEST_F(Association, StatsByKey) {
   wifi::ParsedPath path;
-  EXPECT_EQ(wifi::GetAssociationStatsObject(state, delivery(), path),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(wifi::GetAssociationStatsObject(state, delivery(), path), WBEM_E_NOT_FOUND);
   EXPECT_TRUE(journal.events().empty());
   path.AddKey(OLESTR("SettingID"), platform::Variant::AnsiText("7").get());
   EXPECT_EQ(wifi::GetAssociationStatsObject(state, delivery(), path), S_OK);

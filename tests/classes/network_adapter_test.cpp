@@ -23,7 +23,7 @@ class NetworkAdapter : public StateFixture {
   /// Fills a fresh instance and keeps it.
   HRESULT Fill() {
     object = MakeObject();
-    return FillNetworkAdapter(state, object.get(), state.adapters.at("7"));
+    return FillNetworkAdapter(state, object.get(), state.adapters->at("7"));
   }
   std::string Value(const std::string& property) {
     Fill();
@@ -104,7 +104,7 @@ TEST_F(NetworkAdapter, PutsEveryRowInOrder) {
                                           "ProtocolPreference=number:7",
                                           "ConnectionPreference=number:2",
                                           "DisableRfControl=flag:true"}));
-  const LastKnownValues& cache = state.lastKnown;
+  const LastKnownValues& cache = state.memory.lastKnown;
   EXPECT_EQ(cache.radioState, 2u);  // raw, not the truth value
   EXPECT_EQ(cache.readyForProfileState, 1u);
   EXPECT_EQ(cache.ibssTxPower, 4u);
@@ -151,14 +151,14 @@ TEST_F(NetworkAdapter, PutsEveryRowInOrder) {
 TEST_F(NetworkAdapter, LeavesFourPropertiesOutOnNt6) {
   // What the version query answers by itself, natively and under Wine.
   SetBelievable(api);
-  state.lastKnown.adapterState = 77;
+  state.memory.lastKnown.adapterState = 77;
   EXPECT_EQ(Fill(), S_OK);
   for (const char* property :
        {"RegistrationState", "ReadyForProfileState", "AdapterState", "ProtocolPreference"}) {
     EXPECT_EQ(object->Last(property), "") << property;
   }
   EXPECT_EQ(object->puts.size(), 24u - 5u);
-  EXPECT_EQ(state.lastKnown.adapterState, 77u);
+  EXPECT_EQ(state.memory.lastKnown.adapterState, 77u);
   EXPECT_FALSE(journal.Has("call GetProtocolPreference"));
   EXPECT_FALSE(journal.Has("trace Getting band preference for WiFi_SystemPolicies"));
 }
@@ -299,7 +299,7 @@ TEST_F(NetworkAdapter, PutsThePreferencesTwiceAndGuardsOnlyTheFirstPass) {
   }
   EXPECT_EQ(preferences, (Strings{"ProtocolPreference=number:0", "ConnectionPreference=number:0",
                                   "ProtocolPreference=number:6", "ConnectionPreference=number:3"}));
-  EXPECT_EQ(state.lastKnown.protocolPreference, 0u);
+  EXPECT_EQ(state.memory.lastKnown.protocolPreference, 0u);
 
   int calls = 0;
   api.onGetConnectionPreference = [&](auto, auto*) -> adapterapi::ApiStatus { throw ++calls; };
@@ -308,11 +308,11 @@ TEST_F(NetworkAdapter, PutsThePreferencesTwiceAndGuardsOnlyTheFirstPass) {
 }
 
 TEST_F(NetworkAdapter, LeavesDisableRfControlOutWhenItCannotBeRead) {
-  state.lastKnown.disableRfControl = 9;
+  state.memory.lastKnown.disableRfControl = 9;
   api.onGetSettingValue = Answers(1);
   EXPECT_EQ(Value("DisableRfControl"), "");
   EXPECT_TRUE(journal.Has("trace FillAdapter: Failed to Get DisableRfControl"));
-  EXPECT_EQ(state.lastKnown.disableRfControl, 0u);
+  EXPECT_EQ(state.memory.lastKnown.disableRfControl, 0u);
 }
 
 TEST_F(NetworkAdapter, StopsAtTheFirstFailedPut) {
@@ -320,7 +320,7 @@ TEST_F(NetworkAdapter, StopsAtTheFirstFailedPut) {
   script.putResults["Band"] = WBEM_E_TYPE_MISMATCH;
   EXPECT_EQ(Fill(), WBEM_E_TYPE_MISMATCH);
   EXPECT_EQ(journal.calls(), (Strings{"GetAdapterType", "GetBand"}));
-  EXPECT_EQ(state.lastKnown.radioState, 0u);
+  EXPECT_EQ(state.memory.lastKnown.radioState, 0u);
 
   script.putResults = {{"DisableRfControl", WBEM_S_FALSE}};
   EXPECT_EQ(Fill(), WBEM_S_FALSE);  // the last put's own success code

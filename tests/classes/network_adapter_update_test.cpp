@@ -8,7 +8,7 @@ using testing_support::FakeObject;
 using testing_support::Raw;
 using Strings = std::vector<std::string>;
 
-constexpr HRESULT kProviderFailure = static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE);
+constexpr HRESULT kProviderFailure = WBEM_E_PROVIDER_FAILURE;
 
 /// The writable properties in their order: their setters (and first argument for adapter "12"), and
 /// what is traced when an instance lacks them and when the setter refuses. `highest` 0 is a flag.
@@ -124,9 +124,9 @@ TEST_F(NetworkAdapterUpdate, TheKeyDecidesWhoseTheInstanceIs) {
   object->values["RadioState"] = Variant::Boolean(true);
   EXPECT_EQ(Put(object), S_OK);
   object->values["DeviceID"] = Variant::Integer(12);
-  EXPECT_EQ(Put(object), static_cast<HRESULT>(WBEM_E_INVALID_OBJECT));
+  EXPECT_EQ(Put(object), WBEM_E_INVALID_OBJECT);
   object->values.erase("DeviceID");
-  EXPECT_EQ(Put(object), static_cast<HRESULT>(WBEM_E_INVALID_OBJECT));
+  EXPECT_EQ(Put(object), WBEM_E_INVALID_OBJECT);
   EXPECT_EQ(journal.calls(), Strings{});
   EXPECT_EQ(journal.traces(), Strings{});
 }

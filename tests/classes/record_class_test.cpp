@@ -3,7 +3,7 @@
 
 #include "classes/adapter_channel.h"
 #include "classes/adapter_description.h"
-#include "classes/association_info.h"
+#include "classes/association.h"
 #include "classes/signal_parameters.h"
 #include "classes/tcpip_settings.h"
 #include "tests/classes/filler_fixture.h"

@@ -88,12 +88,10 @@ TEST_F(Statistics, ByKey) {
   EXPECT_EQ(journal.traces().front(), "Getting network information for WiFi_NetworkExcludeList");
   EXPECT_EQ(sink->objects.size(), 1u);
   api.onGetTxRxStats = Answers(1);
-  EXPECT_EQ(wifi::GetStatisticsObject(state, delivery(), path),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(wifi::GetStatisticsObject(state, delivery(), path), WBEM_E_NOT_FOUND);
   path.keys.clear();
   journal.Clear();
-  EXPECT_EQ(wifi::GetStatisticsObject(state, delivery(), path),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(wifi::GetStatisticsObject(state, delivery(), path), WBEM_E_NOT_FOUND);
   EXPECT_TRUE(journal.events().empty());
 }
 

@@ -23,6 +23,7 @@ class UpdateFixture : public ProviderFixture {
     api.onSetBoosSeteing = Noting("SetBoosSeteing");
     api.onSetPolicyValue = Noting("SetPolicyValue");
     api.onGetDeviceInfo = [this](std::uint32_t adapter, adapterapi::DeviceInfoRecord* record) {
+      EXPECT_EQ(record->cardType, 0u);  // cleared
       record->deviceId = static_cast<std::uint16_t>(adapter);
       return statuses["GetDeviceInfo"];
     };
@@ -30,6 +31,11 @@ class UpdateFixture : public ProviderFixture {
       return Noting("SetAdapter")(record->deviceId, enable);
     };
     journal.Clear();
+  }
+  /// A put finds the stack as other calls left it.
+  HRESULT Put(const platform::ComPtr<FakeObject>& object) {
+    DirtyStack();
+    return provider->PutInstanceAsync(object.get(), 0, nullptr, sink.get());
   }
 
   std::function<adapterapi::ApiStatus(std::uint32_t, std::uint32_t)> Noting(const char* name) {
@@ -49,8 +55,16 @@ class UpdateFixture : public ProviderFixture {
     if (keyName != nullptr) object->values[keyName] = platform::Variant::AnsiText(key);
     return object;
   }
-  HRESULT Put(const platform::ComPtr<FakeObject>& object) {
-    return provider->PutInstanceAsync(object.get(), 0, nullptr, sink.get());
+
+  HRESULT Enumerate(const char* className) {
+    sink->objects.clear();
+    const platform::Bstr name(platform::WideText(className));
+    return provider->CreateInstanceEnumAsync(name.get(), 0, nullptr, sink.get());
+  }
+  HRESULT Get(const char* path) {
+    sink->objects.clear();
+    const platform::Bstr text(platform::WideText(path));
+    return provider->GetObjectAsync(text.get(), 0, nullptr, sink.get());
   }
 
   std::map<std::string, adapterapi::ApiStatus> statuses;

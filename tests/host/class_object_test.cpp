@@ -77,8 +77,7 @@ TEST_F(ClassObjectTest, ReadsSystemProperties) {
     EXPECT_EQ(Get(instance.get(), row.name), row.ofInstance);
   }
   Variant value = Text("Other");
-  EXPECT_EQ(instance->Put(OLESTR("__CLASS"), 0, value.in_place(), 0),
-            static_cast<HRESULT>(WBEM_E_READ_ONLY));
+  EXPECT_EQ(instance->Put(OLESTR("__CLASS"), 0, value.in_place(), 0), WBEM_E_READ_ONLY);
 }
 
 TEST_F(ClassObjectTest, KeepsTheOrderOfFirstPuts) {
@@ -87,10 +86,8 @@ TEST_F(ClassObjectTest, KeepsTheOrderOfFirstPuts) {
   Variant number = Variant::Integer(1);
   EXPECT_EQ(toy->Put(OLESTR("note"), 0, text.in_place(), 0), S_OK);
   EXPECT_EQ(toy->Put(OLESTR("Count"), 0, number.in_place(), CIM_SINT32), S_OK);
-  EXPECT_EQ(toy->Put(OLESTR("Count"), 0, number.in_place(), CIM_STRING),
-            static_cast<HRESULT>(WBEM_E_TYPE_MISMATCH));
-  EXPECT_EQ(toy->Put(OLESTR("Nothing"), 0, number.in_place(), 0),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(toy->Put(OLESTR("Count"), 0, number.in_place(), CIM_STRING), WBEM_E_TYPE_MISMATCH);
+  EXPECT_EQ(toy->Put(OLESTR("Nothing"), 0, number.in_place(), 0), WBEM_E_NOT_FOUND);
   EXPECT_EQ(toy->Put(OLESTR("Note"), 0, number.in_place(), 0), S_OK);
   EXPECT_EQ(toy->object().ToJson().dump(), R"({"Note":"1","Count":1})");
 
@@ -101,8 +98,7 @@ TEST_F(ClassObjectTest, KeepsTheOrderOfFirstPuts) {
 
 TEST_F(ClassObjectTest, EnumeratesDeclaredProperties) {
   const ComPtr<ClassObject> toy = Instance(NewToy("7", 1));
-  EXPECT_EQ(toy->Next(0, nullptr, nullptr, nullptr, nullptr),
-            static_cast<HRESULT>(WBEM_E_UNEXPECTED));
+  EXPECT_EQ(toy->Next(0, nullptr, nullptr, nullptr, nullptr), WBEM_E_UNEXPECTED);
   ASSERT_EQ(toy->BeginEnumeration(WBEM_FLAG_NONSYSTEM_ONLY), S_OK);
   std::string names;
   while (true) {
@@ -123,8 +119,7 @@ TEST_F(ClassObjectTest, SpawnsAndClonesIndependentObjects) {
   ComPtr<IWbemClassObject> instance;
   ASSERT_EQ(definition->SpawnInstance(0, instance.put()), S_OK);
   Variant text = Text("1");
-  EXPECT_EQ(definition->Put(OLESTR("Id"), 0, text.in_place(), 0),
-            static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED));
+  EXPECT_EQ(definition->Put(OLESTR("Id"), 0, text.in_place(), 0), WBEM_E_NOT_SUPPORTED);
   ASSERT_EQ(instance->Put(OLESTR("Id"), 0, text.in_place(), 0), S_OK);
   ComPtr<IWbemClassObject> copy;
   ASSERT_EQ(instance->Clone(copy.put()), S_OK);
@@ -134,7 +129,7 @@ TEST_F(ClassObjectTest, SpawnsAndClonesIndependentObjects) {
   EXPECT_EQ(instance->InheritsFrom(OLESTR("BASE")), S_OK);
   EXPECT_EQ(instance->InheritsFrom(OLESTR("Pair")), S_FALSE);
   ComPtr<IWbemClassObject> never;
-  EXPECT_EQ(instance->SpawnInstance(0, never.put()), static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED));
+  EXPECT_EQ(instance->SpawnInstance(0, never.put()), WBEM_E_NOT_SUPPORTED);
   platform::Bstr mof;
   ASSERT_EQ(instance->GetObjectText(0, mof.put()), S_OK);
   EXPECT_EQ(platform::Utf8Text(mof.view()),
@@ -150,8 +145,7 @@ TEST_F(ClassObjectTest, GivesTheSignaturesOfMethods) {
   EXPECT_EQ(ClassObject::From(out.get())->object().info().PropertyNames(), "Echo, ReturnValue");
   ASSERT_EQ(definition->GetMethod(OLESTR("Stop"), 0, in.put(), nullptr), S_OK);
   EXPECT_FALSE(in) << "no in-parameters, no in-signature";
-  EXPECT_EQ(definition->GetMethod(OLESTR("Start"), 0, in.put(), out.put()),
-            static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  EXPECT_EQ(definition->GetMethod(OLESTR("Start"), 0, in.put(), out.put()), WBEM_E_NOT_FOUND);
 }
 
 TEST(PathClassName, IsWhatStandsBetweenNamespaceAndKeys) {

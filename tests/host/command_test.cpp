@@ -1,30 +1,21 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <set>
 #include <sstream>
 
-#include "host/cli/command_runner.h"
+#include "host/cli/command_line.h"
+#include "host/cli/command_table.h"
+#include "host/cli/help.h"
+#include "host/cli/run_command.h"
 #include "host/cli/shell.h"
+#include "host/cli/shell_words.h"
 #include "tests/host/fake_provider.h"
 #include "tests/host/toy.h"
 
 namespace host {
 namespace {
-
-TEST(ShellLine, IsCutIntoWords) {
-  const std::pair<const char*, std::vector<std::string>> rows[] = {
-      {"  enum  Toy ", {"enum", "Toy"}},
-      {R"(get Toy.Id="a b")", {"get", R"(Toy.Id="a b")"}},
-      {R"(get Toy.Id="a\" b")", {"get", R"(Toy.Id="a\" b")"}},
-      {R"(query "SELECT * FROM Toy WHERE Id = 'x\"y'")",
-       {"query", R"(SELECT * FROM Toy WHERE Id = 'x"y')"}},
-      {R"(query 'a "b" \c')", {"query", R"(a "b" \c)"}},
-      {R"(put P Note="" x='1 2')", {"put", "P", R"(Note="")", "x='1 2'"}},
-      {"''", {""}},
-  };
-  for (const auto& [line, words] : rows) EXPECT_EQ(SplitShellLine(line), words) << line;
-  EXPECT_THROW(SplitShellLine("get 'x"), CommandLineError);
-  EXPECT_THROW(SplitShellLine(R"(get "x\)"), CommandLineError);
-}
 
 TEST(CommandLineOptions, StandBeforeOrAfterTheCommand) {
   for (const std::vector<std::string>& arguments :
@@ -33,29 +24,33 @@ TEST(CommandLineOptions, StandBeforeOrAfterTheCommand) {
         std::vector<std::string>{"enum", "Toy", "--format=CSV", "--fields=A,B", "--os-version",
                                  "5.1"}}) {
     const CommandLine line = ParseCommandLine(arguments);
-    EXPECT_EQ(line.command.name, CommandName::kEnum);
-    EXPECT_EQ(line.command.target, "Toy");
+    EXPECT_STREQ(line.command.row->name, "enum");
+    EXPECT_EQ(line.command.Text("CLASS"), "Toy");
     EXPECT_EQ(line.command.format, OutputFormat::kCsv);
     EXPECT_EQ(line.command.fields, (std::vector<std::string>{"A", "B"}));
-    EXPECT_EQ(line.host.osVersion, std::make_pair(5u, 1u));
+    EXPECT_EQ(line.command.Text("--os-version"), "5.1");
   }
   const CommandLine put = ParseCommandLine({"put", R"(\\.\root\cimv2:T.K="/x")", "A=-1", "B=--x"});
-  EXPECT_EQ(put.command.target, R"(\\.\root\cimv2:T.K="/x")");
-  EXPECT_EQ(put.command.assignments, (std::vector<std::string>{"A=-1", "B=--x"}));
+  EXPECT_EQ(put.command.Text("PATH"), R"(\\.\root\cimv2:T.K="/x")");
+  EXPECT_EQ(put.command.All("NAME=VALUE"), (std::vector<std::string>{"A=-1", "B=--x"}));
 }
 
 TEST(CommandLineOptions, AreRefusedInOneLine) {
   const std::pair<std::vector<std::string>, const char*> rows[] = {
       {{}, "a command is expected"},
-      {{"fly"}, "fly"},
+      {{"fly"}, "there is no command 'fly'; help lists"},
+      {{"emun", "A"}, "did you mean enum?"},
       {{"enum"}, "CLASS"},
-      {{"enum", "A", "B"}, "B"},
-      {{"enum", "A", "--format", "xml"}, "--format takes table, list, json or csv"},
+      {{"enum", "A", "B"}, "'B' is one argument too many; see help enum"},
+      {{"enum", "A", "--feilds=x"}, "no option '--feilds' here; did you mean --fields?"},
+      {{"set", "A"}, "there is no command 'set'"},
+      {{"enum", "A", "--format", "xml"}, "--format: 'xml' is not table, list, json, csv or chart"},
       {{"enum", "A", "--fields", "A,,B"}, "--fields"},
-      {{"enum", "A", "--os-version", "six"}, "MAJOR.MINOR"},
+      {{"enum", "A", "--os-version", "six"}, "--os-version: 'six' is not of the form MAJOR.MINOR"},
       {{"enum", "A", "--os-version", "6.1.2"}, "MAJOR.MINOR"},
       {{"call", "P"}, "METHOD"},
-      {{"dump", "--format", "csv"}, "csv"},
+      {{"dump", "--format", "csv"}, "dump takes table, list or json"},
+      {{"dump", "--fields", "A"}, "dump takes none"},
       {{"enum", "A", "--provider"}, "--provider"},
   };
   for (const auto& [arguments, part] : rows) {
@@ -70,6 +65,44 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
   }
 }
 
+/// A document's lines, each once.
+std::set<std::string> LinesOfDocument(const char* file) {
+  std::ifstream document(std::string(DOCS_FOLDER) + file);
+  std::set<std::string> lines;
+  for (std::string line; std::getline(document, line);) lines.insert(line);
+  return lines;
+}
+
+TEST(CommandTable, StandsInTheDocument) {
+  const std::set<std::string> lines = LinesOfDocument("wmihost.md");
+  for (const ExitStatusRow& status : kExitStatuses) {
+    std::string who;
+    std::size_t count = 0;
+    for (const CommandRow& row : Commands()) {
+      if (std::ranges::count(StatusesOf(row), status.status) == 0) continue;
+      who += std::string(who.empty() ? "`" : ", `") + row.name + "`";
+      ++count;
+    }
+    if (count == Commands().size()) who = "every command";
+    const std::string line =
+        "| " + std::to_string(status.status) + " | " + status.meaning + " | " + who + " |";
+    EXPECT_TRUE(lines.contains(line)) << line;
+  }
+  const auto isThere = [&lines](const std::string& begin) {
+    return std::ranges::any_of(lines,
+                               [&](const std::string& line) { return line.starts_with(begin); });
+  };
+  for (const CommandRow& row : Commands()) {
+    const std::string begin = "| `" + Usage(row, true);
+    EXPECT_TRUE(isThere(begin + "`")) << begin;
+  }
+  for (const auto* options : {&HostOptions(), &OutputOptions()}) {
+    for (const OptionRow& row : *options) {
+      EXPECT_TRUE(isThere("| `" + OptionText(row) + "`")) << OptionText(row);
+    }
+  }
+}
+
 /// Commands against a provider that has one Toy and takes what is put.
 class CommandTest : public ::testing::Test {
  protected:
@@ -79,13 +112,13 @@ class CommandTest : public ::testing::Test {
     provider_.services.onPut = [this](Request& request) {
       toy_ = ClassObject::From(request.object)->object();
       request.sink->SetStatus(0, S_OK, nullptr, nullptr);
-      return HRESULT{S_OK};
+      return S_OK;
     };
   }
 
   HRESULT Serve(Request& request) {
     const std::string text = platform::Utf8Text(request.text.view());
-    HRESULT status = static_cast<HRESULT>(WBEM_E_INVALID_CLASS);
+    HRESULT status = WBEM_E_INVALID_CLASS;
     if (ClassNameOfPath(text) == "Toy" || text.starts_with("SELECT")) {
       platform::ComPtr<ClassObject> object = pool_.New<ClassObject>(pool_, toy_);
       IWbemClassObject* plain = object.get();
@@ -98,8 +131,12 @@ class CommandTest : public ::testing::Test {
   ExitStatus Run(const std::string& line) {
     output_.str("");
     errors_.str("");
-    return runner_.Run(
-        ParseShellCommand(SplitShellLine(line + " --format json"), Command()).command);
+    return RunCommand(ParseShellCommand(SplitShellLine(line.find("--format") == std::string::npos
+                                                           ? line + " --format json"
+                                                           : line),
+                                        Command())
+                          .command,
+                      context_);
   }
 
   CimObject toy_ = NewToy("a", 1);
@@ -109,7 +146,7 @@ class CommandTest : public ::testing::Test {
   ProviderSession session_{ToyRepository(), {}, defects_};
   std::ostringstream output_;
   std::ostringstream errors_;
-  CommandRunner runner_{ToyRepository(), &session_, output_, errors_, 100};
+  CommandContext context_{ToyRepository(), &session_, output_, errors_, 100};
 };
 
 TEST_F(CommandTest, AnswersWithStatusOutputAndOneErrorLine) {
@@ -130,12 +167,30 @@ TEST_F(CommandTest, AnswersWithStatusOutputAndOneErrorLine) {
       {"query \"SELECT Count FROM Toy\"", kSuccess, "[\n  {\n    \"Count\": 1\n  }\n]\n", ""},
       {"query \"SELECT\"", kBadInput, "", "query: character 7: expected"},
       {"query \"SELECT anything\" --provider", kSuccess, kToy, ""},
-      {"put Toy.Id=\"a\" Note=x", kSuccess, "", ""},
+      {"get Toy.Id=\"a\" --paths --fields __CLASS,Count", kSuccess,
+       "[\n  {\n    \"__RELPATH\": \"Toy.Id=\\\"a\\\"\",\n    \"__CLASS\": \"Toy\",\n    "
+       "\"Count\": "
+       "1\n  }\n]\n",
+       ""},
+      {"SELECT __path FROM Toy", kSuccess,
+       "[\n  {\n    \"__PATH\": \"\\\\\\\\.\\\\root\\\\cimv2:Toy.Id=\\\"a\\\"\"\n  }\n]\n", ""},
+      {"SELECT * FROM Toy WHERE On = 'x'", kBadInput, "",
+       "On is a boolean; it is compared with TRUE"},
+      {"REFERENCES OF {Toi.Id=\"a\"}", kNotFound, "", "did you mean Toy?"},
+      {"ASSOCIATORS OF {Toy.Id=\"a}\"} WHERE ClassDefsOnly", kBadInput, "",
+       "'ClassDefsOnly' is not served here"},
+      {"ASSOCIATORS OF {Toy.Id=\"a}\"}", kSuccess, "[]\n", ""},
+      {"put Toy.Id=\"a\" Note=x", kSuccess,
+       "[\n  {\n    \"Property\": \"Note\",\n    \"Old\": \"none\",\n    \"Asked\": \"x\",\n    "
+       "\"New\": \"x\"\n  }\n]\n",
+       ""},
       {"put Toy.Id=\"a\" Count=2", kBadInput, "", "'Count' cannot be set; it takes Note (string)"},
       {"put Toy.Id=\"a\" Note", kBadInput, "", "not of the form Name=value"},
-      {"put Pair.Left=\"a\"", kNotFound, "", "WBEM_E_INVALID_CLASS"},
+      {"put Pair.Left=\"a\"", kNotFound, "",
+       "no such class; its keys are Left, Right, Flag, and the case of its letters counts"},
       {"call Toy.Id=\"a\" Start", kBadInput, "", "its methods are Reset, Stop"},
-      {"call Toy.Id=\"a\" Reset Level=x", kBadInput, "", "'x' is no value of type sint32"},
+      {"call Toy.Id=\"a\" Reset Level=x", kBadInput, "", "Level: 'x' is no value of type sint32"},
+      {"call Toy.Id=\"a\" Stop --fields Bad", kBadInput, "", "no property 'Bad'"},
       {"call Toy.Id=\"a\" Stop Level=1", kBadInput, "", "Stop takes no parameters"},
       {"delete Pair.Left=\"a\"", kNotFound, "", "delete Pair.Left=\"a\": WBEM_E_INVALID_CLASS"},
       {"describe Nothing", kNotFound, "", "WBEM_E_INVALID_CLASS"},
@@ -155,6 +210,15 @@ TEST_F(CommandTest, PutChangesOnlyWhatIsNamed) {
   EXPECT_EQ(toy_.ToJson().dump(), R"({"Id":"a","Count":1,"Note":"b=c d"})");
 }
 
+TEST_F(CommandTest, PutSaysWhatTheProviderDidNotTake) {
+  provider_.services.onPut = [](Request& request) {
+    request.sink->SetStatus(0, S_OK, nullptr, nullptr);
+    return HRESULT{S_OK};
+  };
+  EXPECT_EQ(Run("put Toy.Id=\"a\" Note=x --format table"), kRefused);
+  EXPECT_EQ(output_.str(), "Note  none \xE2\x86\x92 x  refused, still none\n");
+}
+
 TEST_F(CommandTest, DumpKeepsWhatWorksAndReportsTheRest) {
   EXPECT_EQ(Run("dump"), kNotFound);
   EXPECT_EQ(Json::parse(output_.str()).dump(),
@@ -168,11 +232,10 @@ TEST_F(CommandTest, ShellRunsLinesAndKeepsTheWorstStatus) {
       "enum Nothing\nexit\nenum Toy\n");
   Command defaults;
   defaults.format = OutputFormat::kCsv;
-  EXPECT_EQ(Shell(LinesOf(input), output_, errors_, "lines", true).Run(runner_, defaults),
-            kNotFound);
-  EXPECT_EQ(
-      output_.str(),
-      "> put Toy.Id=\"a\" Note=x\n> enum Toy --fields Note\nNote\nx\n> fly\n> enum Nothing\n");
+  EXPECT_EQ(Shell(LinesOf(input), context_, "lines", true).Run(defaults), kNotFound);
+  EXPECT_EQ(output_.str(),
+            "> put Toy.Id=\"a\" Note=x\nProperty,Old,Asked,New\nNote,none,x,x\n> enum Toy --fields "
+            "Note\nNote\nx\n> fly\n> enum Nothing\n> exit\n");
   EXPECT_NE(errors_.str().find("wmihost: lines:5: "), std::string::npos) << errors_.str();
 }
 

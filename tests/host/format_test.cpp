@@ -32,6 +32,15 @@ TEST(Format, Csv) {
             "\"a,\"\"b\"\"\",-5,true,\"[\"\"x\"\",\"\"y\"\"]\",\n"
             "\"line\nbreak\",10,,,\n");
   EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kCsv, 100), "");
+  // A reader takes a line without anything for no row.
+  EXPECT_EQ(FormatRows(Json::parse(R"([{"A":null},{"A":""},{}])"), OutputFormat::kCsv, 100, {"A"}),
+            "A\n\"\"\n\"\"\n\"\"\n");
+}
+
+TEST(Format, TableAtATerminalWithColors) {
+  EXPECT_EQ(FormatRows(Json::parse(R"([{"A":null,"B":1},{"A":"x"}])"), OutputFormat::kTable, 100,
+                       {}, true),
+            "\x1b[1mA     B\x1b[0m\n----  ----\n\x1b[2mNULL\x1b[0m  1\nx     \x1b[2mNULL\x1b[0m\n");
 }
 
 TEST(Format, List) {

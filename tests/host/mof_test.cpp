@@ -8,6 +8,7 @@
 #include "host/mof/check.h"
 #include "host/mof/product_schema.h"
 #include "host/mof/reference.h"
+#include "host/mof/registration.h"
 
 namespace host {
 namespace {
@@ -100,7 +101,7 @@ TEST(MofReader, SaysWhatIsWrongAndWhere) {
       {"instance of A { B = $; };", "m:1: expected an alias's name after $, found another"},
       {"instance of A { B = {1, }; };", "m:1: expected a text, a number, TRUE or FALSE, found '}'"},
       {"#pragma include(\"x\")",
-       "m:1: expected namespace, deleteclass or deleteinstance, found 'include'"},
+       "m:1: expected namespace, classflags, deleteclass or deleteinstance, found 'include'"},
       {"#pragma deleteclass(\"x\", MAYBE)", "m:1: expected NOFAIL, found 'MAYBE'"},
       {"\n/* open\n\n", "m:2: expected */ to close a comment, found the end"},
       {"[a(\"open", "m:1: expected \" to close a text, found the end"},
@@ -126,7 +127,10 @@ TEST(MofReader, SaysWhatIsWrongAndWhere) {
 
 TEST(SchemaCheck, FindsEveryFault) {
   const Schema schema = ParseMof(
-      "[dynamic, provider(\"P\"), Description(\"D.\")] class A {\n"
+      "instance of __Win32Provider as $P { Name = \"P\"; HostingModel = \"SelfHost\"; }; "
+      "instance of __InstanceProviderRegistration { SupportsGet = FALSE; SupportsPut = TRUE; "
+      "SupportsDelete = TRUE; }; "
+      "[dynamic, provider(\"p\"), Description(\"D.\")] class A {\n"
       "  [read, read, Description(\"D.\")] string B;\n"
       "  [key, Description(\"D.\"), ValueMap{\"1\"}, Values{\"a\", \"b\"}] uint8 b;\n"
       "  [Description(\"D.\")] string M([Description(\"no stop\"), ID(1)] string X);\n"
@@ -134,7 +138,18 @@ TEST(SchemaCheck, FindsEveryFault) {
       "class a {};\n",
       "m");
   EXPECT_EQ(CheckSchema(schema), (std::vector<std::string>{
+                                     "1: __Win32Provider: no host for a module that acts as its "
+                                     "clients: 'SelfHost'",
+                                     "1: __InstanceProviderRegistration: SupportsGet is not TRUE",
+                                     "1: __InstanceProviderRegistration: SupportsEnumeration is "
+                                     "not TRUE",
+                                     "1: __InstanceProviderRegistration: SupportsPut is not FALSE",
+                                     "1: __InstanceProviderRegistration: SupportsDelete is not "
+                                     "FALSE",
+                                     "1: __InstanceProviderRegistration: of another provider",
+                                     "1: __MethodProviderRegistration: 0 instances",
                                      "6: a: the name stands twice",
+                                     "1: A: its provider is not 'P'",
                                      "3: b: the name stands twice",
                                      "2: A.B: the qualifier read stands twice",
                                      "3: A.b: ValueMap and Values differ in length",
@@ -147,7 +162,7 @@ TEST(SchemaCheck, FindsEveryFault) {
                                      "4: A.M.X: its ID is not 0",
                                      "6: a: no description that ends in a full stop",
                                      "6: a: not dynamic",
-                                     "6: a: no provider",
+                                     "6: a: its provider is not 'P'",
                                      "6: a: no key",
                                  }));
 }
@@ -157,6 +172,10 @@ TEST(ProductMof, IsWholeAndWithoutFindings) {
   EXPECT_EQ(CheckSchema(schema), std::vector<std::string>{});
   EXPECT_EQ(schema.namespaceName, "\\\\.\\root\\cimv2");
   EXPECT_EQ(schema.instances.size(), 3u);
+  // What the class factory, the installer and the host process take on trust.
+  EXPECT_EQ(TextOf(schema.instances[0], "Name"), "WiFiAdapterProvider");
+  EXPECT_EQ(ProviderClassId(schema), "{3B14BAD6-C364-4576-8271-39B5850ABDA8}");
+  EXPECT_EQ(TextOf(schema.instances[0], "HostingModel"), "NetworkServiceHost");
   EXPECT_EQ(schema.classes.size(), 19u);
   std::size_t methods = 0;
   for (const ClassDeclaration& declaration : schema.classes) methods += declaration.methods.size();

@@ -14,7 +14,7 @@ using platform::Bstr;
 using platform::ComPtr;
 using platform::Variant;
 
-constexpr HRESULT kFailed = static_cast<HRESULT>(WBEM_E_FAILED);
+constexpr HRESULT kFailed = WBEM_E_FAILED;
 
 ComPtr<IWbemClassObject> Spawn(Request& request, const OLECHAR* className) {
   ComPtr<IWbemClassObject> definition;
@@ -277,7 +277,7 @@ TEST_F(ProviderSessionTest, ServesThePlatformClassesDuringInitialize) {
     ComPtr<IEnumWbemClassObject> own;
     const Bstr name(OLESTR("Toy"));
     EXPECT_EQ(services->CreateInstanceEnum(name.get(), 0, nullptr, own.put()),
-              static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED));
+              WBEM_E_NOT_SUPPORTED);
   };
   Start();
   EXPECT_EQ(

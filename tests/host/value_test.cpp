@@ -17,8 +17,8 @@ Variant Unsigned(ULONG number) {
 }
 
 TEST(Value, PutsWhatFitsTheDeclaredTypeAndRefusesTheRest) {
-  constexpr HRESULT kMismatch = static_cast<HRESULT>(WBEM_E_TYPE_MISMATCH);
-  constexpr HRESULT kRange = static_cast<HRESULT>(WBEM_E_VALUE_OUT_OF_RANGE);
+  constexpr HRESULT kMismatch = WBEM_E_TYPE_MISMATCH;
+  constexpr HRESULT kRange = WBEM_E_VALUE_OUT_OF_RANGE;
   struct Row {
     const char* property;
     Variant value;

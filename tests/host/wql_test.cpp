@@ -41,12 +41,23 @@ TEST(Wql, SelectsByCondition) {
       {"Id LIKE 'al%'", true},
       {"NOT Id LIKE '%z%'", true},
       {"Note = 'none'", true},  // the default of the class
+      {"Small = 1 AND Count = 6", false},
+      {"NOT (Small = 1 AND Count = 5 AND On = 1)", false},  // no value decides in the first place
+      {"NOT (Small = 1 AND Count = 6)", true},
   };
   for (const Row& row : kRows) {
     const WqlQuery query =
         ParseWql(std::string("SELECT * FROM Toy WHERE ") + row.condition, ToyRepository());
     EXPECT_EQ(query.Selects(toy), row.selected) << row.condition;
   }
+}
+
+TEST(Wql, TakesChainsOfAnyLength) {
+  std::string condition = "Count = 1";
+  for (int side = 0; side < 200'000; ++side) condition += side % 2 == 0 ? " OR On=1" : " AND Id=''";
+  const WqlQuery query = ParseWql("SELECT * FROM Toy WHERE " + condition, ToyRepository());
+  EXPECT_FALSE(query.Selects(NewToy("alpha", 5)));
+  EXPECT_TRUE(query.Selects(NewToy("alpha", 1)));
 }
 
 TEST(Wql, MatchesPatterns) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 
 #include "tests/methods/method_fixture.h"
@@ -13,6 +14,13 @@ using Strings = std::vector<std::string>;
 
 constexpr const char* kTrue = "ReturnValue=flag:true";
 constexpr const char* kFalse = "ReturnValue=flag:false";
+
+/// A number of another type.
+Variant Typed(VARTYPE type, LONG bits) {
+  Variant value = Variant::Integer(bits);
+  value.in_place()->vt = type;
+  return value;
+}
 
 class Methods : public testing_support::MethodFixture {
  protected:
@@ -51,6 +59,10 @@ TEST_F(Methods, CallsWithAFlag) {
     EXPECT_EQ(with(Variant::Integer(2)), kTrue + (" " + std::string(row.on)));
     EXPECT_EQ(with(Variant::Boolean(false)), kTrue + (" " + std::string(row.off)));
     EXPECT_EQ(with(Variant::Integer(0x10000)), kTrue + (" " + std::string(row.off)));
+    EXPECT_EQ(with(Typed(VT_UI1, 0x80)), kTrue + (" " + std::string(row.on)));
+    EXPECT_EQ(with(Typed(VT_UI1, 0x100)), kTrue + (" " + std::string(row.off)));
+    EXPECT_EQ(with(Typed(VT_I2, 0x100)), kTrue + (" " + std::string(row.on)));
+    EXPECT_EQ(with(Typed(VT_UI2, 0x8000)), kTrue + (" " + std::string(row.on)));
     EXPECT_EQ(with(Variant::AnsiText("TRUE")), kFalse + std::string(" "));
     in->values.clear();
     EXPECT_EQ(Answer(row.className, row.method), kFalse);
@@ -93,9 +105,12 @@ TEST_F(Methods, Questions) {
   EXPECT_EQ(OnAdapterAnswer("IsTcpIpInstalledAndBound"), kFalse);
 
   api.onGetDeviceInfo = [](std::uint32_t adapter, adapterapi::DeviceInfoRecord* record) {
+    EXPECT_EQ(std::count(reinterpret_cast<char*>(record), reinterpret_cast<char*>(record + 1), 0),
+              static_cast<std::ptrdiff_t>(sizeof(*record)));
     record->cardType = adapter;
     return 0;
   };
+  testing_support::DirtyStack();
   api.onIsAdapterSupported = [](const adapterapi::DeviceInfoRecord* record, std::uint32_t* out) {
     *out = record->cardType == 107 ? 4 : 0;
     return 1;
@@ -135,6 +150,14 @@ TEST_F(Methods, IsCurrentProfileIgnoresLetterCase) {
       {"Stra\xDF"
        "e",
        Variant::AnsiText("Strasse"), kFalse},
+      // What a locale's rules equate are different names.
+      {"AE\xC6",
+       Variant::AnsiText("\xC6"
+                         "AE"),
+       kFalse},
+      {"co-op", Variant::AnsiText("coop-"), kFalse},
+      {"so\xADon", Variant::AnsiText("soo\xADn"), kFalse},
+      {"\xFF\x9A\x9C\x9E", Variant::AnsiText("\x9F\x8A\x8C\x8E"), kTrue},
       {"5", Variant::Integer(5), kTrue},
       {"", Variant::AnsiText(""), kTrue},
       {"", Variant::Error(E_FAIL), kTrue},  // what is no text counts as the empty one
@@ -207,6 +230,9 @@ TEST_F(Methods, ExcludeListEntries) {
     EXPECT_EQ(OnAdapterAnswer("AddExcludeListEntry"), kFalse);
     EXPECT_EQ(OnAdapterAnswer("RemoveExcludeListEntry"), kFalse);
   }
+  in->values["NetworkName"] = Variant::Integer(5);  // a number is no name
+  in->values["Reason"] = Variant::Integer(1);
+  EXPECT_EQ(OnAdapterAnswer("AddExcludeListEntry"), kFalse);
   EXPECT_EQ(journal.calls(), Strings{});
 }
 
@@ -221,6 +247,9 @@ TEST_F(Methods, ExcludeListQueries) {
   api.onGetRogueApCount = Gives(300u);
   Exec(path, "GetRogueApCount");
   EXPECT_EQ(Out(), (Strings{"Count=number:44", kTrue}));
+  api.onGetRogueApCount = Gives(0x1FFu);
+  Exec(path, "GetRogueApCount");
+  EXPECT_EQ(Out(), (Strings{"Count=number:255", kTrue}));
   api.onGetRogueApCount = Gives(300u, 1);
   Exec(path, "GetRogueApCount");
   EXPECT_EQ(Out(), Strings{kFalse});
@@ -318,10 +347,22 @@ TEST_F(ProfileMethods, EveryFailureIsFalse) {
   EXPECT_EQ(Apply("ApplyProfile"), kFalse);
   EXPECT_FALSE(journal.Has("tolva Open(3000)"));
   in->values["AdapterID"] = Variant::Integer(8);
+  in->values["MacAddress"] = Variant::Integer(8);
   EXPECT_EQ(Apply("ApplyProfile"), kFalse);
+  EXPECT_EQ(Apply("ApplyProfileFromMacAddress"), kFalse);
   in->values.clear();
   EXPECT_EQ(Apply("ApplyProfileFromMacAddress"), kFalse);
   EXPECT_FALSE(journal.Has("tolva Open(3000)"));
+}
+
+TEST_F(ProfileMethods, NothingIsAskedBeforeInitialize) {
+  provider = platform::ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api));
+  for (const char* method :
+       {"ApplyProfile", "ReenterAndReapplyProfile", "ApplyProfileFromMacAddress"}) {
+    journal.Clear();
+    Exec("WiFi_PreferredProfile.Name=\"Home\"", method);
+    EXPECT_EQ(journal.Of("tolva "), Strings{}) << method;
+  }
 }
 
 }  // namespace

@@ -11,8 +11,8 @@ using Strings = std::vector<std::string>;
 
 class MethodDispatch : public testing_support::MethodFixture {};
 
-constexpr HRESULT kNotSupported = static_cast<HRESULT>(WBEM_E_NOT_SUPPORTED);
-constexpr HRESULT kInvalidClass = static_cast<HRESULT>(WBEM_E_INVALID_CLASS);
+constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
+constexpr HRESULT kInvalidClass = WBEM_E_INVALID_CLASS;
 
 TEST_F(MethodDispatch, UnknownMethodsAndClasses) {
   const struct {
@@ -29,8 +29,7 @@ TEST_F(MethodDispatch, UnknownMethodsAndClasses) {
       {"WiFi_AdapterAssociationInfo.SettingID=\"7\"", "Disassociate", kInvalidClass},
       {"WiFi_NetworkAdapterSetting.Setting=\"7\"", "IsAssociated", kNotSupported},
       {"WiFi_AdapterChannel.SettingID=\"7\"", "IsAssociated", kInvalidClass},
-      {"WiFi_NetworkAdapter.DeviceID=\"7\" ", "ResetStatistics",
-       static_cast<HRESULT>(WBEM_E_INVALID_OBJECT_PATH)},
+      {"WiFi_NetworkAdapter.DeviceID=\"7\" ", "ResetStatistics", WBEM_E_INVALID_OBJECT_PATH},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(std::string(row.path) + " " + row.method);
@@ -101,19 +100,19 @@ TEST_F(MethodDispatch, AFaultOfTheLibraryIsFalse) {
 }
 
 TEST_F(MethodDispatch, TheStatusIsThatOfDelivery) {
-  script.indicateResult = static_cast<HRESULT>(WBEM_E_CALL_CANCELLED);
-  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_CALL_CANCELLED));
+  script.indicateResult = WBEM_E_CALL_CANCELLED;
+  EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_E_CALL_CANCELLED);
   script.indicateResult = S_OK;
   script.putResults["ReturnValue"] = E_ACCESSDENIED;
   EXPECT_EQ(OnAdapter("ResetStatistics"), S_OK);
   EXPECT_EQ(sink->objects.size(), 1u);
   script.putThrows = "ReturnValue";
-  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE));
+  EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_E_PROVIDER_FAILURE);
   script.putThrows.clear();
-  script.spawnResult = static_cast<HRESULT>(WBEM_E_OUT_OF_MEMORY);
-  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_OUT_OF_MEMORY));
-  fakeNamespace.getObjectResults["WiFi_NetworkAdapter"] = static_cast<HRESULT>(WBEM_E_NOT_FOUND);
-  EXPECT_EQ(OnAdapter("ResetStatistics"), static_cast<HRESULT>(WBEM_E_NOT_FOUND));
+  script.spawnResult = WBEM_E_OUT_OF_MEMORY;
+  EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_E_OUT_OF_MEMORY);
+  fakeNamespace.getObjectResults["WiFi_NetworkAdapter"] = WBEM_E_NOT_FOUND;
+  EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_E_NOT_FOUND);
   // The method itself ran every time.
   EXPECT_EQ(journal.calls(), Strings(5, "ResetStatistics"));
 }

@@ -1,10 +1,15 @@
 #!/bin/sh
-# check_module.sh OBJDUMP BINARIES OPERATIONS: what the linked files promise to others: exports,
-# imports by ordinal, no runtime beside them, protections and resources.
+# check_module.sh SOURCE BINARIES TOOLS VERSION: what the linked files promise to others: exports,
+# imports by ordinal and by the platform's names, no runtime beside them, protections, resources, version
+# and symbols. TOOLS is the prefix of the binary tools.
 set -eu
-objdump=$1
+source=$1
 binaries=$2
-operations=$3
+tools=$3
+version=$4
+objdump=${tools}objdump
+ordinals=$source/tests/adapterapi/ordinals.txt
+names=$source/adapterapi/tolva_api.def
 module=$binaries/WiFiAdapterProvider.dll
 failures=0
 
@@ -30,7 +35,7 @@ ordinals_from() { # FILE LIBRARY: what it imports of it, ordinals as decimal num
     done | sort -n | words
 }
 
-listed=$(sed -n 's/^QUARN_OPERATION(\([0-9]*\),.*/\1/p' "$operations" | sort -n | words)
+listed=$(sed 's/ .*//' "$ordinals" | words)
 same "exports of the module" "DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer" \
   "$(exports "$module")"
 same "libraries that the module imports" \
@@ -38,27 +43,17 @@ same "libraries that the module imports" \
   "$(imported "$module")"
 same "operations that the module imports" "$listed" "$(ordinals_from "$module" QuarnApi.dll)"
 same "number of operations" 68 "$(echo "$listed" | wc -w)"
-same "names that QuarnApi exports" "" "$(exports "$binaries/QuarnApi.dll")"
-same "ordinals that QuarnApi exports" "$listed" \
+same "names that QuarnApi exports" "SimulatorReload SimulatorSet" "$(exports "$binaries/QuarnApi.dll")"
+same "ordinals that QuarnApi exports" "$listed 1001 1002" \
   "$(headers "$binaries/QuarnApi.dll" | sed -n '/Export Address Table -- Ordinal Base/,/^$/p' |
     sed -n 's/.*+base\[ *\([0-9]*\)\].*/\1/p' | sort -n | words)"
 
-profile=$(ordinals_from "$module" TolvaApi.dll)
-for symbol in _ZN11CProfileMgrC1Ev _ZN11CProfileMgrD1Ev _ZN11CProfileMgr15SetWiFiProviderEb \
-  _ZN11CProfileMgr4OpenEm _ZN11CProfileMgr5CloseEv \
-  _ZN11CProfileMgr24GetFirstPreferredProfileER17CPreferredProfilem \
-  _ZN11CProfileMgr23GetNextPreferredProfileER17CPreferredProfilem \
-  _ZN11CProfileMgr17GetProfileToApplyEPKcR18ORVEL_WLAN_PROFILEm \
-  _ZN17CPreferredProfileC1Ev _ZN17CPreferredProfileD1Ev _ZNK17CPreferredProfile4NameEv \
-  _ZNK17CPreferredProfile4SsidEv _ZNK17CPreferredProfile11MandatoryApEv \
-  _ZNK17CPreferredProfile6OpModeEv _ZNK17CPreferredProfile7StealthEv \
-  _ZNK17CPreferredProfile12WepAlgorithmEv _ZNK17CPreferredProfile8AuthModeEv; do
-  case " $profile " in
-    *" $symbol "*) ;;
-    *) same "profile library import" "$symbol" "$profile" ;;
-  esac
-done
-same "number of profile library imports" 17 "$(echo "$profile" | wc -w)"
+profile_names=$(sed -n 's/.* == "\(.*\)"/\1/p' "$names" | sort | words)
+same "profile library members that the module imports" "$profile_names" \
+  "$(ordinals_from "$module" TolvaApi.dll | tr ' ' '\n' | sort | words)"
+same "profile library members and hooks that TolvaApi exports" \
+  "$(printf '%s\n' $profile_names SimulatorReload SimulatorSet | sort | words)" \
+  "$(exports "$binaries/TolvaApi.dll" | tr ' ' '\n' | sort | words)"
 
 for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   same "protections of $file" "DYNAMIC_BASE HIGH_ENTROPY_VA NX_COMPAT" \
@@ -74,10 +69,31 @@ same "folders searched for imports" "0009" \
   "$("$objdump" -s --start-address="$start" --stop-address=$((start + 2)) "$module" | tail -n 1 | awk '{ print $2 }')"
 
 resources=$(strings -e l "$module"; strings "$module")
-for text in REGISTRY TYPELIB VS_VERSION_INFO FileDescription 'val ThreadingModel = s' \
-  'ForceRemove {3B14BAD6-C364-4576-8271-39B5850ABDA8}'; do
+for text in REGISTRY TYPELIB 'val ThreadingModel = s' 'ForceRemove {3B14BAD6-C364-4576-8271-39B5850ABDA8}'; do
   echo "$resources" | grep -q "$text" || same "resources" "$text" "none such"
 done
 
+# One version everywhere, and simulated files say so.
+value_of() { strings -e l "$1" | grep -A1 -x "$2" | tail -n 1; } # FILE NAME: a text of the version resource
+while read -r file product; do
+  same "product of $file" "$product" "$(value_of "$binaries/$file" ProductName)"
+  same "version of $file" "$version $version" \
+    "$(value_of "$binaries/$file" FileVersion) $(value_of "$binaries/$file" ProductVersion)"
+  same "name of $file" "$file" "$(value_of "$binaries/$file" OriginalFilename)"
+  same "description of $file" "${product#WiFi Adapter Provider}" \
+    "$(value_of "$binaries/$file" FileDescription | sed -n 's/^SIMULATED .*/ (SIMULATED)/p')"
+done <<END
+WiFiAdapterProvider.dll WiFi Adapter Provider
+wmihost.exe WiFi Adapter Provider
+QuarnApi.dll WiFi Adapter Provider (SIMULATED)
+TolvaApi.dll WiFi Adapter Provider (SIMULATED)
+END
+grep -q "^## $version - [0-9-]*\$" "$source/CHANGELOG.md" || same "the change log" "## $version - DATE" "none such"
+
+# The files are handed out without symbols, which lie beside them: with those an address becomes a line.
+for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
+  same "symbols in $file" "" "$("${tools}nm" "$binaries/$file" 2>/dev/null | head -n 1)"
+  same "symbols of $file" "$file.debug" "$(strings "$binaries/$file" | grep -x "$file.debug")"
+done
 [ "$failures" = 0 ] && echo "the linked files keep their promises"
 exit "$failures"

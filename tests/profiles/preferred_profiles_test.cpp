@@ -11,7 +11,7 @@ using platform::Variant;
 using testing_support::FakeProfile;
 using Strings = std::vector<std::string>;
 
-constexpr HRESULT kNotFound = static_cast<HRESULT>(WBEM_E_NOT_FOUND);
+constexpr HRESULT kNotFound = WBEM_E_NOT_FOUND;
 
 class PreferredProfiles : public testing_support::StateFixture {
  protected:
@@ -105,6 +105,17 @@ TEST_F(PreferredProfiles, ASearchGoesOnUntilTheEnd) {
   EXPECT_EQ(Listed("Name"), Strings{"text:Away"});
   for (int load = 1; load <= 20002; ++load) library.loadStatuses[load] = -7;
   EXPECT_EQ(Get("Logon"), S_OK);  // a store that never ends is given up
+}
+
+TEST_F(PreferredProfiles, AStoreWithoutAnEndIsGivenUp) {
+  library.stores.clear();
+  library.stores[1] = {{"Home"}};
+  library.endless = true;
+  api.onGetSettingValue = testing_support::Gives(0u);
+  script.spawnResult = E_ACCESSDENIED;
+  EXPECT_EQ(List(), E_ACCESSDENIED);
+  EXPECT_EQ(journal.Of("spawn ").size(), 3 * 10000u);
+  EXPECT_TRUE(journal.Has("tolva Close()"));
 }
 
 TEST_F(PreferredProfiles, FoundByExactNameInThreeStores) {

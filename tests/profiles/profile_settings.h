@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/os/os.h"
 #include "platform/bstr.h"
+#include "platform/control.h"
 
 namespace testing_support {
 
@@ -18,7 +18,7 @@ class ProfileSettings {
   void SetNumber(const OLECHAR* name, DWORD value) { Set(name, REG_DWORD, &value, sizeof(value)); }
 
  private:
-  host::os::PrivateLocalMachine machine_;
+  platform::PrivateLocalMachine machine_;
 };
 
 }  // namespace testing_support

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "adapterapi/bounded_text.h"
-#include "scenario/hex.h"
+#include "adapterapi/mac_text.h"
 #include "scenario/scenario.h"
 
 namespace simulator {
@@ -63,7 +63,7 @@ TEST(FromIw, GivesTheNetworksOfACaptureInBothLists) {
         const ScanListEntry& entry = entries[i];
         SCOPED_TRACE(kRows[i].mac);
         EXPECT_EQ(adapterapi::BoundedText(entry.ssid), kRows[i].ssid);
-        EXPECT_EQ(MacText(entry.macAddress), kRows[i].mac);
+        EXPECT_STREQ(adapterapi::MacText(entry.macAddress).c_str(), kRows[i].mac);
         EXPECT_EQ(entry.band, kRows[i].band);
         EXPECT_EQ(entry.opMode, kRows[i].opMode);
         EXPECT_EQ(entry.rssi, kRows[i].rssi);
@@ -86,7 +86,7 @@ TEST(FromIw, AssociatesTheAdapter) {
   EXPECT_EQ(records.signal.rssi, -47);
   EXPECT_EQ(records.association.associated, 1u);
   EXPECT_STREQ(records.association.ssid, "office");
-  EXPECT_EQ(MacText(records.association.bssid), "02:00:00:00:10:02");
+  EXPECT_STREQ(adapterapi::MacText(records.association.bssid).c_str(), "02:00:00:00:10:02");
   EXPECT_EQ(records.association.channel, 36);
   EXPECT_EQ(records.association.rate, 48000000u);
   EXPECT_EQ(records.association.authenMode, 5u);  // WPA2-Enterprise

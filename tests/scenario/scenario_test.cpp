@@ -2,11 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/embedded_text.h"
-#include "scenario/fields.h"
-
-EMBEDDED_TEXT(scenario_document)
-
 namespace simulator {
 namespace {
 
@@ -129,13 +124,6 @@ TEST(Scenario, FilesLoad) {
     EXPECT_EQ(scenario.platform.adapters.size(), row.platformAdapters) << row.file;
     EXPECT_FALSE(scenario.profiles[0].empty()) << row.file;
   }
-}
-
-TEST(Scenario, DocumentHoldsTheReferenceOfTheTables) {
-  const std::string reference = DescribeTables();
-  EXPECT_NE(embedded::scenario_document().find(reference), std::string_view::npos)
-      << "docs/scenarios.md is to hold:\n"
-      << reference;
 }
 
 }  // namespace

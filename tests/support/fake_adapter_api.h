@@ -19,7 +19,9 @@ class FakeAdapterApi final : public AdapterApi {
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) \
   std::function<ApiStatus parameters> on##name;               \
   ApiStatus name parameters override {                        \
+    const Outgoing call(Step::kAdapterLibrary);               \
     journal_.Add("call " #name);                              \
+    if (call.struck()) return call.code();                    \
     return on##name ? on##name arguments : 0;                 \
   }
 #include "adapterapi/operations.inc"

@@ -5,6 +5,10 @@
 
 using testing_support::FakeProfile;
 using testing_support::FakeProfileLibrary;
+using testing_support::kPlannedFailure;
+using testing_support::Outgoing;
+using testing_support::Side;
+using testing_support::Step;
 
 namespace {
 
@@ -16,12 +20,14 @@ const FakeProfile& Loaded(const unsigned char* storage) {
   return profile == nullptr ? none : *profile;
 }
 
-TolvaLong Load(unsigned char* storage, TolvaUlong store) {
+LONG Load(unsigned char* storage, ULONG store) {
   FakeProfileLibrary& library = *FakeProfileLibrary::current;
   const auto scripted = library.loadStatuses.find(++library.loads);
   if (scripted != library.loadStatuses.end()) return scripted->second;
   const std::vector<FakeProfile>& profiles = library.stores[static_cast<unsigned>(store)];
-  if (library.next >= profiles.size()) return kTolvaNoMoreProfiles;
+  if (library.next >= profiles.size()) {
+    return library.endless ? kTolvaSuccess : kTolvaNoMoreProfiles;
+  }
   const FakeProfile* profile = &profiles[library.next++];
   std::memcpy(storage, &profile, sizeof(profile));
   return kTolvaSuccess;
@@ -36,61 +42,81 @@ void FakeProfileLibrary::Note(const std::string& call) {
 }
 
 CPreferredProfile::CPreferredProfile() : storage_{} {
+  const Outgoing call(Step::kProfileLibrary);
   FakeProfileLibrary::Note("new profile");
 }
 CPreferredProfile::~CPreferredProfile() {
+  const Side outside(false);
   if (FakeProfileLibrary::current) FakeProfileLibrary::current->journal.Add("tolva end profile");
 }
 const char* CPreferredProfile::Name() const {
-  return Loaded(storage_).name;
+  const Outgoing call(Step::kProfileLibrary);
+  return call.struck() ? nullptr : Loaded(storage_).name;
 }
 const char* CPreferredProfile::Ssid() const {
-  return Loaded(storage_).ssid;
+  const Outgoing call(Step::kProfileLibrary);
+  return call.struck() ? nullptr : Loaded(storage_).ssid;
 }
 const char* CPreferredProfile::MandatoryAp() const {
+  const Outgoing call(Step::kProfileLibrary);
   return Loaded(storage_).mandatoryAp;
 }
 ORVEL_OPMODE CPreferredProfile::OpMode() const {
+  const Outgoing call(Step::kProfileLibrary);
   return static_cast<ORVEL_OPMODE>(Loaded(storage_).opMode);
 }
-TolvaLong CPreferredProfile::Stealth() const {
+LONG CPreferredProfile::Stealth() const {
+  const Outgoing call(Step::kProfileLibrary);
   return Loaded(storage_).stealth;
 }
 ORVEL_ALGORITHM CPreferredProfile::WepAlgorithm() const {
+  const Outgoing call(Step::kProfileLibrary);
   return static_cast<ORVEL_ALGORITHM>(Loaded(storage_).algorithm);
 }
 ORVEL_AUTHMODE CPreferredProfile::AuthMode() const {
+  const Outgoing call(Step::kProfileLibrary);
   return static_cast<ORVEL_AUTHMODE>(Loaded(storage_).authMode);
 }
 
 CProfileMgr::CProfileMgr() : storage_{} {
+  const Outgoing call(Step::kProfileLibrary);
   FakeProfileLibrary::Note("new manager");
 }
 CProfileMgr::~CProfileMgr() {
+  const Side outside(false);
   if (FakeProfileLibrary::current) FakeProfileLibrary::current->journal.Add("tolva end manager");
 }
 void CProfileMgr::SetWiFiProvider(bool on) {
+  const Outgoing call(Step::kProfileLibrary);
   FakeProfileLibrary::Note(on ? "SetWiFiProvider(true)" : "SetWiFiProvider(false)");
 }
-TolvaLong CProfileMgr::Open(TolvaUlong timeout) {
+LONG CProfileMgr::Open(ULONG timeout) {
+  const Outgoing call(Step::kProfileLibrary);
+  if (call.struck()) return kPlannedFailure;
   FakeProfileLibrary::Note("Open(" + std::to_string(timeout) + ")");
   return FakeProfileLibrary::current ? FakeProfileLibrary::current->openStatus : 0;
 }
-TolvaLong CProfileMgr::Close() {
+LONG CProfileMgr::Close() {
+  const Outgoing call(Step::kProfileLibrary);
   FakeProfileLibrary::Note("Close()");
   return 0;
 }
-TolvaLong CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
+LONG CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, ULONG store) {
+  const Outgoing call(Step::kProfileLibrary);
+  if (call.struck()) return call.code();
   FakeProfileLibrary::Note("GetFirst(" + std::to_string(store) + ")");
   FakeProfileLibrary::current->next = 0;
   return Load(profile.storage_, store);
 }
-TolvaLong CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, TolvaUlong store) {
+LONG CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, ULONG store) {
+  const Outgoing call(Step::kProfileLibrary);
+  if (call.struck()) return call.code();
   FakeProfileLibrary::Note("GetNext(" + std::to_string(store) + ")");
   return Load(profile.storage_, store);
 }
-TolvaLong CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile,
-                                         TolvaUlong flags) {
+LONG CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, ULONG flags) {
+  const Outgoing call(Step::kProfileLibrary);
+  if (call.struck()) return call.code();
   FakeProfileLibrary::Note("GetProfileToApply(" + std::string(name) + ", " + std::to_string(flags) +
                            ")");
   const FakeProfileLibrary& library = *FakeProfileLibrary::current;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "adapterapi/records.h"
 #include "adapterapi/tolva_api.h"
 #include "tests/support/journal.h"
 
@@ -35,6 +36,7 @@ class FakeProfileLibrary {
   std::map<unsigned, std::vector<FakeProfile>> stores;
   /// What the n-th Get…PreferredProfile (from 1) answers instead, leaving the profile as it is.
   std::map<int, LONG> loadStatuses;
+  bool endless = false;  ///< every load succeeds, behind the last profile too
   std::function<LONG(ORVEL_WLAN_PROFILE&)> onGetProfileToApply;
   /// The journal entry at whose call the library throws.
   std::string throwsAt;

@@ -64,6 +64,8 @@ std::string FakeObject::Last(const std::string& name) const {
 }
 
 HRESULT FakeObject::Get(LPCWSTR name, LONG, VARIANT* value, CIMTYPE*, LONG*) {
+  const Outgoing call(Step::kGet);
+  if (call.struck()) return call.code();
   const std::string key = Utf8Text(ViewOf(name));
   script_.journal.Add("get " + key);
   const auto found = values.find(key);
@@ -73,6 +75,8 @@ HRESULT FakeObject::Get(LPCWSTR name, LONG, VARIANT* value, CIMTYPE*, LONG*) {
 }
 
 HRESULT FakeObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) {
+  const Outgoing call(Step::kPut);
+  if (call.struck()) return call.code();
   const std::string key = Utf8Text(ViewOf(name));
   script_.journal.Add("put " + key);
   if (script_.putThrows == key) throw std::runtime_error("put");
@@ -84,6 +88,8 @@ HRESULT FakeObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) 
 }
 
 HRESULT FakeObject::SpawnInstance(LONG flags, IWbemClassObject** instance) {
+  const Outgoing call(Step::kSpawn);
+  if (call.struck()) return call.code();
   script_.journal.Add("spawn " + className);
   if (flags != 0) return E_INVALIDARG;
   if (FAILED(script_.spawnResult)) return script_.spawnResult;
@@ -94,6 +100,8 @@ HRESULT FakeObject::SpawnInstance(LONG flags, IWbemClassObject** instance) {
 }
 
 HRESULT FakeObject::GetMethod(LPCWSTR name, LONG, IWbemClassObject** in, IWbemClassObject** out) {
+  const Outgoing call(Step::kSignature);
+  if (call.struck()) return call.code();
   const std::string method = Utf8Text(ViewOf(name));
   script_.journal.Add("method " + method);
   if (in != nullptr) return E_INVALIDARG;
@@ -104,6 +112,8 @@ HRESULT FakeObject::GetMethod(LPCWSTR name, LONG, IWbemClassObject** in, IWbemCl
 }
 
 HRESULT FakeSink::Indicate(LONG count, IWbemClassObject** indicated) {
+  const Outgoing call(Step::kIndicate);
+  if (call.struck()) return call.code();
   script_.journal.Add("indicate");
   if (count != 1 || indicated == nullptr || indicated[0] == nullptr) return E_INVALIDARG;
   ++calls_;
@@ -117,15 +127,21 @@ HRESULT FakeSink::Indicate(LONG count, IWbemClassObject** indicated) {
 }
 
 HRESULT FakeSink::SetStatus(LONG flags, HRESULT status, BSTR text, IWbemClassObject* object) {
-  script_.journal.Add("status " + std::to_string(status));
-  if (flags != WBEM_STATUS_COMPLETE || text != nullptr || object != nullptr) return E_INVALIDARG;
-  statuses.push_back(status);
-  return S_OK;
+  {
+    const Side outside(false);
+    script_.journal.Add("status " + std::to_string(status));
+    if (flags != WBEM_STATUS_COMPLETE || text != nullptr || object != nullptr) return E_INVALIDARG;
+    statuses.push_back(status);
+  }
+  const Outgoing call(Step::kStatus);
+  return call.struck() ? call.code() : S_OK;
 }
 
 HRESULT FakeEnumeration::Next(LONG timeout, ULONG count, IWbemClassObject** object,
                               ULONG* returned) {
+  const Outgoing call(Step::kNext);
   *returned = 0;
+  if (call.struck()) return call.code();
   if (timeout != WBEM_INFINITE || count != 1) return E_INVALIDARG;
   if (next_ == objects_.size()) return WBEM_S_FALSE;
   ComPtr<IWbemClassObject> found = objects_[next_++];
@@ -136,6 +152,8 @@ HRESULT FakeEnumeration::Next(LONG timeout, ULONG count, IWbemClassObject** obje
 
 HRESULT FakeNamespace::GetObject(const BSTR path, LONG flags, IWbemContext* context,
                                  IWbemClassObject** object, IWbemCallResult** result) {
+  const Outgoing call(Step::kFetch);
+  if (call.struck()) return call.code();
   const std::string name = Utf8Text(ViewOf(path));
   contexts.push_back(context);
   if (flags != 0 || result != nullptr) return E_INVALIDARG;
@@ -149,6 +167,8 @@ HRESULT FakeNamespace::GetObject(const BSTR path, LONG flags, IWbemContext* cont
 
 HRESULT FakeNamespace::CreateInstanceEnum(const BSTR name, LONG flags, IWbemContext* context,
                                           IEnumWbemClassObject** enumeration) {
+  const Outgoing call(Step::kOpen);
+  if (call.struck()) return call.code();
   char entry[80];
   std::snprintf(entry, sizeof(entry), "%s %X", Utf8Text(ViewOf(name)).c_str(),
                 static_cast<unsigned>(flags));

@@ -31,11 +31,80 @@ class FakeUnknown : public Interface {
     if (left == 0) delete this;
     return left;
   }
+  ULONG references() const { return references_; }
   static inline int live = 0;
 
  private:
   ULONG references_ = 1;
 };
+
+#define UNUSED_OPERATION(operation, parameters)             \
+  HRESULT STDMETHODCALLTYPE operation parameters override { \
+    return E_NOTIMPL;                                       \
+  }
+/// A class object none of whose operations is there.
+class UnusedClassObject : public FakeUnknown<IWbemClassObject> {
+ public:
+  UNUSED_OPERATION(GetQualifierSet, (IWbemQualifierSet**))
+  UNUSED_OPERATION(Delete, (LPCWSTR))
+  UNUSED_OPERATION(GetNames, (LPCWSTR, LONG, VARIANT*, SAFEARRAY**))
+  UNUSED_OPERATION(BeginEnumeration, (LONG))
+  UNUSED_OPERATION(Next, (LONG, BSTR*, VARIANT*, CIMTYPE*, LONG*))
+  UNUSED_OPERATION(EndEnumeration, ())
+  UNUSED_OPERATION(GetPropertyQualifierSet, (LPCWSTR, IWbemQualifierSet**))
+  UNUSED_OPERATION(Clone, (IWbemClassObject**))
+  UNUSED_OPERATION(GetObjectText, (LONG, BSTR*))
+  UNUSED_OPERATION(SpawnDerivedClass, (LONG, IWbemClassObject**))
+  UNUSED_OPERATION(CompareTo, (LONG, IWbemClassObject*))
+  UNUSED_OPERATION(GetPropertyOrigin, (LPCWSTR, BSTR*))
+  UNUSED_OPERATION(InheritsFrom, (LPCWSTR))
+  UNUSED_OPERATION(PutMethod, (LPCWSTR, LONG, IWbemClassObject*, IWbemClassObject*))
+  UNUSED_OPERATION(DeleteMethod, (LPCWSTR))
+  UNUSED_OPERATION(BeginMethodEnumeration, (LONG))
+  UNUSED_OPERATION(NextMethod, (LONG, BSTR*, IWbemClassObject**, IWbemClassObject**))
+  UNUSED_OPERATION(EndMethodEnumeration, ())
+  UNUSED_OPERATION(GetMethodQualifierSet, (LPCWSTR, IWbemQualifierSet**))
+  UNUSED_OPERATION(GetMethodOrigin, (LPCWSTR, BSTR*))
+  UNUSED_OPERATION(Get, (LPCWSTR, LONG, VARIANT*, CIMTYPE*, LONG*))
+  UNUSED_OPERATION(Put, (LPCWSTR, LONG, VARIANT*, CIMTYPE))
+  UNUSED_OPERATION(SpawnInstance, (LONG, IWbemClassObject**))
+  UNUSED_OPERATION(GetMethod, (LPCWSTR, LONG, IWbemClassObject**, IWbemClassObject**))
+};
+
+/// A namespace none of whose operations is there.
+class UnusedServices : public FakeUnknown<IWbemServices> {
+ public:
+  UNUSED_OPERATION(OpenNamespace,
+                   (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
+  UNUSED_OPERATION(CancelAsyncCall, (IWbemObjectSink*))
+  UNUSED_OPERATION(QueryObjectSink, (LONG, IWbemObjectSink**))
+  UNUSED_OPERATION(GetObjectAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(PutInstanceAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
+  UNUSED_OPERATION(DeleteInstanceAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(CreateInstanceEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(ExecQueryAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecNotificationQuery,
+                   (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+  UNUSED_OPERATION(ExecNotificationQueryAsync,
+                   (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
+  UNUSED_OPERATION(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
+                                IWbemClassObject**, IWbemCallResult**))
+  UNUSED_OPERATION(ExecMethodAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
+                                     IWbemObjectSink*))
+  UNUSED_OPERATION(GetObject,
+                   (const BSTR, LONG, IWbemContext*, IWbemClassObject**, IWbemCallResult**))
+  UNUSED_OPERATION(CreateInstanceEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
+};
+#undef UNUSED_OPERATION
 
 /// How puts and spawns of a test's instances go; shared by all of them.
 struct InstanceScript {
@@ -52,7 +121,7 @@ struct InstanceScript {
 std::string Shown(const VARIANT& value);
 
 /// An instance, a class definition or a method signature.
-class FakeObject final : public FakeUnknown<IWbemClassObject> {
+class FakeObject final : public UnusedClassObject {
  public:
   explicit FakeObject(InstanceScript& script) : script_(script) {}
 
@@ -75,32 +144,6 @@ class FakeObject final : public FakeUnknown<IWbemClassObject> {
   HRESULT STDMETHODCALLTYPE SpawnInstance(LONG flags, IWbemClassObject** instance) override;
   HRESULT STDMETHODCALLTYPE GetMethod(LPCWSTR name, LONG flags, IWbemClassObject** in,
                                       IWbemClassObject** out) override;
-
-#define UNUSED_OPERATION(operation, parameters)             \
-  HRESULT STDMETHODCALLTYPE operation parameters override { \
-    return E_NOTIMPL;                                       \
-  }
-  UNUSED_OPERATION(GetQualifierSet, (IWbemQualifierSet**))
-  UNUSED_OPERATION(Delete, (LPCWSTR))
-  UNUSED_OPERATION(GetNames, (LPCWSTR, LONG, VARIANT*, SAFEARRAY**))
-  UNUSED_OPERATION(BeginEnumeration, (LONG))
-  UNUSED_OPERATION(Next, (LONG, BSTR*, VARIANT*, CIMTYPE*, LONG*))
-  UNUSED_OPERATION(EndEnumeration, ())
-  UNUSED_OPERATION(GetPropertyQualifierSet, (LPCWSTR, IWbemQualifierSet**))
-  UNUSED_OPERATION(Clone, (IWbemClassObject**))
-  UNUSED_OPERATION(GetObjectText, (LONG, BSTR*))
-  UNUSED_OPERATION(SpawnDerivedClass, (LONG, IWbemClassObject**))
-  UNUSED_OPERATION(CompareTo, (LONG, IWbemClassObject*))
-  UNUSED_OPERATION(GetPropertyOrigin, (LPCWSTR, BSTR*))
-  UNUSED_OPERATION(InheritsFrom, (LPCWSTR))
-  UNUSED_OPERATION(PutMethod, (LPCWSTR, LONG, IWbemClassObject*, IWbemClassObject*))
-  UNUSED_OPERATION(DeleteMethod, (LPCWSTR))
-  UNUSED_OPERATION(BeginMethodEnumeration, (LONG))
-  UNUSED_OPERATION(NextMethod, (LONG, BSTR*, IWbemClassObject**, IWbemClassObject**))
-  UNUSED_OPERATION(EndMethodEnumeration, ())
-  UNUSED_OPERATION(GetMethodQualifierSet, (LPCWSTR, IWbemQualifierSet**))
-  UNUSED_OPERATION(GetMethodOrigin, (LPCWSTR, BSTR*))
-#undef UNUSED_OPERATION
 
  private:
   InstanceScript& script_;
@@ -140,7 +183,7 @@ class FakeEnumeration final : public FakeUnknown<IEnumWbemClassObject> {
 };
 
 /// The namespace that the provider is handed.
-class FakeNamespace final : public FakeUnknown<IWbemServices> {
+class FakeNamespace final : public UnusedServices {
  public:
   explicit FakeNamespace(InstanceScript& script) : script_(script) {}
 
@@ -155,38 +198,6 @@ class FakeNamespace final : public FakeUnknown<IWbemServices> {
                                       IWbemClassObject** object, IWbemCallResult** result) override;
   HRESULT STDMETHODCALLTYPE CreateInstanceEnum(const BSTR name, LONG flags, IWbemContext* context,
                                                IEnumWbemClassObject** enumeration) override;
-
-#define UNUSED_OPERATION(operation, parameters)             \
-  HRESULT STDMETHODCALLTYPE operation parameters override { \
-    return E_NOTIMPL;                                       \
-  }
-  UNUSED_OPERATION(OpenNamespace,
-                   (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
-  UNUSED_OPERATION(CancelAsyncCall, (IWbemObjectSink*))
-  UNUSED_OPERATION(QueryObjectSink, (LONG, IWbemObjectSink**))
-  UNUSED_OPERATION(GetObjectAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(PutInstanceAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(DeleteInstanceAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(CreateInstanceEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(ExecQueryAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecNotificationQuery,
-                   (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(ExecNotificationQueryAsync,
-                   (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
-                                IWbemClassObject**, IWbemCallResult**))
-  UNUSED_OPERATION(ExecMethodAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
-                                     IWbemObjectSink*))
-#undef UNUSED_OPERATION
 
  private:
   InstanceScript& script_;

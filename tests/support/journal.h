@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "provider/core/trace.h"
+#include "tests/support/fault_plan.h"
 
 namespace testing_support {
 
@@ -19,6 +20,7 @@ class Journal final : public wifi::TraceReceiver {
 
   void Add(std::string event) { events_.push_back(std::move(event)); }
   void OnLine(const char* line, bool exceptionLine) override {
+    const Side outside(false);
     Add((exceptionLine ? "exception " : "trace ") + std::string(line));
   }
 

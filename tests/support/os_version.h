@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/os/os.h"
+#include "platform/control.h"
 
 namespace testing_support {
 
@@ -8,10 +8,10 @@ namespace testing_support {
 /// property is left out.
 class OsVersionNotNt6 {
  public:
-  explicit OsVersionNotNt6(DWORD minor = 1) { host::os::SetOsVersion(nullptr, 5, minor); }
+  explicit OsVersionNotNt6(DWORD minor = 1) { platform::SetOsVersion(nullptr, 5, minor); }
   OsVersionNotNt6(const OsVersionNotNt6&) = delete;
   OsVersionNotNt6& operator=(const OsVersionNotNt6&) = delete;
-  ~OsVersionNotNt6() { host::os::SetOsVersion(nullptr, 6, 1); }
+  ~OsVersionNotNt6() { platform::SetOsVersion(nullptr, 6, 1); }
 };
 
 }  // namespace testing_support

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "provider/core/format.h"
+#include "adapterapi/mac_text.h"
 
 namespace testing_support {
 namespace {
@@ -14,9 +14,13 @@ class InitSink final : public FakeUnknown<IWbemProviderInitSink> {
  public:
   explicit InitSink(std::vector<LONG>& statuses) : statuses_(statuses) {}
   HRESULT STDMETHODCALLTYPE SetStatus(LONG status, LONG flags) override {
-    EXPECT_EQ(flags, 0);
-    statuses_.push_back(status);
-    return S_OK;
+    {
+      const Side outside(false);
+      EXPECT_EQ(flags, 0);
+      statuses_.push_back(status);
+    }
+    const Outgoing call(Step::kStatus);
+    return call.struck() ? call.code() : S_OK;
   }
 
  private:
@@ -53,10 +57,11 @@ void ProviderFixture::AddPlatformAdapter(const char* deviceId, const char* pnpDe
       ComPtr<IWbemClassObject>(object.get()));
 }
 
-HRESULT ProviderFixture::InitializeOnly() {
+HRESULT ProviderFixture::InitializeOnly(IWbemProviderInit& target) {
+  const Side outside(false);
   const auto initSink = ComPtr<InitSink>::Adopt(new InitSink(initStatuses));
-  return provider->Initialize(nullptr, 0, nullptr, nullptr, services.get(), nullptr,
-                              initSink.get());
+  const Side inside(true);
+  return target.Initialize(nullptr, 0, nullptr, nullptr, services.get(), nullptr, initSink.get());
 }
 
 HRESULT ProviderFixture::Initialize(const std::vector<AdapterSetup>& adapters) {
@@ -69,7 +74,7 @@ HRESULT ProviderFixture::Initialize(const std::vector<AdapterSetup>& adapters) {
     std::memcpy(record.macAddress, mac, sizeof(mac));
     record.present = 1;
     AddPlatformAdapter(adapter.deviceId, "PCI\\VEN_7F3C&DEV_4220",
-                       wifi::MacText(record.macAddress).c_str());
+                       adapterapi::MacText(record.macAddress).c_str());
   }
   SetAdapterList(records);
   return InitializeOnly();

@@ -15,6 +15,12 @@ inline platform::ComPtr<FakeSink> MakeSink(InstanceScript& script) {
   return platform::ComPtr<FakeSink>::Adopt(new FakeSink(script));
 }
 
+/// Leaves bytes on the stack that a record which is not cleared would show.
+inline void DirtyStack() {
+  volatile unsigned char bytes[8192];
+  for (volatile unsigned char& byte : bytes) byte = 0xEE;
+}
+
 /// One adapter of the maker, as the library and the platform know it.
 struct AdapterSetup {
   std::uint32_t number;
@@ -25,13 +31,15 @@ struct AdapterSetup {
 /// The class routines' surroundings: a state with adapters and a namespace, no provider object.
 class StateFixture : public ::testing::Test {
  protected:
-  StateFixture() : state(api) {
+  StateFixture() {
     state.services = services;
+    state.adapters = std::make_shared<wifi::AdapterMap>();
     state.initialized = 1;
   }
 
   wifi::AdapterEntry& AddAdapter(const char* key, std::uint32_t number) {
-    wifi::AdapterEntry& entry = state.adapters[key];
+    wifi::AdapterEntry& entry = (*state.adapters)[key];
+    entry.key = key;
     entry.deviceId = platform::WideText(key);
     entry.macAddress = OLESTR("00:A0:F8:00:00:01");
     entry.caption = OLESTR("Caption ") + entry.deviceId;
@@ -51,7 +59,8 @@ class StateFixture : public ::testing::Test {
   platform::ComPtr<IWbemServices> services =
       platform::ComPtr<IWbemServices>::Adopt(new FakeNamespace(script));
   FakeNamespace& fakeNamespace = static_cast<FakeNamespace&>(*services.get());
-  wifi::ProviderState state;
+  wifi::ProviderMemory memory;
+  wifi::ProviderState state{api, memory};
 };
 
 /// A whole provider object, initialised with the adapters that a test adds.
@@ -67,7 +76,8 @@ class ProviderFixture : public StateFixture {
 
   void SetAdapterList(const std::vector<adapterapi::AdapterListRecord>& records);
   void AddPlatformAdapter(const char* deviceId, const char* pnpDeviceId, const char* macAddress);
-  HRESULT InitializeOnly();
+  HRESULT InitializeOnly() { return InitializeOnly(*provider.get()); }
+  HRESULT InitializeOnly(IWbemProviderInit& target);
 };
 
 }  // namespace testing_support

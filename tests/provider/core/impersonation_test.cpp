@@ -14,6 +14,24 @@ int Depth() {
   return counts.impersonated - counts.reverted;
 }
 
+/// Learns under which identity it is told the status.
+class WatchingSink final : public testing_support::FakeUnknown<IWbemObjectSink> {
+ public:
+  int depth = -1;
+  HRESULT STDMETHODCALLTYPE Indicate(LONG, IWbemClassObject**) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE SetStatus(LONG, HRESULT, BSTR, IWbemClassObject*) override {
+    depth = Depth();
+    return S_OK;
+  }
+};
+
+TEST_F(ProviderFixture, TheStatusIsToldAsTheClient) {
+  const int before = Depth();
+  const auto watching = platform::ComPtr<WatchingSink>::Adopt(new WatchingSink);
+  provider->CreateInstanceEnumAsync(nullptr, 0, nullptr, watching.get());
+  EXPECT_EQ(watching->depth, before + 1);
+}
+
 TEST_F(ProviderFixture, TheClientIsImpersonatedDuringEachRequestAndNoLonger) {
   int listing = -1;
   int modeSetting = -1;

@@ -40,6 +40,10 @@ const Row kRows[] = {
     // Keys come back sorted; names that differ only in letter case keep their order.
     {R"(C.SettingID="s",AdapterID="a")", kAbsolute, kParsed, R"(C.AdapterID="a",SettingID="s")"},
     {R"(C.b=1,A=2,B=3,a=4)", kAbsolute, kParsed, R"(C.A=2,a=4,b=1,B=3)"},
+    {"C.z=1,Z=2,a=3", kAbsolute, kParsed, "C.a=3,z=1,Z=2"},
+    {"C.k=1,K=2,k=3,K=4,k=5,K=6,k=7,K=8,k=9,K=10,k=11,K=12,k=13,K=14,k=15,K=16,k=17,K=18",
+     kAbsolute, kParsed,
+     "C.k=1,K=2,k=3,K=4,k=5,K=6,k=7,K=8,k=9,K=10,k=11,K=12,k=13,K=14,k=15,K=16,k=17,K=18"},
     // One value without a name.
     {R"(C="v")", kAbsolute, kParsed, R"(C="v")"},
     {R"(C."v")", kAbsolute, kParsed, R"(C="v")"},

@@ -96,9 +96,9 @@ const std::map<std::string, std::string> kWritten = {
 const OleString kModule = OLESTR("C:\\It's here\\module.dll");
 
 TEST_F(Registration, WritesExactlyTheScriptAndTakesItBack) {
-  const auto script = ParseRegistrationScript(kScript);
+  const auto script = ParseRegistrationScript(kScript, kModule);
   for (int round = 0; round < 2; ++round) {
-    EXPECT_EQ(ApplyRegistration(root.get(), script, kModule), S_OK);
+    EXPECT_EQ(ApplyRegistration(root.get(), script), S_OK);
     EXPECT_EQ(Content(), kWritten);
   }
   for (int round = 0; round < 2; ++round) {
@@ -108,10 +108,10 @@ TEST_F(Registration, WritesExactlyTheScriptAndTakesItBack) {
 }
 
 TEST_F(Registration, KeepsWhatIsNotItsOwn) {
-  const auto script = ParseRegistrationScript(kScript);
+  const auto script = ParseRegistrationScript(kScript, kModule);
   MakeKey(OLESTR("Shared\\Other"));
   MakeKey(OLESTR("Shared\\{1234}\\Stale\\Deep"));
-  EXPECT_EQ(ApplyRegistration(root.get(), script, kModule), S_OK);
+  EXPECT_EQ(ApplyRegistration(root.get(), script), S_OK);
   EXPECT_EQ(Content().count("\\Shared\\{1234}\\Stale"), 0u);  // ForceRemove
   MakeKey(OLESTR("Plain\\Foreign"));
   MakeKey(OLESTR("Shared\\{1234}\\Later"));
@@ -124,9 +124,10 @@ TEST_F(Registration, KeepsWhatIsNotItsOwn) {
 }
 
 TEST_F(Registration, LeavesNothingBehindAfterAFailureHalfWay) {
-  auto script = ParseRegistrationScript(kScript);
-  script.back().keys.front().keys.back().name = std::string(300, 'k');  // no key's name is so long
-  EXPECT_TRUE(FAILED(ApplyRegistration(root.get(), script, kModule)));
+  auto script = ParseRegistrationScript(kScript, kModule);
+  script.back().keys.front().keys.back().name =
+      OleString(300, OLECHAR('k'));  // no key's name is so long
+  EXPECT_TRUE(FAILED(ApplyRegistration(root.get(), script)));
   EXPECT_EQ(Content(), (std::map<std::string, std::string>{{"\\Shared", ""}}));
 }
 
@@ -148,7 +149,7 @@ TEST(RegistrationScript, SaysWhereItIsWrong) {
   };
   for (const auto& row : rows) {
     try {
-      ParseRegistrationScript(row.text);
+      ParseRegistrationScript(row.text, {});
       ADD_FAILURE() << "accepted: " << row.text;
     } catch (const ScriptError& error) {
       EXPECT_NE(std::string(error.what()).find(row.message), std::string::npos) << error.what();

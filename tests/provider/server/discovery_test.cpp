@@ -54,6 +54,8 @@ TEST_F(Discovery, ServesTheMakersPciAdaptersThatBothSidesKnow) {
   AddPlatformAdapter("3", kMaker, "00:a0:f8:80:ff:04");  // lower case
   AddPlatformAdapter("4", "PCI\\VEN_8086&DEV_1", "00:A0:F8:80:FF:04");
   AddPlatformAdapter("5", "pci\\ven_7f3c&dev_1", "00:A0:F8:80:FF:04");
+  AddPlatformAdapter("11", "USB\\VEN_7F3C&DEV_1", "00:A0:F8:80:FF:04");
+  AddPlatformAdapter("11", "PCI\\VEN_7F3C&SUBSYS_1", "00:A0:F8:80:FF:04");
   AddPlatformAdapter("6", "USB\\PCI\\VEN_7F3C&DEVICE", "00:A0:F8:80:FF:04");
   AddPlatformAdapter("6", kMaker, "00:A0:F8:80:FF:01");  // the key is taken
   AddPlatformAdapter(nullptr, kMaker, "00:A0:F8:80:FF:04");
@@ -166,12 +168,52 @@ TEST_F(InteractiveUser, IsSplitAtTheLastBackslashAndKeptEncoded) {
   for (const auto& row : rows) {
     SetUserName(Variant::AnsiText(row.name));
     DiscoverAdapters(state);
-    EXPECT_EQ(state.encodedDomain, EncodeIdentity(row.domain)) << row.name;
-    EXPECT_EQ(state.encodedUser, EncodeIdentity(row.user)) << row.name;
+    EXPECT_EQ(state.memory.encodedDomain, EncodeIdentity(row.domain)) << row.name;
+    EXPECT_EQ(state.memory.encodedUser, EncodeIdentity(row.user)) << row.name;
   }
   const std::string encoded = EncodeIdentity("a\xE9");
   EXPECT_EQ(encoded.size(), 4u);
   EXPECT_EQ(encoded.find_first_not_of("0123456789ABCDEF"), std::string::npos);
+}
+
+/// Hands out an object and says that it was none.
+class DenyingEnumeration final : public testing_support::FakeUnknown<IEnumWbemClassObject> {
+ public:
+  explicit DenyingEnumeration(ComPtr<FakeObject> object) : object_(std::move(object)) {}
+  HRESULT STDMETHODCALLTYPE Next(LONG, ULONG, IWbemClassObject** object, ULONG* returned) override {
+    *returned = 0;
+    *object = ComPtr<FakeObject>(object_.get()).release();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE NextAsync(ULONG, IWbemObjectSink*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Clone(IEnumWbemClassObject**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Skip(LONG, ULONG) override { return E_NOTIMPL; }
+
+ private:
+  ComPtr<FakeObject> object_;
+};
+
+class DenyingServices final : public testing_support::UnusedServices {
+ public:
+  explicit DenyingServices(ComPtr<FakeObject> object) : object_(std::move(object)) {}
+  HRESULT STDMETHODCALLTYPE CreateInstanceEnum(const BSTR name, LONG, IWbemContext*,
+                                               IEnumWbemClassObject** instances) override {
+    if (platform::ViewOf(name) != OLESTR("Win32_ComputerSystem")) return WBEM_E_INVALID_CLASS;
+    *instances = new DenyingEnumeration(ComPtr<FakeObject>(object_.get()));
+    return S_OK;
+  }
+
+ private:
+  ComPtr<FakeObject> object_;
+};
+
+TEST_F(InteractiveUser, NeedsExactlyOneObject) {
+  auto system = MakeObject();
+  system->values["UserName"] = Variant::AnsiText("OFFICE\\ana");
+  state.services = ComPtr<IWbemServices>::Adopt(new DenyingServices(std::move(system)));
+  DiscoverAdapters(state);
+  EXPECT_EQ(state.memory.encodedDomain + state.memory.encodedUser, "");
 }
 
 TEST_F(InteractiveUser, StaysEmptyWhenItCannotBeRead) {
@@ -180,7 +222,7 @@ TEST_F(InteractiveUser, StaysEmptyWhenItCannotBeRead) {
   DiscoverAdapters(state);
   fakeNamespace.platformObjects["Win32_ComputerSystem"].clear();
   DiscoverAdapters(state);
-  EXPECT_EQ(state.encodedDomain + state.encodedUser, "");
+  EXPECT_EQ(state.memory.encodedDomain + state.memory.encodedUser, "");
 }
 
 }  // namespace

@@ -96,10 +96,12 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   Variant caption;
   const HRESULT captionRead =
       platformAdapters[0]->Get(OLESTR("Caption"), 0, caption.put(), nullptr, nullptr);
-  ProviderState state(api);
+  ProviderMemory memory;
+  ProviderState state(api, memory);
+  state.adapters = std::make_shared<AdapterMap>();
   state.services = services;
   EXPECT_EQ(DiscoverAdapters(state), captionRead);
-  EXPECT_TRUE(state.adapters.empty());
+  EXPECT_TRUE(state.adapters->empty());
   EXPECT_TRUE(journal.Has("trace Number of Adapter:" + std::to_string(count)));
 
   const auto systems = Objects(OLESTR("Win32_ComputerSystem"));
@@ -107,7 +109,7 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   const std::string name = platform::AnsiText(Value(systems[0], OLESTR("UserName")).text());
   const std::string user = name.substr(name.rfind('\\') + 1);
   EXPECT_FALSE(user.empty());
-  EXPECT_EQ(state.encodedUser, EncodeIdentity(user));
+  EXPECT_EQ(state.memory.encodedUser, EncodeIdentity(user));
 
   // The same objects with a Caption that is NULL, as the platform's own class would have it.
   InstanceScript script{journal};
@@ -123,7 +125,7 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   }
   state.services = ComPtr<IWbemServices>(completed.get());
   EXPECT_EQ(DiscoverAdapters(state), 0);
-  EXPECT_TRUE(state.adapters.empty());
+  EXPECT_TRUE(state.adapters->empty());
 }
 
 }  // namespace

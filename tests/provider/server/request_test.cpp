@@ -130,6 +130,38 @@ TEST_F(Request, GetsOneInstanceByItsExactKey) {
   for (const auto& row : rows) EXPECT_EQ(Get(row.path), Failed(row.result));
 }
 
+// A call out of the provider may let Initialize in before it comes back.
+TEST_F(Request, KeepsTheAdaptersThatItStartedWith) {
+  Initialize({{1, "7", 1}, {2, "10", 2}});
+  const auto initializeWith = [&](const testing_support::AdapterSetup& adapter) {
+    fakeNamespace.platformObjects.clear();
+    Initialize({adapter});
+  };
+  int bands = 0;
+  api.onGetBand = [&](auto, auto) {
+    if (++bands == 1) initializeWith({3, "9", 3});
+    return 0;
+  };
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{0, kBoth}));
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
+            (Outcome{0, {"WiFi_NetworkAdapter DeviceID=text:9"}}));
+
+  // Of two that run into each other the inner one's adapters stay.
+  const std::uint32_t none = 0;
+  api.onGetAdapterList = [&](const adapterapi::AdapterList** list) {
+    *list = reinterpret_cast<const adapterapi::AdapterList*>(&none);
+    return 0;
+  };
+  int modes = 0;
+  api.onSetLibraryMode = [&](auto) {
+    if (++modes == 1) initializeWith({4, "8", 4});
+    return 0;
+  };
+  InitializeOnly();
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
+            (Outcome{0, {"WiFi_NetworkAdapter DeviceID=text:8"}}));
+}
+
 TEST_F(Request, NeverDeletes) {
   Initialize({{1, "7", 1}});
   for (const OLECHAR* path :
@@ -188,6 +220,60 @@ TEST_F(Request, TurnsAnExceptionIntoProviderFailure) {
   // What was handed over before stays handed over.
   EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
             (Outcome{WBEM_E_PROVIDER_FAILURE, {"WiFi_NetworkAdapter DeviceID=text:1"}}));
+}
+
+/// Answers every request for a class definition with success and none.
+class EmptyServices final : public testing_support::UnusedServices {
+ public:
+  HRESULT STDMETHODCALLTYPE GetObject(const BSTR, LONG, IWbemContext*, IWbemClassObject** object,
+                                      IWbemCallResult**) override {
+    *object = nullptr;
+    return S_OK;
+  }
+};
+
+TEST_F(Request, FailsWhereTheServiceGivesNoDefinition) {
+  services = ComPtr<IWbemServices>::Adopt(new EmptyServices);
+  provider->Initialize(nullptr, 0, nullptr, nullptr, services.get(), nullptr, nullptr);
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_SystemPolicies")), Failed(WBEM_E_FAILED));
+  EXPECT_EQ(Run([](IWbemServices& target, IWbemObjectSink* answers) {
+              const Bstr path(OLESTR("WiFi_NetworkAdapter.DeviceID=\"7\""));
+              const Bstr method(OLESTR("ResetStatistics"));
+              return target.ExecMethodAsync(path.get(), method.get(), 0, nullptr, nullptr, answers);
+            }),
+            Failed(WBEM_E_FAILED));
+}
+
+/// A sink whose calls throw.
+class ThrowingSink final : public testing_support::FakeUnknown<IWbemObjectSink> {
+ public:
+  explicit ThrowingSink(bool atStatus) : atStatus_(atStatus) {}
+  std::vector<HRESULT> statuses;
+  HRESULT STDMETHODCALLTYPE Indicate(LONG, IWbemClassObject**) override {
+    if (!atStatus_) throw 1;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE SetStatus(LONG, HRESULT status, BSTR, IWbemClassObject*) override {
+    statuses.push_back(status);
+    if (atStatus_) throw 1;
+    return S_OK;
+  }
+
+ private:
+  bool atStatus_;
+};
+
+TEST_F(Request, OutlivesASinkThatThrows) {
+  Initialize({{1, "1", 1}});
+  const Bstr name(OLESTR("WiFi_NetworkAdapterConfiguration"));
+  for (const bool atStatus : {false, true}) {
+    const auto throwing = ComPtr<ThrowingSink>::Adopt(new ThrowingSink(atStatus));
+    EXPECT_EQ(provider->CreateInstanceEnumAsync(name.get(), 0, nullptr, throwing.get()),
+              static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE));
+    const HRESULT told = atStatus ? S_OK : static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE);
+    EXPECT_EQ(throwing->statuses, std::vector<HRESULT>{told});
+  }
+  EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapterConfiguration")).result, S_OK);
 }
 
 TEST_F(Request, PassesTheRequestsContextOn) {

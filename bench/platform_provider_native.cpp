@@ -1,0 +1,7 @@
+#include "bench/platform_provider.h"
+
+namespace bench {
+
+void RegisterPlatformProvider() {}
+
+}  // namespace bench

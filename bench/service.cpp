@@ -1,0 +1,57 @@
+#include "bench/service.h"
+
+namespace bench {
+namespace {
+
+bool SameName(const platform::OleString& left, const OLECHAR* right) {
+  return left == right;
+}
+
+}  // namespace
+
+ULONG Instance::Release() {
+  const ULONG left = --references_;
+  if (left == 0) definition_.free_.push_back(this);
+  return left;
+}
+
+HRESULT Instance::Put(LPCWSTR name, LONG, VARIANT* value, CIMTYPE) {
+  std::size_t slot = next_;
+  if (slot == slots_.size() || !SameName(slots_[slot].name, name)) {
+    for (slot = 0; slot < slots_.size() && !SameName(slots_[slot].name, name);) ++slot;
+    if (slot == slots_.size()) slots_.push_back({name, {}});
+  }
+  next_ = slot + 1;
+  return VariantCopy(slots_[slot].value.put(), value);
+}
+
+HRESULT Definition::SpawnInstance(LONG, IWbemClassObject** instance) {
+  if (free_.empty()) {
+    all_.push_back(std::make_unique<Instance>(*this));
+    free_.push_back(all_.back().get());
+  }
+  Instance* spawned = free_.back();
+  free_.pop_back();
+  spawned->references_ = 1;
+  spawned->next_ = 0;
+  *instance = spawned;
+  return S_OK;
+}
+
+HRESULT CountingSink::Indicate(LONG, IWbemClassObject** instance) {
+  if (indicated++ == 0 && first.empty()) {
+    for (const PutValue& put : static_cast<Instance*>(*instance)->puts()) {
+      first.push_back({put.name, platform::Variant::CopyOf(put.value.get())});
+    }
+  }
+  return S_OK;
+}
+
+HRESULT Namespace::CreateInstanceEnum(const BSTR className, LONG, IWbemContext*,
+                                      IEnumWbemClassObject** instances) {
+  if (platform::ViewOf(className) != OLESTR("Win32_NetworkAdapter")) return WBEM_E_INVALID_CLASS;
+  *instances = new testing_support::FakeEnumeration(adapters);
+  return S_OK;
+}
+
+}  // namespace bench

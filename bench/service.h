@@ -1,0 +1,86 @@
+#pragma once
+// A management service that does as little as one can: one class definition, instances from a pool
+// that keep a copy of each value put to them, a sink that counts. What a request costs beyond it is
+// the provider's own.
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "platform/com_ptr.h"
+#include "platform/variant.h"
+#include "tests/support/fake_wbem.h"
+
+namespace bench {
+
+/// One value under its property's name.
+struct PutValue {
+  platform::OleString name;
+  platform::Variant value;
+};
+
+class Definition;
+
+/// An instance; returns to its definition's pool at its last release and keeps its slots.
+class Instance final : public testing_support::UnusedClassObject {
+ public:
+  explicit Instance(Definition& definition) : definition_(definition) {}
+
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE Put(LPCWSTR name, LONG, VARIANT* value, CIMTYPE) override;
+
+  const std::vector<PutValue>& puts() const { return slots_; }
+
+ private:
+  friend class Definition;
+  Definition& definition_;
+  ULONG references_ = 0;
+  std::vector<PutValue> slots_;  ///< in the order of the first puts
+  std::size_t next_ = 0;         ///< where the next put is expected
+};
+
+class Definition final : public testing_support::UnusedClassObject {
+ public:
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE SpawnInstance(LONG, IWbemClassObject** instance) override;
+
+ private:
+  friend class Instance;
+  std::vector<std::unique_ptr<Instance>> all_;
+  std::vector<Instance*> free_;
+};
+
+/// Counts instances; keeps what was put to the first one.
+class CountingSink final : public testing_support::FakeUnknown<IWbemObjectSink> {
+ public:
+  std::size_t indicated = 0;
+  HRESULT status = S_OK;
+  std::vector<PutValue> first;
+
+  HRESULT STDMETHODCALLTYPE Indicate(LONG, IWbemClassObject** instance) override;
+  HRESULT STDMETHODCALLTYPE SetStatus(LONG, HRESULT result, BSTR, IWbemClassObject*) override {
+    status = result;
+    return S_OK;
+  }
+};
+
+/// The namespace: a definition for each class, and the platform's adapters for discovery.
+class Namespace final : public testing_support::UnusedServices {
+ public:
+  HRESULT STDMETHODCALLTYPE GetObject(const BSTR, LONG, IWbemContext*, IWbemClassObject** object,
+                                      IWbemCallResult**) override {
+    *object = &definition_;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE CreateInstanceEnum(const BSTR className, LONG, IWbemContext*,
+                                               IEnumWbemClassObject** instances) override;
+
+  std::vector<platform::ComPtr<IWbemClassObject>> adapters;
+
+ private:
+  Definition definition_;
+};
+
+}  // namespace bench

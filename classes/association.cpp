@@ -1,0 +1,121 @@
+#include "classes/association.h"
+
+#include "classes/record_class.h"
+#include "classes/record_fields.h"
+
+namespace wifi {
+namespace {
+
+namespace codes = adapterapi::codes;
+using adapterapi::AssociationInfoRecord;
+using adapterapi::AssociationStatsRecord;
+using platform::Variant;
+
+/// The profile's name. An association made without one shows a blank, not an empty text.
+Variant Profile(const AssociationInfoRecord& record) {
+  const std::string_view name = adapterapi::BoundedText(record.profileName);
+  return Variant::AnsiText(name == "@direct@" ? std::string_view(" ") : name);
+}
+
+Variant Rate(const AssociationInfoRecord& record) {
+  return Variant::AnsiText(
+      platform::ShortText<16>().Tenths(record.rate / 1'000'000.0).Add(" Mbps"));
+}
+
+constexpr FieldRow<AssociationInfoRecord> kFields[] = {
+    {OLESTR("Profile"), Profile},
+    {OLESTR("SSID"), Text<&AssociationInfoRecord::ssid>},
+    {OLESTR("Rate"), Rate},
+    {OLESTR("OpMode"), Code<&AssociationInfoRecord::opMode, codes::kOpModes>},
+    {OLESTR("Encryption"), Code<&AssociationInfoRecord::encryption, codes::kEncryptions>},
+    {OLESTR("AuthenMode"), Code<&AssociationInfoRecord::authenMode, codes::kAuthenModes>},
+    {OLESTR("AuthenAlgorithm"),
+     Code<&AssociationInfoRecord::authenAlgorithm, codes::kAuthenAlgorithms>},
+    {OLESTR("AuthenEnabled"), Flag<&AssociationInfoRecord::authenEnabled>},
+    {OLESTR("Channel"), Decimal<&AssociationInfoRecord::channel>},
+};
+
+// In the order of the record's counters.
+constexpr const OLECHAR* kCounters[] = {
+    OLESTR("NumAps"),
+    OLESTR("NumAssociations"),
+    OLESTR("NumFullScans"),
+    OLESTR("NumPartialScans"),
+    OLESTR("RoamCount"),
+    OLESTR("ApDidNotTx"),
+    OLESTR("PoorBeaconQuality"),
+    OLESTR("LoadBalancing"),
+    OLESTR("LowRssi"),
+    OLESTR("PoorChannelQuality"),
+    OLESTR("DroppedByAp"),
+    OLESTR("RxBeacons"),
+    OLESTR("TxRetries"),
+    OLESTR("PercentTxErrs"),
+    OLESTR("CrcErrs"),
+    OLESTR("PercentMissedBeacons"),
+};
+static_assert(std::size(kCounters) == std::size(AssociationStatsRecord{}.counters));
+
+/// The access point's address; all zeros in ad hoc mode, empty when there is no association.
+platform::ShortText<17> AccessPointAddress(ProviderState& state, const AdapterEntry& entry) {
+  AssociationInfoRecord record = {};
+  const HRESULT status =
+      ReadRecord(state, entry, "Getting association information for WiFi_AdapterAssocStats",
+                 adapterapi::operation::GetAssociationInfo, record, S_OK);
+  if (status != 0) return {};
+  if (record.opMode == codes::kInfrastructure) return adapterapi::MacText(record.bssid);
+  platform::ShortText<17> none;
+  return record.opMode == codes::kAdHoc ? none.Add("00:00:00:00:00:00") : none;
+}
+
+HRESULT FillAssociationStats(ProviderState& state, IWbemClassObject* instance,
+                             const AdapterEntry& entry, const AssociationStatsRecord& record) {
+  TraceMessage("FillAssocStats");
+  PropertyWriter writer(instance, PutRule::kGoOn);
+  writer.PutKey(kSettingId, platform::Variant::Text(entry.deviceId));
+  writer.PutAnsi(OLESTR("ApMacAddr"), AccessPointAddress(state, entry));
+  writer.Put(OLESTR("Rssi"), Dbm<&AssociationStatsRecord::rssi>(record));
+  for (std::size_t index = 0; index < std::size(kCounters); ++index) {
+    writer.PutNumber(kCounters[index], record.counters[index]);
+  }
+  return writer.result();
+}
+
+constexpr RecordClass<AssociationStatsRecord> kAssociationStats = {
+    .name = OLESTR("WiFi_AdapterAssocStats"),
+    .getter = adapterapi::operation::GetAssociationStats,
+    .enumerateLine = "Getting Association Stats for WiFi_AdapterAssocStats",
+    .getLine = "Getting network information for WiFi_AdapterAssocStats",
+    .fill = FillAssociationStats,
+    .successIsZero = true,
+};
+
+}  // namespace
+
+HRESULT FillAssociationInfo(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
+  const HRESULT keyPut = PutPropertyValue(instance, kSettingId, Variant::Text(entry.deviceId));
+  AssociationInfoRecord record = {};
+  const HRESULT status =
+      ReadRecord(state, entry, "Getting association information for WiFi_AdapterAssociationInfo",
+                 adapterapi::operation::GetAssociationInfo, record, keyPut);
+  // A refusal leaves an instance with its key alone, which the statistics class would not show.
+  if (status != 0) return S_OK;
+
+  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+  if (SUCCEEDED(writer.PutFlag(OLESTR("Associated"), record.associated))) {
+    entry.work = Variant::Boolean(record.associated != 0);
+  }
+  PutFields(writer, kFields, record);
+  return writer.result();
+}
+
+HRESULT EnumerateAssociationStats(ProviderState& state, const Delivery& delivery) {
+  return EnumerateRecords(state, delivery, kAssociationStats);
+}
+
+HRESULT GetAssociationStatsObject(ProviderState& state, const Delivery& delivery,
+                                  const ParsedPath& path) {
+  return GetRecordObject(state, delivery, path, kAssociationStats);
+}
+
+}  // namespace wifi

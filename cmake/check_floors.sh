@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Fails, naming the line, on an include that runs up the house. The floors, from the lowest up, each
+# with the folders that it may include beside its own; tests, benchmarks and fuzzers stand outside.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+floors='
+platform/native
+platform/windows
+platform               platform/native platform/windows
+adapterapi             platform
+provider/core          platform adapterapi
+profiles               platform adapterapi provider/core
+classes                platform adapterapi provider/core
+methods                platform adapterapi provider/core profiles classes
+provider/registration  platform
+provider/server        platform adapterapi provider/core profiles classes methods provider/registration
+scenario               platform adapterapi
+simulator              platform adapterapi scenario
+host                   platform scenario
+'
+
+git ls-files -co --exclude-standard -- '*.h' '*.cpp' '*.inc' |
+  grep -vE '^(tests|bench|fuzz)/' |
+  xargs grep -nE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' |
+  awk -F: -v floors="$floors" '
+    BEGIN {
+      count = split(floors, rows, "\n")
+      for (row = 1; row <= count; ++row) {
+        words = split(rows[row], names, " ")
+        for (word = 1; word <= words; ++word) may[names[1], names[word]] = 1
+        if (words > 0) floor[names[1]] = 1
+      }
+    }
+    # The floor of a file: the longest named folder that it lies in.
+    function floor_of(file) {
+      while (sub("/[^/]*$", "", file)) if (file in floor) return file
+      return ""
+    }
+    {
+      ++includes
+      match($0, /"[^"]*"/)
+      from = floor_of($1)
+      to = floor_of(substr($0, RSTART + 1, RLENGTH - 2))
+      if ((from, to) in may && from != "") next
+      ++failures
+      printf "%s:%s: %s may not include %s\n", $1, $2, from == "" ? "a folder without a floor" : from,
+             substr($0, RSTART, RLENGTH)
+    }
+    END {
+      if (failures > 0) {
+        print "The floors, and what each may include, stand in cmake/check_floors.sh"
+        exit 1
+      }
+      if (includes == 0) { print "no include was found"; exit 1 }
+      print includes " includes run down the house"
+    }'

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/service/cim_object.h"
+
+namespace host {
+
+/// Reads `Name=value` texts into the properties of an instance; `writable` says which of them a
+/// person may set. Gives the properties that were named. Throws ValueError, which says what is
+/// accepted.
+std::vector<std::size_t> Assign(const std::vector<std::string>& assignments, CimObject* instance,
+                                const std::function<bool(const PropertyDeclaration&)>& writable);
+
+}  // namespace host

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "host/cli/exit_status.h"
+#include "host/service/provider_session.h"
+#include "host/service/result_codes.h"
+
+namespace host {
+
+class ProviderHost;
+class ScenarioFile;
+
+/// What a command works with. All of it outlives the command.
+struct CommandContext {
+  const Repository& repository;
+  ProviderSession* session;  ///< null for the commands that need no provider
+  std::ostream& output;
+  std::ostream& errors;
+  int width;                         ///< columns that a table may fill
+  bool color = false;                ///< whether tables are bold and dim in places
+  ProviderHost* provider = nullptr;  ///< null with `session`, and where a session stands alone
+  ScenarioFile* scenario = nullptr;  ///< null with `provider`
+  bool inShell = false;
+  bool leave = false;  ///< the shell is to end, with this status or else the worst of its lines
+  std::optional<ExitStatus> leaveStatus = {};
+  std::string place = {};  ///< "FILE:LINE: " where a file gives the commands
+
+  /// Says what is wrong and gives `status` back.
+  ExitStatus Fail(ExitStatus status, const std::string& message) {
+    errors << "wmihost: " << place << message << '\n';
+    return status;
+  }
+  /// Says how a request for `what` ended, unless that is S_OK.
+  ExitStatus Report(const std::string& what, HRESULT result) {
+    if (result == S_OK) return kSuccess;
+    const std::string message = what + ": " + DescribeResult(result);
+    if (SUCCEEDED(result)) return Fail(kSuccess, message);
+    return Fail(MeansNotFound(result) ? kNotFound : kRefused, message);
+  }
+  /// The same for a request that names a class or, by its path, an instance; what was not found
+  /// gets a hint.
+  ExitStatus ReportOf(const std::string& what, const std::string& classOrPath, HRESULT result) {
+    if (!MeansNotFound(result)) return Report(what, result);
+    const std::string className = ClassNameOfPath(classOrPath);
+    const ClassInfo* info = repository.FindClass(className);
+    std::string hint;
+    if (info == nullptr) {
+      hint = repository.DidYouMeanClass(className);
+    } else if (className != classOrPath) {
+      hint = "; " + info->KeyNames() + ", and the case of its letters counts";
+    }
+    return Fail(kNotFound, what + ": " + DescribeResult(result) + hint);
+  }
+};
+
+}  // namespace host

@@ -1,0 +1,134 @@
+#include "host/cli/provider_host.h"
+
+#include <utility>
+
+#include "host/mof/product_schema.h"
+#include "host/mof/registration.h"
+#include "host/service/result_codes.h"
+#include "platform/registry_key.h"
+#include "scenario/simulator_hooks.h"
+
+namespace host {
+namespace {
+
+constexpr const char* kTraceVariable = "WIFI_PROVIDER_TRACE";
+
+/// Writes the scenario's feature settings where the provider reads them.
+void ApplyFeatureValues(const simulator::PlatformObjects& objects) {
+  if (!objects.featureKeyPresent) return;
+  platform::RegistryKey key;
+  if (key.Create(HKEY_LOCAL_MACHINE, OLESTR("SOFTWARE\\ORVEL\\Wireless\\GUIConfiguration")) != 0) {
+    return;
+  }
+  if (objects.featureSet1) key.SetNumber(OLESTR("FeatureSet1"), *objects.featureSet1);
+  if (objects.featureSet2) key.SetNumber(OLESTR("FeatureSet2"), *objects.featureSet2);
+}
+
+/// A hook of the simulated library of that name, which the provider has loaded.
+template <class Function>
+Function SimulatorFunction(const char* library, const std::string& name) {
+  const HMODULE module = os::LoadedModule(os::LibraryFile(library));
+  const FARPROC found =
+      module == nullptr ? nullptr : GetProcAddress(module, ("Simulator" + name).c_str());
+  if (found == nullptr) {
+    throw ModuleError(std::string(library) +
+                      " is no simulator: its machine cannot be changed here");
+  }
+  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
+}
+
+/// "6.1", which the command line has checked.
+std::pair<DWORD, DWORD> VersionOf(const std::string& text) {
+  const std::size_t dot = text.find('.');
+  return {static_cast<DWORD>(std::stoul(text.substr(0, dot))),
+          static_cast<DWORD>(std::stoul(text.substr(dot + 1)))};
+}
+
+}  // namespace
+
+void LoadNamedLibraries(const Command& options) {
+  const std::optional<std::string> folder = options.Find("--libraries");
+  if (!folder) return;
+  try {
+    LoadClosedLibraries(*folder);
+  } catch (const ModuleError& error) {
+    throw ModuleError(std::string("--libraries: ") + error.what());
+  }
+}
+
+ProviderModule ModuleByFile(const Command& options) {
+  return ProviderModule(options.Find("--module").value_or(os::DefaultModulePath()));
+}
+
+ProviderHost::ProviderHost(const Repository& repository, const Command& options,
+                           std::ostream& errors)
+    : repository_(repository), errors_(errors), defects_([&errors](const std::string& sentence) {
+        errors << "wmihost: provider defect: " << sentence << '\n';
+      }) {
+  if (options.Has("--trace")) {
+    os::SetEnvironment(kTraceVariable, "1");
+    debugOutput_.emplace();
+  }
+  if (os::IsTerminal(2)) progress_.emplace(errors);
+  LoadNamedLibraries(options);
+  const std::string classId =
+      ProviderClassId(ParseMof(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof"));
+  module_.reset(options.Has("--registered")
+                    ? new ProviderModule(ProviderModule::Registered(classId))
+                    : new ProviderModule(ModuleByFile(options)));
+  factory_ = module_->Factory(classId);
+  localMachine_.emplace();
+  if (const auto version = options.Find("--os-version")) {
+    const auto [major, minor] = VersionOf(*version);
+    platform::SetOsVersion(module_->handle(), major, minor);
+  }
+}
+
+ExitStatus ProviderHost::Start(const simulator::PlatformObjects& objects) {
+  ApplyFeatureValues(objects);
+  session_.emplace(repository_, objects, defects_);
+  if (progress_) {
+    session_->Watch([this](const std::string* request) {
+      return request != nullptr ? progress_->BeginRequest(*request) : progress_->EndRequest();
+    });
+  }
+  if (const HRESULT made = session_->Start(factory_.get()); FAILED(made)) {
+    errors_ << "wmihost: the provider cannot be made: " << DescribeResult(made) << '\n';
+    session_.reset();
+    return kRefused;
+  }
+  if (session_->initStatus() == S_OK) return kSuccess;
+  errors_ << "wmihost: the provider reports a failed start: "
+          << DescribeResult(session_->initStatus()) << '\n';
+  return kRefused;
+}
+
+ExitStatus ProviderHost::Restart(const simulator::PlatformObjects& objects) {
+  const auto reloadAdapters = SimulatorFunction<decltype(&SimulatorReload)>("QuarnApi", "Reload");
+  const auto reloadProfiles = SimulatorFunction<decltype(&SimulatorReload)>("TolvaApi", "Reload");
+  session_.reset();
+  reloadAdapters();
+  reloadProfiles();
+  localMachine_.reset();
+  localMachine_.emplace();
+  return Start(objects);
+}
+
+void ProviderHost::SetMember(const std::string& path, const std::string& value) {
+  const bool ofProfiles = path.starts_with("profiles") || path.starts_with("/profiles");
+  const auto set =
+      SimulatorFunction<decltype(&SimulatorSet)>(ofProfiles ? "TolvaApi" : "QuarnApi", "Set");
+  char problem[1024];
+  if (set(path.c_str(), value.c_str(), problem, sizeof problem) == 0) {
+    throw simulator::ScenarioError(problem);
+  }
+}
+
+ExitStatus ProviderHost::Finish() {
+  session_.reset();
+  factory_.reset();
+  module_->CheckUnloadable(defects_);
+  return defects_.count() > 0 ? kDefective : kSuccess;
+}
+
+}  // namespace host

@@ -1,0 +1,98 @@
+#include "host/cli/assign.h"
+#include "host/cli/commands.h"
+#include "host/cli/schema_view.h"
+#include "host/cli/show.h"
+#include "host/report/report.h"
+
+namespace host {
+
+ExitStatus RunEnum(const Command& command, CommandContext& context) {
+  const std::string className = command.Text("CLASS");
+  const ClassInfo* info = context.repository.FindClass(className);
+  CheckChart(context.repository, command, info);
+  const std::vector<std::string> fields = FieldsOf(info, command.fields);
+  return Show(context, className, className, context.session->Enumerate(className), command,
+              fields);
+}
+
+ExitStatus RunGet(const Command& command, CommandContext& context) {
+  const std::string path = command.Text("PATH");
+  const std::vector<std::string> fields =
+      FieldsOf(context.repository.FindClass(ClassNameOfPath(path)), command.fields);
+  const Outcome outcome = context.session->Get(path);
+  if (SUCCEEDED(outcome.status) && outcome.objects.empty()) {
+    return context.Fail(kNotFound, path + ": the provider gave no instance");
+  }
+  return Show(context, path, path, outcome, command, fields);
+}
+
+namespace {
+
+/// All instances of all classes; `status` becomes that of the worst enumeration.
+Json ReportedDump(CommandContext& context, ExitStatus* status) {
+  Json all = Json::object();
+  *status = kSuccess;
+  for (const ClassInfo* info : context.repository.served()) {
+    const Outcome outcome = context.session->Enumerate(info->name());
+    all[info->name()] = RowsOf(outcome.objects, {}, false);
+    // The provider's answer to an empty list, which is nothing wrong.
+    const bool isEmpty = outcome.status == WBEM_E_NOT_FOUND && outcome.objects.empty();
+    const ExitStatus reported = context.Report(info->name(), outcome.status);
+    if (!isEmpty) *status = Worse(*status, reported);
+  }
+  return all;
+}
+
+}  // namespace
+
+ExitStatus RunDump(const Command& command, CommandContext& context) {
+  ExitStatus status = kSuccess;
+  Json all = ReportedDump(context, &status);
+  if (command.format == OutputFormat::kJson) {
+    context.output << JsonText(all);
+    return status;
+  }
+  for (const auto& [name, rows] : all.items()) {
+    context.output << "== " << name << " (" << rows.size() << ")\n"
+                   << FormatRows(rows, command.format, context.width, {}, context.color) << '\n';
+  }
+  return status;
+}
+
+ExitStatus RunReport(const Command&, CommandContext& context) {
+  ExitStatus status = kSuccess;
+  context.output << ReportPage(context.repository, ReportedDump(context, &status));
+  return status;
+}
+
+ExitStatus RunCall(const Command& command, CommandContext& context) {
+  const std::string path = command.Text("PATH");
+  const std::string methodName = command.Text("METHOD");
+  const ClassInfo* info = context.repository.FindClass(ClassNameOfPath(path));
+  if (info == nullptr) {
+    return Show(context, path, path, context.session->Call(path, methodName, nullptr), command,
+                command.fields);
+  }
+  const MethodInfo* method = info->FindMethod(methodName);
+  if (method == nullptr) {
+    throw ValueError(NoMethod(*info, methodName));
+  }
+  std::optional<CimObject> in;
+  if (method->in != nullptr) {
+    in.emplace(*method->in);
+    Assign(command.All("NAME=VALUE"), &*in, [](const PropertyDeclaration&) { return true; });
+  } else if (!command.All("NAME=VALUE").empty()) {
+    throw ValueError(method->declaration.name + " takes no parameters");
+  }
+  // Checked before the method runs.
+  const std::vector<std::string> fields = FieldsOf(method->out.get(), command.fields);
+  const Outcome outcome = context.session->Call(path, methodName, in ? &*in : nullptr);
+  return Show(context, path + " " + methodName, path, outcome, command, fields);
+}
+
+ExitStatus RunDelete(const Command& command, CommandContext& context) {
+  const std::string path = command.Text("PATH");
+  return context.ReportOf("delete " + path, path, context.session->Delete(path).status);
+}
+
+}  // namespace host

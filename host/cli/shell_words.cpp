@@ -1,0 +1,87 @@
+#include "host/cli/shell_words.h"
+
+#include "host/cli/command_table.h"
+#include "host/mof/schema.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+
+/// Whether a word that begins like this is an object path already: CLASS.KEY= or \\.\root\cimv2:.
+bool IsPath(std::string_view begin) {
+  const std::size_t mark = begin.find_first_of(".:");
+  return mark != std::string_view::npos && mark > 0 && begin.back() == '=' &&
+         begin.find_first_of("/-") != 0;
+}
+
+bool TakesPath(const ShellWord& command) {
+  const CommandRow* row = FindCommand(command.text);
+  return row != nullptr && !row->arguments.empty() && row->arguments.front().takes == Takes::kPath;
+}
+
+/// Reads the quoted text that begins at `*next`, which moves behind it.
+void ReadQuoted(std::string_view line, bool keep, std::size_t* next, ShellWord* word) {
+  const char quote = line[*next];
+  if (keep) word->text += quote;
+  for (++*next; *next < line.size() && line[*next] != quote; ++*next) {
+    const bool escapes = quote == '"' && line[*next] == '\\' && *next + 1 < line.size() &&
+                         (line[*next + 1] == '"' || line[*next + 1] == '\\');
+    if (escapes && keep) word->text += '\\';
+    if (escapes) ++*next;
+    word->text += line[*next];
+  }
+  if (*next == line.size()) {
+    word->openQuote = quote;
+    return;
+  }
+  if (keep) word->text += quote;
+  ++*next;
+}
+
+}  // namespace
+
+std::vector<ShellWord> CutShellLine(std::string_view line) {
+  std::vector<ShellWord> words;
+  std::size_t next = 0;
+  while ((next = line.find_first_not_of(kBlanks, next)) != std::string_view::npos) {
+    ShellWord word;
+    word.start = next;
+    bool path = false;
+    while (next < line.size() && kBlanks.find(line[next]) == std::string_view::npos) {
+      if (line[next] != '"' && line[next] != '\'') {
+        word.text += line[next++];
+        continue;
+      }
+      path = path || (!word.text.empty() &&
+                      (IsPath(word.text) || (words.size() == 1 && TakesPath(words.front()))));
+      ReadQuoted(line, path, &next, &word);
+    }
+    words.push_back(std::move(word));
+  }
+  return words;
+}
+
+std::vector<std::string> SplitShellLine(std::string_view line) {
+  const std::vector<ShellWord> words = CutShellLine(line);
+  std::vector<std::string> texts;
+  if (!words.empty() &&
+      (SameName(words[0].text, "SELECT") || SameName(words[0].text, "ASSOCIATORS") ||
+       SameName(words[0].text, "REFERENCES"))) {
+    std::size_t option = 0;
+    while (option < words.size() && !words[option].text.starts_with("--")) ++option;
+    const std::size_t end = option < words.size() ? words[option].start : line.size();
+    std::string_view query = line.substr(words[0].start, end - words[0].start);
+    texts = {"query", std::string(query.substr(0, query.find_last_not_of(kBlanks) + 1))};
+    for (; option < words.size(); ++option) texts.push_back(words[option].text);
+    return texts;
+  }
+  for (const ShellWord& word : words) {
+    if (word.openQuote != 0) throw CommandLineError("a quote has no end");
+    texts.push_back(word.text);
+  }
+  if (texts.size() > 0 && texts.front() == "?") texts.front() = "help";
+  return texts;
+}
+
+}  // namespace host

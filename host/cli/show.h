@@ -1,0 +1,31 @@
+#pragma once
+// What the commands that ask the provider show of its answers.
+
+#include <string>
+#include <vector>
+
+#include "host/cli/command.h"
+#include "host/cli/command_context.h"
+
+namespace host {
+
+/// Objects as rows of the output formats: all that was put, or only `fields`; with `paths` each
+/// begins with its object path, __RELPATH.
+Json RowsOf(const std::vector<CimObject>& objects, const std::vector<std::string>& fields,
+            bool paths);
+
+/// The fields in the spelling of the class; the unknown ones of an unknown class as they are.
+/// Throws ValueError.
+std::vector<std::string> FieldsOf(const ClassInfo* info, const std::vector<std::string>& fields);
+
+/// Refuses a chart of a class that has nothing to draw; a class that is not known is left to the
+/// provider.
+void CheckChart(const Repository& repository, const Command& command, const ClassInfo* info);
+
+/// Writes the outcome's objects and reports a failure of `what`, which asked for this class or
+/// path.
+ExitStatus Show(CommandContext& context, const std::string& what, const std::string& classOrPath,
+                const Outcome& outcome, const Command& command,
+                const std::vector<std::string>& fields);
+
+}  // namespace host

@@ -1,0 +1,101 @@
+#include "host/query/associators.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/query/wql.h"
+#include "platform/ascii_case.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+/// The next word; the text loses it and the blanks before it.
+std::string TakeWord(std::string_view* text) {
+  text->remove_prefix(std::min(text->find_first_not_of(kBlanks), text->size()));
+  const std::size_t end = std::min(text->find_first_of(" \t\r\n={}"), text->size());
+  const std::string word(text->substr(0, end));
+  text->remove_prefix(end);
+  return word;
+}
+
+void Expect(std::string_view* text, std::string_view query, std::string_view expected) {
+  text->remove_prefix(std::min(text->find_first_not_of(kBlanks), text->size()));
+  if (platform::SameIgnoringAsciiCase(text->substr(0, expected.size()), expected)) {
+    text->remove_prefix(expected.size());
+    return;
+  }
+  throw QueryError("character " + std::to_string(query.size() - text->size() + 1) + ": expected " +
+                   std::string(expected));
+}
+
+}  // namespace
+
+std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
+                                                 const Repository& repository) {
+  std::string_view text = query;
+  const std::string verb = TakeWord(&text);
+  AssociatorsQuery parsed;
+  parsed.references = SameName(verb, "REFERENCES");
+  if (!parsed.references && !SameName(verb, "ASSOCIATORS")) return std::nullopt;
+  Expect(&text, query, "OF");
+  Expect(&text, query, "{");
+  // A key's text may hold every character, quotes with a \ before them.
+  std::size_t end = 0;
+  bool quoted = false;
+  while (end < text.size() && (quoted || text[end] != '}')) {
+    if (quoted && text[end] == '\\') ++end;
+    if (end < text.size() && text[end] == '"') quoted = !quoted;
+    ++end;
+  }
+  parsed.path = std::string(text.substr(0, std::min(end, text.size())));
+  text.remove_prefix(std::min(end, text.size()));
+  Expect(&text, query, "}");
+  const ClassInfo* info = repository.FindClass(ClassNameOfPath(parsed.path));
+  if (info == nullptr) {
+    throw UnknownClassError("there is no class '" + ClassNameOfPath(parsed.path) + "'" +
+                            repository.DidYouMeanClass(ClassNameOfPath(parsed.path)));
+  }
+  if (text.find_first_not_of(kBlanks) == std::string_view::npos) return parsed;
+  Expect(&text, query, "WHERE");
+  const std::array<std::pair<const char*, std::string*>, 4> members = {
+      {{"ResultClass", &parsed.resultClass},
+       {"Role", &parsed.role},
+       {"AssocClass", &parsed.assocClass},
+       {"ResultRole", &parsed.resultRole}}};
+  const std::size_t accepted = parsed.references ? 2 : members.size();
+  while (text.find_first_not_of(kBlanks) != std::string_view::npos) {
+    const std::string name = TakeWord(&text);
+    std::string* place = nullptr;
+    for (std::size_t index = 0; index < accepted; ++index) {
+      if (SameName(members[index].first, name)) place = members[index].second;
+    }
+    if (place == nullptr) {
+      throw QueryError("'" + name + "' is not served here; " + verb + " OF takes ResultClass" +
+                       (parsed.references ? " and Role" : ", Role, AssocClass and ResultRole"));
+    }
+    Expect(&text, query, "=");
+    *place = TakeWord(&text);
+    if (place->empty()) throw QueryError(name + ": a name is expected");
+  }
+  return parsed;
+}
+
+std::string CanonicalPath(std::string_view reference, const Repository& repository) {
+  const std::size_t quote = std::min(reference.find('"'), reference.size());
+  const std::size_t colon = reference.substr(0, quote).find(':');
+  if (colon != std::string_view::npos) reference.remove_prefix(colon + 1);
+  const ClassInfo* info = repository.FindClass(ClassNameOfPath(reference));
+  const std::size_t equals = reference.find('=');
+  if (info == nullptr || equals == std::string_view::npos) return std::string(reference);
+  std::string key;
+  for (const PropertyDeclaration& property : info->declaration.properties) {
+    if (!property.qualifiers.Flag("key")) continue;
+    if (!key.empty()) return std::string(reference);
+    key = property.name;
+  }
+  return info->name() + "." + key + std::string(reference.substr(equals));
+}
+
+}  // namespace host

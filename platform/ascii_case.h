@@ -1,0 +1,26 @@
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+#include <type_traits>
+
+namespace platform {
+
+/// A to Z as a to z, every other character of any width as it is.
+template <class Character>
+constexpr Character AsciiLower(Character character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<Character>(character + ('a' - 'A'))
+                                              : character;
+}
+
+/// Whether two texts are the same, ignoring the case of A to Z.
+template <class Character>
+constexpr bool SameIgnoringAsciiCase(
+    std::basic_string_view<Character> left,
+    std::type_identity_t<std::basic_string_view<Character>> right) {
+  return std::equal(
+      left.begin(), left.end(), right.begin(), right.end(),
+      [](Character one, Character other) { return AsciiLower(one) == AsciiLower(other); });
+}
+
+}  // namespace platform

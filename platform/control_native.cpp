@@ -1,0 +1,22 @@
+#include "platform/control.h"
+#include "platform/native/observe.h"
+
+namespace platform {
+
+void SetOsVersion(HMODULE, DWORD major, DWORD minor) {
+  native::SetOsVersion(VER_PLATFORM_WIN32_NT, major, minor);
+}
+
+bool KeepRegistryIn(const std::string& file) {
+  return native::KeepRegistryIn(file);
+}
+
+// The registry lives in memory and starts empty.
+PrivateLocalMachine::PrivateLocalMachine() {
+  native::ClearRegistry();
+}
+PrivateLocalMachine::~PrivateLocalMachine() {
+  native::ClearRegistry();
+}
+
+}  // namespace platform

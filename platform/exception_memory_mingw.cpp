@@ -1,0 +1,124 @@
+// Where this module's C++ exceptions live, in place of the compiler's own runtime, which takes
+// memory, a lock and a record of the thread for the first one: without memory the process died, and
+// each load and unload of the module left them behind. Here an exception needs nothing that can
+// fail, and nothing outlives the module. The names and layouts are those of the compiler's C++
+// interface; linked into each module by itself.
+
+#include <cxxabi.h>
+#include <unwind.h>
+
+#include <atomic>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+
+#include "platform/platform.h"
+
+namespace {
+
+/// The runtime's header in front of each exception object, in bytes. Exactly as large: an exception
+/// of another module may be freed here, and the other way round.
+constexpr std::size_t kHeader = 160;
+static_assert(sizeof(_Unwind_Exception) == 64, "the header was measured with this part");
+
+/// Room for exceptions that ordinary memory has no room for: more than a program has at a time.
+struct Reserve {
+  static constexpr std::size_t kCount = 64;
+  struct alignas(std::max_align_t) Block {
+    unsigned char bytes[512];
+  };
+  Block blocks[kCount];
+  std::atomic<bool> taken[kCount];
+
+  void* Take(std::size_t size) noexcept {
+    if (size > sizeof(Block)) return nullptr;
+    for (std::size_t index = 0; index < kCount; ++index) {
+      if (!taken[index].exchange(true)) return &blocks[index];
+    }
+    return nullptr;
+  }
+  bool Return(void* memory) noexcept {
+    auto* block = static_cast<Block*>(memory);
+    if (block < blocks || block >= blocks + kCount) return false;
+    taken[block - blocks] = false;
+    return true;
+  }
+};
+constinit Reserve reserve = {};
+
+void* Allocate(std::size_t size) noexcept {
+  void* memory = std::malloc(size);
+  if (memory == nullptr) memory = reserve.Take(size);
+  if (memory == nullptr) std::terminate();
+  return std::memset(memory, 0, kHeader);
+}
+
+void Free(void* memory) noexcept {
+  if (!reserve.Return(memory)) std::free(memory);
+}
+
+/// What a thread has thrown and caught, by its number; 0 is a free row. A row is found from the
+/// thread's own place on, and goes with the thread.
+struct ThreadRow {
+  std::atomic<DWORD> thread;
+  struct {
+    void* caught;
+    unsigned int uncaught;
+  } books;  ///< the runtime's own
+};
+constexpr std::size_t kThreads = 1024;
+constinit ThreadRow threadRows[kThreads] = {};
+
+ThreadRow* TakeRow(DWORD wanted, DWORD mark) noexcept {
+  const std::size_t home = GetCurrentThreadId() / 4;  // thread numbers are multiples of 4
+  for (std::size_t step = 0; step < kThreads; ++step) {
+    ThreadRow& row = threadRows[(home + step) % kThreads];
+    DWORD expected = wanted;
+    if (row.thread.load() == wanted && row.thread.compare_exchange_strong(expected, mark)) {
+      return &row;
+    }
+  }
+  return nullptr;
+}
+
+void NTAPI OnThread(PVOID, DWORD reason, PVOID) {
+  if (reason == DLL_THREAD_DETACH) TakeRow(GetCurrentThreadId(), 0);
+}
+
+}  // namespace
+
+// The system calls it for each thread that ends while the module is loaded.
+extern "C" __attribute__((section(".CRT$XLE"), used))
+const PIMAGE_TLS_CALLBACK exception_memory_on_thread = OnThread;
+
+namespace __cxxabiv1 {
+extern "C" {
+
+__cxa_eh_globals* __cxa_get_globals() noexcept {
+  const DWORD self = GetCurrentThreadId();
+  if (ThreadRow* row = TakeRow(self, self)) return reinterpret_cast<__cxa_eh_globals*>(&row->books);
+  ThreadRow* row = TakeRow(0, self);
+  if (row == nullptr) std::terminate();
+  row->books = {};
+  return reinterpret_cast<__cxa_eh_globals*>(&row->books);
+}
+__cxa_eh_globals* __cxa_get_globals_fast() noexcept {
+  return __cxa_get_globals();
+}
+
+void* __cxa_allocate_exception(std::size_t size) noexcept {
+  return static_cast<unsigned char*>(Allocate(size + kHeader)) + kHeader;
+}
+void __cxa_free_exception(void* exception) noexcept {
+  Free(static_cast<unsigned char*>(exception) - kHeader);
+}
+__cxa_dependent_exception* __cxa_allocate_dependent_exception() noexcept {
+  return static_cast<__cxa_dependent_exception*>(Allocate(kHeader));
+}
+void __cxa_free_dependent_exception(__cxa_dependent_exception* exception) noexcept {
+  Free(exception);
+}
+
+}  // extern "C"
+}  // namespace __cxxabiv1

@@ -1,0 +1,146 @@
+#include "scenario/change.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "scenario/sections.h"
+
+namespace simulator {
+namespace {
+
+using nlohmann::json;
+using Path = std::vector<std::string>;
+
+Path CutPath(const std::string& text) {
+  Path path;
+  std::size_t start = text.starts_with('/') ? 1 : 0;
+  while (start <= text.size()) {
+    const std::size_t slash = std::min(text.find('/', start), text.size());
+    path.push_back(text.substr(start, slash - start));
+    start = slash + 1;
+  }
+  return path;
+}
+
+/// One change: what to do at the place, the value, and how much of the path is walked.
+struct Change {
+  Path path;
+  json value;
+
+  json::json_pointer Place(std::size_t depth) const {
+    json::json_pointer place;
+    for (std::size_t index = 0; index < depth; ++index) place /= path[index];
+    return place;
+  }
+  [[noreturn]] void Fail(std::size_t depth, const std::string& problem) const {
+    Node{value, Place(depth)}.Fail(problem);
+  }
+  /// The number at a place of the path, which counts `size` elements.
+  std::size_t Index(std::size_t depth, std::size_t size) const {
+    const std::string text = depth < path.size() ? path[depth] : "";
+    std::size_t index = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), index);
+    if (text.empty() || error != std::errc() || stop != text.data() + text.size() ||
+        index >= size) {
+      Fail(depth + (depth < path.size() ? 1 : 0),
+           size == 0 ? "there are no entries"
+                     : "expected the number of an entry, 0 to " + std::to_string(size - 1));
+    }
+    return index;
+  }
+  /// The value within the objects that the path names from `depth` on.
+  json Nested(std::size_t depth) const {
+    json nested = value;
+    for (std::size_t index = path.size(); index > depth; --index) {
+      nested = json::object({{path[index - 1], nested}});
+    }
+    return nested;
+  }
+};
+
+void ChangeEntry(const Change& change, std::size_t depth, const Table& table, void* entry) {
+  if (change.path.size() <= depth) change.Fail(depth, "a member of the entry is to be named");
+  const json nested = change.Nested(depth);
+  ReadRecord({nested, change.Place(depth)}, table, entry);
+}
+
+void ChangeAdapter(const Change& change, const AdapterAt& adapterAt) {
+  std::size_t count = 0;
+  while (adapterAt(count) != nullptr) ++count;
+  Adapter* adapter = adapterAt(change.Index(1, count));
+  if (change.path.size() < 3) change.Fail(2, "a member of the adapter is to be named");
+  const std::string& member = change.path[2];
+  if (member == "number" || member == "mac" || member == "present") {
+    change.Fail(3, "it is seen only when the machine starts: change the file, then reload");
+  }
+  Adapter changed = *adapter;
+  const std::pair<const char*, std::pair<RecordList*, const Table*>> lists[] = {
+      {"cachedNetworks", {&changed.cachedNetworks, &kNetworkTable}},
+      {"availableNetworks", {&changed.availableNetworks, &kNetworkTable}},
+      {"excludeList", {&changed.excludeList, &kExcludeEntryTable}}};
+  const auto list =
+      std::ranges::find_if(lists, [&member](const auto& row) { return row.first == member; });
+  if (list != std::end(lists) && change.path.size() > 3) {
+    auto& [records, table] = list->second;
+    const std::size_t index = change.Index(3, records->size() / table->size);
+    ChangeEntry(change, 4, *table, records->entries() + index * table->size);
+  } else {
+    const json nested = change.Nested(2);
+    ReadAdapter({nested, change.Place(2)}, changed);
+  }
+  *adapter = std::move(changed);
+}
+
+void ChangeProfile(const Change& change, Scenario& scenario) {
+  const auto store =
+      std::ranges::find(kProfileStores, change.path.size() < 2 ? "" : change.path[1]);
+  if (store == kProfileStores.end()) {
+    change.Fail(change.path.size(), "expected one of " + Join(kProfileStores));
+  }
+  auto& profiles = scenario.profiles[static_cast<std::size_t>(store - kProfileStores.begin())];
+  ProfileRecord& profile = profiles[change.Index(2, profiles.size())];
+  ProfileRecord changed = profile;
+  ChangeEntry(change, 3, kProfileTable, &changed);
+  profile = changed;
+}
+
+void Apply(const Change& change, const AdapterAt& adapterAt, Scenario& scenario) {
+  const std::string& section = change.path.front();
+  if (section == "adapters") return ChangeAdapter(change, adapterAt);
+  if (section == "profiles") return ChangeProfile(change, scenario);
+  if (section != "settings" && section != "policies" && section != "apiVersion") {
+    change.Fail(1,
+                "it cannot be changed while the machine plays; adapters, settings, policies, "
+                "profiles and apiVersion can");
+  }
+  Scenario changed = scenario;
+  const json nested = change.Nested(0);
+  ReadScenario({nested}, Adapter{}, changed);
+  scenario.settings = changed.settings;
+  scenario.policies = changed.policies;
+  scenario.apiVersion = changed.apiVersion;
+}
+
+}  // namespace
+
+void ChangeMember(const std::string& path, const std::string& value, const AdapterAt& adapterAt,
+                  Scenario& scenario) {
+  Change change{CutPath(path), json::parse(value, nullptr, false)};
+  const bool isJson = !change.value.is_discarded();
+  if (!isJson) change.value = value;
+  try {
+    return Apply(change, adapterAt, scenario);
+  } catch (const ScenarioError&) {
+    // A text may look like a number: the name of a network, for one.
+    if (!isJson || change.value.is_string() || change.value.is_structured()) throw;
+  }
+  const json number = std::exchange(change.value, value);
+  try {
+    Apply(change, adapterAt, scenario);
+  } catch (const ScenarioError&) {
+    change.value = number;
+    Apply(change, adapterAt, scenario);  // says what is wrong with the value as it was typed
+  }
+}
+
+}  // namespace simulator

@@ -1,0 +1,183 @@
+#include "host/report/report.h"
+
+#include <gtest/gtest.h>
+
+#include "host/format/format.h"
+#include "host/report/chart_labels.h"
+#include "host/report/findings.h"
+#include "host/report/terminal_chart.h"
+#include "tests/host/toy.h"
+
+namespace host {
+namespace {
+
+/// One adapter, 7, that is associated with the first of its networks.
+Json DumpWith(Json networks) {
+  for (Json& network : networks) network["SettingID"] = "7";
+  const std::string first = networks.empty() ? "" : networks[0].value("MacAddress", "");
+  return {{"WiFi_NetworkAdapter",
+           {{{"DeviceID", "7"}, {"RadioState", true}, {"AssociationStatus", "Associated"}}}},
+          {"WiFi_AdapterAssociationInfo", {{{"SettingID", "7"}, {"Associated", true}}}},
+          {"WiFi_AdapterAssocStats", {{{"SettingID", "7"}, {"ApMacAddr", first}}}},
+          {"WiFi_AdapterCachedScanList", networks}};
+}
+
+Json Heard(const std::string& name, int channel, int signal, int encrypted = 1,
+           const char* cipher = "AES-CCMP", const char* level = "PSK") {
+  static int count = 0;
+  return {{"NetworkName", name},
+          {"MacAddress", "00:00:00:00:00:" + std::to_string(10 + ++count)},
+          {"Band", channel > 14 ? "802.11a" : "802.11g"},
+          {"RSSI", std::to_string(signal)},
+          {"Encrypted", encrypted},
+          {"ChannelID", std::to_string(channel)},
+          {"UnicastEncryptionLevel", cipher},
+          {"AuthLevel", level}};
+}
+
+std::size_t CountOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; ++at) ++count;
+  return count;
+}
+
+TEST(Report, KeepsNamesFromBecomingMarkup) {
+  for (const std::string name :
+       {"</script><script>alert(1)</script>", "<img src=x onerror=alert(1)>",
+        "\" onload=\"alert(1)", "' autofocus onfocus='x", "</title></svg><b>", "<!--", "&lt;b&gt;",
+        "]]>", "a\u2028b\x01"}) {
+    const Json dump = DumpWith({Heard(name, 6, -50), Heard(name, 44, -60, 0, "None", "Open")});
+    const std::string page = ReportPage(ToyRepository(), dump);
+    EXPECT_EQ(CountOf(page, "<script"), 2u) << name;
+    EXPECT_EQ(CountOf(page, "</script"), 2u) << name;
+    const std::string start = "id=\"wifi-dump\">";
+    const std::size_t json = page.find(start) + start.size();
+    const std::string shown = page.substr(0, json);
+    for (const char* markup : {"<img", "<b>", "<!--", " onload=\"", "' autofocus", "<bdi>&lt;b"}) {
+      EXPECT_EQ(shown.find(markup), std::string::npos) << name;
+    }
+    EXPECT_EQ(Json::parse(page.substr(json, page.find("</script>", json) - json)), dump) << name;
+  }
+}
+
+TEST(Report, ShowsProtectionAsThePointsAnnounceIt) {
+  const struct {
+    Json row;
+    Protection protection;
+    const char* security;
+  } rows[] = {
+      {Heard("", 1, -1, 0, "None", "Open"), Protection::kOpen, "Open"},
+      {Heard("", 1, -1, 0, "UnKnown", "UnKnown"), Protection::kOpen, "Open"},
+      {Heard("", 1, -1, 1, "WEP104", "Open"), Protection::kWep, "WEP104"},
+      {Heard("", 1, -1, 1, "UnKnown", "Shared"), Protection::kWep, "WEP"},
+      {Heard("", 1, -1, 1, "TKIP", "WPA_PSK"), Protection::kProtected, "WPA-Personal, TKIP"},
+      {Heard("", 1, -1, 1, "UnKnown", "RSNA"), Protection::kProtected, "WPA2-Enterprise"},
+      {Heard("", 1, -1, 1, "UnKnown", "UnKnown"), Protection::kProtected, "Encrypted"},
+      // Open to join, and yet not open.
+      {Heard("", 1, -1, 0, "AES-CCMP", "Open"), Protection::kProtected, "AES-CCMP"},
+      // The available network's channel, which tells nothing of its protection.
+      {{{"Encrypted", "11"}, {"RSSI", "-40"}}, Protection::kUnknown, ""},
+  };
+  for (const auto& row : rows) {
+    const std::optional<Network> network = ChartedNetwork(row.row);
+    ASSERT_TRUE(network) << row.row;
+    EXPECT_EQ(network->protection, row.protection) << row.row;
+    EXPECT_EQ(network->security, row.security);
+  }
+}
+
+TEST(Report, FindsWhatStandsOut) {
+  Json off = DumpWith({});
+  off["WiFi_NetworkAdapter"][0] = {
+      {"DeviceID", "7"}, {"RadioState", false}, {"AssociationStatus", "NotAssociated"}};
+  Json failing = DumpWith({});
+  failing["WiFi_AdapterAssocStats"][0]["CrcErrs"] = -1;
+  failing["WiFi_AdapterAssocStats"][0]["PercentMissedBeacons"] = 9;
+  failing["WiFi_AvailableNetwork"] = Json::array();
+  failing["wmihost"] = {{{"Failures", {"WiFi_AvailableNetwork 0x80041002"}}}};
+  Json dropped = DumpWith({});
+  dropped["WiFi_AdapterAssocStats"][0]["DroppedByAp"] = 1;
+  const struct {
+    Json dump;
+    std::vector<std::string> findings;
+  } rows[] = {
+      {Json::object(), {"0 There is no adapter: "}},
+      {off, {"0 Adapter 7 is not associated: Radio off: software has switched it off."}},
+      {failing,
+       {"2 Adapter 7 counted errors: 9 % of the beacons were missed, 4294967295 frames with a "
+        "wrong "
+        "check sum.",
+        "2 WiFi_AvailableNetwork was not read in full: WBEM_E_NOT_FOUND (0x80041002): not found"}},
+      {dropped, {"1 Adapter 7 counted errors: 1 times dropped by the access point."}},
+      {DumpWith({Heard("a", 1, -50), Heard("b", 5, -50), Heard("c", 36, -50), Heard("d", 40, -50)}),
+       {}},
+      {DumpWith({Heard("a", 1, -50, 0, "None", "Open"), Heard("b", 4, -50), Heard("", 1, -60)}),
+       {"0 Adapter 7 uses an open network: [a] encrypts nothing.",
+        "1 Adapter 7 shares its air on channel 1: 1 more network on the channel of [a], 1 on "
+        "channels "
+        "that reach into it.",
+        "1 1 open access point: [a].", "1 Channels overlap in the 2.4 GHz band: 1 and 4."}},
+  };
+  for (const auto& row : rows) {
+    std::vector<std::string> found;
+    for (const Finding& finding : FindingsOf(row.dump, NetworksOf(row.dump))) {
+      std::string text = std::to_string(static_cast<int>(finding.weight)) + " " + finding.headline +
+                         ": " + finding.detail;
+      for (const auto& [mark, plain] : {std::pair("\u201C\u2068", "["), {"\u2069\u201D", "]"}}) {
+        for (std::size_t at = 0; (at = text.find(mark)) != std::string::npos;) {
+          text.replace(at, std::string(mark).size(), plain);
+        }
+      }
+      found.push_back(text);
+    }
+    EXPECT_EQ(found, row.findings) << row.dump;
+  }
+}
+
+TEST(ChartLabels, NeverCoverEachOther) {
+  const Box area = {0, 0, 300, 200};
+  std::vector<Box> wishes;
+  for (int index = 0; index < 40; ++index) {
+    wishes.push_back({index % 7 * 60.0 - 30, 100.0 + index % 5, 80, 14});
+  }
+  std::size_t placed = 0;
+  const std::vector<std::optional<Box>> places = PlaceLabels(wishes, area);
+  for (std::size_t one = 0; one < places.size(); ++one) {
+    if (!places[one]) continue;
+    ++placed;
+    EXPECT_GE(places[one]->left, 0);
+    EXPECT_LE(places[one]->left + 80, 300);
+    EXPECT_GE(places[one]->top, 0);
+    EXPECT_LE(places[one]->top + 14, 200);
+    for (std::size_t other = 0; other < one; ++other) {
+      EXPECT_FALSE(places[other] && places[one]->Meets(*places[other])) << one << ' ' << other;
+    }
+  }
+  EXPECT_GE(placed, 20u);
+  EXPECT_EQ(places[0]->top, 100);
+  EXPECT_EQ(Shortened("Straße", 6), "Straße");
+  EXPECT_EQ(Shortened("Straße", 5), "Stra…");
+  EXPECT_EQ(Shortened("日本語", 4), "日…");
+}
+
+TEST(TerminalChart, DrawsWithinItsWidthAndLosesNoNetwork) {
+  Json networks = Json::array();
+  for (int index = 0; index < 70; ++index) {
+    networks.push_back(Heard("n" + std::to_string(index), 1 + index % 14, -20 - 2 * index));
+  }
+  networks.push_back(Heard("far", 165, -32768));
+  networks.push_back(Heard("nowhere", 200, -50));
+  for (const int width : {1, 40, 79, 80, 200}) {
+    const std::string text = ChartText(networks, width);
+    for (const Json& network : networks) {
+      EXPECT_NE(text.find(network.value("NetworkName", "")), std::string::npos) << width;
+    }
+    for (std::size_t start = 0; start < text.size(); start = text.find('\n', start) + 1) {
+      EXPECT_LE(DisplayWidth(text.substr(start, text.find('\n', start) - start)),
+                std::max(width, 48));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# transcript.sh FILE PROGRAM…: runs each line of FILE that begins with "$ " in a shell where wmihost is
+# PROGRAM, and prints FILE anew: comments and such lines as they stand; below each line its standard
+# output, its standard error behind "! " and an exit status other than 0 in brackets. The lines share
+# a folder that is empty at first.
+set -uo pipefail
+exec 3<"$1"
+shift
+program=("$@")
+unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+mkdir in
+cd in
+wmihost() { "${program[@]}" "$@"; }
+
+gap=
+while IFS= read -r line; do
+  case $line in
+    '#'*)
+      printf '%s%s\n' "$gap" "$line"
+      gap=$'\n'
+      ;;
+    '$ '*)
+      printf '%s\n' "$line"
+      (eval "${line#??}") >../out 2>../err </dev/null
+      status=$?
+      cat ../out
+      tr -d '\r' <../err | sed 's/^/! /'
+      [ "$status" = 0 ] || echo "[$status]"
+      ;;
+  esac
+done <&3

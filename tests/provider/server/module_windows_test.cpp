@@ -1,0 +1,88 @@
+// The linked module in a process of its own making: what a service host sees of it over time.
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "platform/com_ptr.h"
+#include "provider/server/class_factory.h"
+#include "tests/support/fake_wbem.h"
+
+namespace {
+
+using platform::ComPtr;
+
+struct Unload {
+  void operator()(HMODULE module) const { FreeLibrary(module); }
+};
+using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, Unload>;
+
+/// The provider object of a freshly loaded module.
+ComPtr<IWbemServices> MakeProvider(HMODULE module) {
+  using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+  const auto getClassObject = reinterpret_cast<GetClassObject>(
+      reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+  ComPtr<IClassFactory> factory;
+  getClassObject(wifi::kInstanceProviderClass, IID_IClassFactory, factory.put_void());
+  ComPtr<IWbemServices> provider;
+  factory->CreateInstance(nullptr, IID_IWbemServices, provider.put_void());
+  return provider;
+}
+
+struct Held {
+  std::size_t bytes = 0;  ///< of all heaps
+  DWORD handles = 0;
+};
+
+Held HeldByProcess() {
+  Held held;
+  HANDLE heaps[256];
+  const DWORD count = std::min<DWORD>(GetProcessHeaps(256, heaps), 256);
+  for (DWORD heap = 0; heap < count; ++heap) {
+    PROCESS_HEAP_ENTRY block = {};
+    while (HeapWalk(heaps[heap], &block)) {
+      if ((block.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) held.bytes += block.cbData;
+    }
+  }
+  GetProcessHandleCount(GetCurrentProcess(), &held.handles);
+  return held;
+}
+
+// Serves one request, in which an exception is thrown and caught.
+void LoadUseUnload() {
+  const Module module(LoadLibraryA("WiFiAdapterProvider.dll"));
+  ASSERT_TRUE(module);
+  testing_support::Journal journal;
+  testing_support::InstanceScript script{journal};
+  const auto sink = ComPtr<testing_support::FakeSink>::Adopt(new testing_support::FakeSink(script));
+  const ComPtr<IWbemServices> provider = MakeProvider(module.get());
+  ComPtr<IWbemProviderInit> initializing;
+  provider->QueryInterface(IID_IWbemProviderInit, initializing.put_void());
+  script.putThrows = "AutoConnect";
+  const auto services =
+      ComPtr<testing_support::FakeNamespace>::Adopt(new testing_support::FakeNamespace(script));
+  initializing->Initialize(nullptr, 0, nullptr, nullptr, services.get(), nullptr, nullptr);
+  const platform::Bstr className(OLESTR("WiFi_SystemPolicies"));
+  provider->CreateInstanceEnumAsync(className.get(), 0, nullptr, sink.get());
+  EXPECT_EQ(sink->statuses.size(), 1u);
+}
+
+// A service unloads idle providers and loads them again, for as long as the machine runs.
+TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
+  ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+  constexpr int kCycles = 100;
+  for (const bool keepLibraries : {true, false}) {
+    const Module quarn(keepLibraries ? LoadLibraryA("QuarnApi.dll") : nullptr);
+    const Module tolva(keepLibraries ? LoadLibraryA("TolvaApi.dll") : nullptr);
+    for (int cycle = 0; cycle < 5; ++cycle) LoadUseUnload();
+    const Held before = HeldByProcess();
+    for (int cycle = 0; cycle < kCycles; ++cycle) LoadUseUnload();
+    const Held after = HeldByProcess();
+    // The system's own books of loaded modules grow in steps.
+    EXPECT_LT((after.bytes - before.bytes) / kCycles, 200u) << "bytes a cycle";
+    EXPECT_EQ(after.handles, before.handles);
+  }
+  CoUninitialize();
+}
+
+}  // namespace

@@ -1,0 +1,294 @@
+// Every step of every request may fail, once or from then on. Whatever fails, the request ends with
+// its one status, leaves nothing behind and takes nothing with it, and the next one is served.
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+#include <numeric>
+
+#include "platform/control.h"
+#include "tests/support/fake_profile_library.h"
+#include "tests/support/provider_fixture.h"
+#include "tests/sweep/requests.h"
+#include "tests/sweep/swept_module.h"
+
+adapterapi::AdapterApi* sweep::currentLibrary = nullptr;
+
+namespace sweep {
+namespace {
+
+using namespace adapterapi;
+using namespace testing_support;
+using platform::ComPtr;
+using platform::Variant;
+
+// What the library gives: records without a terminator in any text and with counts beyond
+// everything, the number 1, two networks.
+template <class Record>
+void Give(Record* record) {
+  std::memset(record, '1', sizeof(*record));
+}
+template <class Record>
+void Give(const Record*) {}
+inline void Give(std::uint32_t* number) {
+  *number = 1;
+}
+inline void Give(std::uint32_t) {}
+template <class Entry>
+void Give(const LibraryList<Entry>** list) {
+  static const auto* const two = [] {
+    static std::uint8_t bytes[sizeof(std::int32_t) + 2 * sizeof(Entry)];
+    bytes[0] = 2;
+    std::memset(bytes + sizeof(std::int32_t), '1', sizeof(Entry));
+    std::memset(bytes + sizeof(std::int32_t) + sizeof(Entry), '2', sizeof(Entry));
+    return reinterpret_cast<const LibraryList<Entry>*>(bytes);
+  }();
+  *list = two;
+}
+
+struct Outcome {
+  HRESULT answer;
+  std::vector<HRESULT> statuses;
+  std::vector<std::string> calls;  ///< of both libraries
+  std::vector<std::string> puts;   ///< CLASS.NAME=VALUE of every indicated instance
+  bool operator==(const Outcome&) const = default;
+};
+
+// In the order of Step.
+constexpr const char* kStepNames[] = {
+    "new",    "text", "fetch", "signature",       "spawn",          "put", "get", "indicate",
+    "status", "open", "next",  "adapter library", "profile library"};
+
+/// What is alive between two requests.
+struct Levels {
+  long blocks = LiveBlocks();
+  int texts = LiveTexts();
+  int objects = FakeObject::live;
+  int sinks = FakeSink::live;
+  int enumerations = FakeEnumeration::live;
+  int impersonations = ImpersonationDepth();
+  bool operator==(const Levels&) const = default;
+  /// Nothing more than before; a cache that a failure emptied is less.
+  bool NothingAdded(const Levels& before) const {
+    return blocks <= before.blocks && texts <= before.texts && objects == before.objects &&
+           sinks == before.sinks && enumerations == before.enumerations &&
+           impersonations == before.impersonations;
+  }
+};
+
+class Sweep : public ProviderFixture {
+ protected:
+  Sweep() {
+    currentLibrary = &api;
+    platform::SetOsVersion(Module().handle, 5, 1);  // nothing is left out
+#define QUARN_OPERATION(ordinal, name, parameters, arguments) \
+  api.on##name = [](auto... values) { return (Give(values), ..., ApiStatus{0}); };
+#include "adapterapi/operations.inc"
+#undef QUARN_OPERATION
+    profiles.stores[1] = {{"Home", "home", "", 1, 0, 1, 1}, {"Office", "office", "", 1, 1, 6, 2}};
+    profiles.stores[16] = {{"Site", "site", "", 2, 0, 3, 1}};
+    profiles.onGetProfileToApply = [](ORVEL_WLAN_PROFILE&) { return 0; };
+    const auto user = MakeObject();
+    user->values["UserName"] = Variant::AnsiText("DOMAIN\\user");
+    fakeNamespace.platformObjects["Win32_ComputerSystem"].push_back(
+        ComPtr<IWbemClassObject>(user.get()));
+    Initialize({{7, "7", 1}, {10, "10", 2}});  // also fills the lists; the provider is not used
+    EXPECT_EQ(Factory(init_, served_), S_OK);
+    InitializeOnly(*init_.get());
+  }
+  ~Sweep() override {
+    platform::SetOsVersion(Module().handle, 6, 1);
+  }
+
+  HRESULT Factory(ComPtr<IWbemProviderInit>& init, ComPtr<IWbemServices>& made) {
+    constexpr CLSID kClass = {
+        0x3B14BAD6, 0xC364, 0x4576, {0x82, 0x71, 0x39, 0xB5, 0x85, 0x0A, 0xBD, 0xA8}};
+    ComPtr<IClassFactory> factory;
+    HRESULT result = Module().getClassObject(kClass, IID_IClassFactory, factory.put_void());
+    if (FAILED(result) != !factory) return E_UNEXPECTED;
+    if (FAILED(result)) return result;
+    result = factory->CreateInstance(nullptr, IID_IWbemProviderInit, init.put_void());
+    if (FAILED(result) != !init) return E_UNEXPECTED;
+    return FAILED(result) ? result : init->QueryInterface(IID_IWbemServices, made.put_void());
+  }
+
+  HRESULT Serve(const Request& request, IWbemObjectSink* client) {
+    const Side inside(true);
+    ComPtr<IWbemProviderInit> init;
+    ComPtr<IWbemServices> made;
+    switch (request.kind) {
+      case Request::kEnumerate:
+        return served_->CreateInstanceEnumAsync(request.text.get(), 0, nullptr, client);
+      case Request::kQuery:
+        return served_->ExecQueryAsync(nullptr, request.text.get(), 0, nullptr, client);
+      case Request::kGet:
+        return served_->GetObjectAsync(request.text.get(), 0, nullptr, client);
+      case Request::kDelete:
+        return served_->DeleteInstanceAsync(request.text.get(), 0, nullptr, client);
+      case Request::kPut:
+        return served_->PutInstanceAsync(request.object.get(), 0, nullptr, client);
+      case Request::kMethod:
+        return served_->ExecMethodAsync(request.text.get(), request.method.get(), 0, nullptr,
+                                        request.object.get(), client);
+      case Request::kInitialize:
+        initStatuses.clear();
+        return InitializeOnly(*init_.get());
+      case Request::kFactory:
+        return Factory(init, made);
+    }
+    return E_UNEXPECTED;
+  }
+
+  /// Makes a request with a sink of its own; `kept_` says what was kept of the client's objects.
+  Outcome Run(const Request& request, FaultPlan* plan = nullptr) {
+    // So that every update finds something to change.
+    if (request.kind == Request::kPut) Serve(primer_, MakeSink(script).get());
+    journal.Clear();
+    fakeNamespace.contexts.clear();
+    fakeNamespace.enumerations.clear();
+    Outcome outcome;
+    const ComPtr<FakeSink> client = MakeSink(script);
+    FaultPlan::calls = {};
+    FaultPlan::armed = plan;
+    outcome.answer = Serve(request, client.get());
+    FaultPlan::armed = nullptr;
+    outcome.statuses =
+        request.kind == Request::kFactory ? std::vector<HRESULT>{outcome.answer} : client->statuses;
+    if (request.kind == Request::kInitialize) {
+      outcome.statuses.assign(initStatuses.begin(), initStatuses.end());
+      kept_ = outcome.answer != S_OK;
+      if (initStatuses.size() == 1) outcome.answer = initStatuses[0];
+    } else {
+      kept_ = client->references() != 1 || (request.object && request.object->references() != 1);
+    }
+    for (const std::string& event : journal.events()) {
+      if (event.starts_with("call ") || event.starts_with("tolva ")) outcome.calls.push_back(event);
+    }
+    for (const auto& object : client->objects) {
+      for (const auto& put : object->puts) {
+        outcome.puts.push_back(object->className + "." + put.name + "=" + put.value);
+      }
+    }
+    return outcome;
+  }
+
+  /// What is wrong with a request in which something failed; empty if nothing is.
+  std::string Breach(const Request& request, const FaultPlan& plan, const Outcome& untouched,
+                     const Outcome& outcome) const {
+    if (outcome.statuses.size() != 1) return "it has no one status";
+    const bool statusThrew = plan.step == Step::kStatus && plan.manner != Manner::kCode;
+    if (outcome.answer != outcome.statuses[0] &&
+        !(statusThrew && outcome.answer == WBEM_E_PROVIDER_FAILURE)) {
+      return "its answer is not its status";
+    }
+    if (kept_) return "it keeps an object of the client";
+    if (plan.manner == Manner::kReenter) {
+      if (outcome.puts != untouched.puts || outcome.answer != untouched.answer) {
+        return "another request in between changes it";
+      }
+      return {};
+    }
+    if (plan.step != Step::kHeap) return {};
+    // Short of memory, nothing wrong is said and nothing else is done.
+    for (const std::string& put : outcome.puts) {
+      const auto name = put.substr(0, put.find('='));
+      if (put == name + "=error:8007000E" ||
+          (request.kind == Request::kMethod &&
+           (put == name + "=flag:false" || put == name + "=number:0")))
+        continue;
+      if (!std::ranges::count(untouched.puts, put)) return "it says " + put;
+    }
+    for (const std::string& call : outcome.calls) {
+      if (!std::ranges::count(untouched.calls, call)) return "it makes the call " + call;
+    }
+    return {};
+  }
+
+  /// Lets every call of the request fail in turn.
+  void SweepOne(const Request& request) {
+    SCOPED_TRACE(request.name);
+    for (int round = 0; round < 3; ++round) Run(request), Run(other_);
+    const Outcome untouched = Run(request);
+    const std::array<int, 13> calls = FaultPlan::calls;
+    const Outcome other = Run(other_);
+    const Levels before;
+    for (const auto& [step, manner] : kFaults) {
+      if (calls[static_cast<std::size_t>(step)] == 0) continue;
+      if (manner == Manner::kStructured && FaultPlan::raiseStructured == nullptr) continue;
+      for (const bool persistent : {false, true}) {
+        if (persistent && manner == Manner::kReenter) continue;
+        for (int nth = 1;; ++nth) {
+          FaultPlan plan{step, manner, nth, persistent};
+          Outcome inner = other;
+          plan.reenter = [&] {
+            const ComPtr<FakeSink> sink2 = MakeSink(script);
+            inner.answer = Serve(other_, sink2.get());
+            inner.statuses = sink2->statuses;
+          };
+          const Outcome outcome = Run(request, &plan);
+          if (plan.struck == 0) break;
+          ++points[static_cast<std::size_t>(step)];
+          std::string breach = Breach(request, plan, untouched, outcome);
+          if (breach.empty() && !Levels().NothingAdded(before))
+            breach = "it leaves something behind";
+          // While adapters are discovered, there are none yet.
+          if (breach.empty() && inner != other && request.kind != Request::kInitialize)
+            breach = "the one in between is not served";
+          const Outcome again = Run(request);
+          if (breach.empty() && again != untouched) breach = "the same request then differs";
+          if (breach.empty() && Run(other_) != other) breach = "another request then differs";
+          if (breach.empty()) continue;
+          ADD_FAILURE() << kStepNames[static_cast<std::size_t>(step)] << ", manner "
+                        << static_cast<int>(manner) << (persistent ? " from call " : " at call ")
+                        << nth << ": " << breach << ", answer " << std::hex << outcome.answer;
+          if (++failures > 40) return;
+        }
+      }
+    }
+    Run(request), Run(other_), Run(request), Run(other_);
+    EXPECT_EQ(Levels(), before);
+  }
+
+  struct Fault {
+    Step step;
+    Manner manner;
+  };
+  static const std::vector<Fault> kFaults;
+
+  static inline std::array<int, 13> points = {};
+  static inline int failures = 0;
+  static void TearDownTestSuite() {
+    std::cout << std::accumulate(points.begin(), points.end(), 0) << " failure points tried:";
+    for (std::size_t step = 0; step < points.size(); ++step) {
+      std::cout << ' ' << kStepNames[step] << ' ' << points[step];
+    }
+    std::cout << std::endl;
+  }
+
+  FakeProfileLibrary profiles{journal};
+  ComPtr<IWbemProviderInit> init_;
+  ComPtr<IWbemServices> served_;
+  bool kept_ = false;
+  const Request primer_{Request::kEnumerate, "", platform::Bstr(OLESTR("WiFi_NetworkAdapter"))};
+  const Request other_{Request::kGet, "",
+                       platform::Bstr(OLESTR("WiFi_AdapterVersion.SettingID=\"10\""))};
+};
+
+const std::vector<Sweep::Fault> Sweep::kFaults = [] {
+  std::vector<Fault> faults = {{Step::kHeap, Manner::kCode}, {Step::kText, Manner::kCode}};
+  for (int step = static_cast<int>(Step::kFetch); step <= static_cast<int>(Step::kProfileLibrary);
+       ++step) {
+    for (const Manner manner :
+         {Manner::kCode, Manner::kThrow, Manner::kNothing, Manner::kStructured, Manner::kReenter}) {
+      faults.push_back({static_cast<Step>(step), manner});
+    }
+  }
+  return faults;
+}();
+
+TEST_F(Sweep, EveryRequest) {
+  for (const Request& request : AllRequests(script)) SweepOne(request);
+}
+
+}  // namespace
+}  // namespace sweep
