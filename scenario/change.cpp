@@ -27,9 +27,9 @@ struct Change {
   Path path;
   json value;
 
-  json::json_pointer Place(std::size_t depth) const {
-    json::json_pointer place;
-    for (std::size_t index = 0; index < depth; ++index) place /= path[index];
+  std::string Place(std::size_t depth) const {
+    std::string place;
+    for (std::size_t index = 0; index < depth; ++index) place = PlaceBelow(place, path[index]);
     return place;
   }
   [[noreturn]] void Fail(std::size_t depth, const std::string& problem) const {

@@ -35,8 +35,23 @@ std::uint32_t ReadStructuredCode(const Node& node) {
   return static_cast<std::uint32_t>(node.Number(0, kAllBits));
 }
 
-Fault ReadFault(const Node& node) {
+/// The adapter of the fault `node` has to be there.
+void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
+                  std::span<const Adapter> adapters) {
+  std::vector<std::string> numbers;
+  for (const Adapter& known : adapters) {
+    if (known.records.number == adapter) return;
+    numbers.push_back(std::to_string(known.records.number));
+  }
+  const Node member = node.Child(node.value.at("adapter"), "adapter");
+  if (numbers.empty()) member.Fail("there are no adapters");
+  const std::vector<std::string_view> views(numbers.begin(), numbers.end());
+  member.FailExpecting("the number of an adapter, " + Join(views));
+}
+
+Fault ReadFault(const Node& node, std::span<const Adapter> adapters) {
   Fault fault;
+  constexpr std::int64_t kMostDelay = 3'600'000;
   int kinds = 0;
   bool ofAdapter = true;
   const auto setKind = [&](Fault::Kind kind) {
@@ -69,20 +84,28 @@ Fault ReadFault(const Node& node) {
                       fault.structuredCode = ReadStructuredCode(member);
                     }},
                    {"times", [&](const Node& member) { fault.times = number(member, 1); }},
+                   {"after", [&](const Node& member) { fault.after = number(member, 1); }},
+                   {"delayMs",
+                    [&](const Node& member) {
+                      fault.delayMs = static_cast<std::uint32_t>(member.Number(1, kMostDelay));
+                    }},
                    {"output", [&](const Node& member) { fault.output = member.Boolean(); }}});
   if (fault.operation.empty()) node.Fail("the member operation is missing");
-  if (kinds != 1) node.Fail("expected one of status, exception, structured");
+  if (kinds > 1 || (kinds == 0 && fault.delayMs == 0)) {
+    node.Fail("expected one of status, exception, structured, or delayMs");
+  }
   if (fault.adapter && !ofAdapter) {
     node.Fail("the operation " + fault.operation + " is about no adapter");
   }
+  if (fault.adapter) CheckAdapter(node, *fault.adapter, adapters);
   return fault;
 }
 
 }  // namespace
 
-std::vector<Fault> ReadFaults(const Node& node) {
+std::vector<Fault> ReadFaults(const Node& node, std::span<const Adapter> adapters) {
   std::vector<Fault> faults;
-  node.EachElement([&faults](const Node& element) { faults.push_back(ReadFault(element)); });
+  node.EachElement([&](const Node& element) { faults.push_back(ReadFault(element, adapters)); });
   return faults;
 }
 

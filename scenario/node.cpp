@@ -7,8 +7,32 @@
 
 namespace simulator {
 
+std::string PlaceBelow(const std::string& place, std::string_view name) {
+  std::string below = place + "/";
+  for (const char character : name) {
+    if (character == '~') {
+      below += "~0";
+    } else if (character == '/') {
+      below += "~1";
+    } else {
+      below += character;
+    }
+  }
+  return below;
+}
+
+std::string PlaceBelow(const std::string& place, std::size_t index) {
+  return place + "/" + std::to_string(index);
+}
+
+std::string Node::Place() const {
+  if (parent == nullptr) return root;
+  return name.data() == nullptr ? PlaceBelow(parent->Place(), index)
+                                : PlaceBelow(parent->Place(), name);
+}
+
 void Node::Fail(const std::string& problem) const {
-  const std::string place = path.to_string();
+  const std::string place = Place();
   throw ScenarioError((place.empty() ? "/" : place) + ": " + problem);
 }
 
@@ -57,21 +81,21 @@ std::int64_t Node::Number(std::int64_t least, std::int64_t most) const {
 
 void Node::EachElement(const std::function<void(const Node&)>& visit) const {
   if (!value.is_array()) FailExpecting("an array");
-  for (std::size_t i = 0; i < value.size(); ++i) visit({value[i], path / i});
+  for (std::size_t i = 0; i < value.size(); ++i) visit(Element(value[i], i));
 }
 
 void Node::EachMember(const std::vector<Member>& members) const {
-  for (const auto& [name, child] : Object().items()) {
+  for (const auto& [key, child] : Object().items()) {
     if (std::none_of(members.begin(), members.end(),
-                     [&key = name](const Member& member) { return member.name == key; })) {
+                     [&wanted = key](const Member& member) { return member.name == wanted; })) {
       std::vector<std::string_view> accepted;
       for (const Member& member : members) accepted.push_back(member.name);
-      Node{child, path / name}.Fail("no such member; accepted are " + Join(accepted));
+      Child(child, key).Fail("no such member; accepted are " + Join(accepted));
     }
   }
   for (const Member& member : members) {
     const auto found = value.find(member.name);
-    if (found != value.end()) member.read({*found, path / std::string(member.name)});
+    if (found != value.end()) member.read(Child(*found, member.name));
   }
 }
 

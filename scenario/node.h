@@ -21,9 +21,22 @@ struct Member {
   std::function<void(const Node&)> read;
 };
 
+/// A value and where it stands: below its parent, which outlives it, or at a place of its own.
 struct Node {
   const nlohmann::json& value;
-  nlohmann::json::json_pointer path{};
+  std::string root = {};  ///< the place of a value without a parent
+  const Node* parent = nullptr;
+  std::string_view name = {};  ///< of a member of the parent
+  std::size_t index = 0;       ///< of an element of the parent, which has no name
+
+  Node Child(const nlohmann::json& member, std::string_view memberName) const {
+    return {member, {}, this, memberName};
+  }
+  Node Element(const nlohmann::json& element, std::size_t position) const {
+    return {element, {}, this, {}, position};
+  }
+  /// "/adapters/0/mac", empty for the whole scenario.
+  std::string Place() const;
 
   /// Throws ScenarioError: the place, then `problem`.
   [[noreturn]] void Fail(const std::string& problem) const;
@@ -41,9 +54,14 @@ struct Node {
   void EachMember(const std::vector<Member>& members) const;
 };
 
+/// The place of a member or an element below another place.
+std::string PlaceBelow(const std::string& place, std::string_view name);
+std::string PlaceBelow(const std::string& place, std::size_t index);
+
 /// Reads an object into the record at `base`: the table's rows in their order, then `others`.
 /// Fields without a member stay as they are.
-void ReadRecord(const Node& node, const Table& table, void* base, std::vector<Member> others = {});
+void ReadRecord(const Node& node, const Table& table, void* base,
+                const std::vector<Member>& others = {});
 
 /// The names joined for an error or a document.
 std::string Join(std::span<const std::string_view> names);

@@ -3,9 +3,11 @@
 // machine. Texts are UTF-8.
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace simulator {
@@ -34,9 +36,18 @@ class ScenarioError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Reads and checks a whole scenario and gives the platform's part of it; an empty path means the
-/// scenario that is compiled in. `name` stands for the file in errors, where its path does not.
-/// Throws ScenarioError.
-PlatformObjects LoadPlatformObjects(const std::string& path, const std::string& name = {});
+struct Scenario;
+
+/// What a host keeps of a scenario: its own part, and the whole for the simulated libraries.
+struct LoadedScenario {
+  PlatformObjects platform;
+  std::shared_ptr<const Scenario> whole;
+};
+
+/// Reads and checks a scenario file; an empty path means the scenario that is compiled in. `name`
+/// stands for the file in errors, where its path does not. Throws ScenarioError.
+LoadedScenario LoadForHost(const std::string& path, const std::string& name = {});
+/// The same of a text that was read already.
+LoadedScenario ReadForHost(std::string_view text, const std::string& name);
 
 }  // namespace simulator

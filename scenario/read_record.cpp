@@ -165,15 +165,27 @@ void ReadField(const Node& node, const Field& field, unsigned char* place) {
 
 }  // namespace
 
-void ReadRecord(const Node& node, const Table& table, void* base, std::vector<Member> others) {
-  std::vector<Member> members;
-  for (const Field& field : table.fields) {
-    auto* place = static_cast<unsigned char*>(base) + field.offset;
-    members.push_back(
-        {field.name, [&field, place](const Node& value) { ReadField(value, field, place); }});
+void ReadRecord(const Node& node, const Table& table, void* base,
+                const std::vector<Member>& others) {
+  for (const auto& [name, child] : node.Object().items()) {
+    const auto isNamed = [&key = name](const auto& known) { return known.name == key; };
+    if (std::ranges::any_of(table.fields, isNamed) || std::ranges::any_of(others, isNamed))
+      continue;
+    std::vector<std::string_view> accepted;
+    for (const Field& field : table.fields) accepted.push_back(field.name);
+    for (const Member& member : others) accepted.push_back(member.name);
+    node.Child(child, name).Fail("no such member; accepted are " + Join(accepted));
   }
-  std::move(others.begin(), others.end(), std::back_inserter(members));
-  node.EachMember(members);
+  for (const Field& field : table.fields) {
+    const auto found = node.value.find(field.name);
+    if (found == node.value.end()) continue;
+    ReadField(node.Child(*found, field.name), field,
+              static_cast<unsigned char*>(base) + field.offset);
+  }
+  for (const Member& member : others) {
+    const auto found = node.value.find(member.name);
+    if (found != node.value.end()) member.read(node.Child(*found, member.name));
+  }
 }
 
 }  // namespace simulator

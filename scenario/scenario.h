@@ -102,17 +102,19 @@ struct Adapter {
 inline constexpr std::array<std::string_view, 5> kProfileStores = {"user", "persistent", "prelogon",
                                                                    "postlogon", "itprofile"};
 
-/// Makes calls of one operation fail.
+/// Makes calls of one operation fail, or last.
 struct Fault {
-  enum class Kind { kStatus, kException, kStructured };
+  enum class Kind { kDelay, kStatus, kException, kStructured };
 
   std::string operation;
   std::optional<adapterapi::AdapterNumber> adapter;  ///< none: every adapter
-  Kind kind = Kind::kStatus;
+  Kind kind = Kind::kDelay;
   std::int32_t status = 0;
   std::string exception;               ///< what the C++ exception says
   std::uint32_t structuredCode = 0;    ///< code of the structured exception
-  std::optional<std::uint32_t> times;  ///< none: every call
+  std::uint32_t after = 1;             ///< the first call that meets it, from 1
+  std::optional<std::uint32_t> times;  ///< none: every call from there on
+  std::uint32_t delayMs = 0;           ///< how long the call waits first
   bool output = false;                 ///< the operation is carried out before it fails
 };
 

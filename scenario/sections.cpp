@@ -52,7 +52,7 @@ void ReadRegistry(const Node& node, PlatformObjects& platform) {
 
 void ReadValues(const Node& node, std::map<std::uint32_t, std::uint32_t>& values) {
   for (const auto& [name, member] : node.Object().items()) {
-    const Node child{member, node.path / name};
+    const Node child = node.Child(member, name);
     std::uint32_t identifier = 0;
     const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), identifier);
     if (error != std::errc() || stop != name.data() + name.size()) {
@@ -94,28 +94,6 @@ RecordList ReadList(const Node& node, const Table& table) {
   return list;
 }
 
-void ReadAdapters(const Node& node, const Adapter& initial, std::vector<Adapter>& adapters) {
-  node.EachElement([&](const Node& element) {
-    Adapter adapter = initial;
-    AdapterRecords& records = adapter.records;
-    records.number = static_cast<std::uint32_t>(adapters.size() + 1);
-    ReadAdapter(element, adapter);
-    if (!element.value.contains("mac")) element.Fail("the member mac is missing");
-    for (const Adapter& other : adapters) {
-      if (other.records.number == records.number) {
-        element.Fail("another adapter has the number " + std::to_string(records.number));
-      }
-      if (std::equal(std::begin(records.mac), std::end(records.mac), other.records.mac)) {
-        element.Fail("another adapter has the same mac");
-      }
-    }
-    // What a client hands back to name the adapter: bytes that it does not read itself.
-    std::memcpy(records.device.unread0, &records.number, sizeof records.number);
-    records.tcpipv6.size = sizeof records.tcpipv6;
-    adapters.push_back(std::move(adapter));
-  });
-}
-
 std::vector<ProfileRecord> ReadStore(const Node& node) {
   std::vector<ProfileRecord> profiles;
   node.EachElement([&](const Node& element) {
@@ -150,20 +128,46 @@ void ReadAdapter(const Node& node, Adapter& adapter) {
               {"excludeList", list(adapter.excludeList, kExcludeEntryTable)}});
 }
 
+void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter>& adapters) {
+  Adapter adapter = initial;
+  AdapterRecords& records = adapter.records;
+  records.number = static_cast<std::uint32_t>(adapters.size() + 1);
+  ReadAdapter(node, adapter);
+  if (!node.value.contains("mac")) node.Fail("the member mac is missing");
+  for (const Adapter& other : adapters) {
+    if (other.records.number == records.number) {
+      node.Fail("another adapter has the number " + std::to_string(records.number));
+    }
+    if (std::equal(std::begin(records.mac), std::end(records.mac), other.records.mac)) {
+      node.Fail("another adapter has the same mac");
+    }
+  }
+  // What a client hands back to name the adapter: bytes that it does not read itself.
+  std::memcpy(records.device.unread0, &records.number, sizeof records.number);
+  records.tcpipv6.size = sizeof records.tcpipv6;
+  adapters.push_back(std::move(adapter));
+}
+
 void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario) {
   PlatformObjects& platformObjects = scenario.platform;
-  root.EachMember(
-      {{"apiVersion",
-        [&](const Node& member) {
-          scenario.apiVersion = static_cast<std::uint32_t>(member.Number(0, kAllBits));
-        }},
-       {"platform", [&](const Node& member) { ReadPlatform(member, platformObjects); }},
-       {"registry", [&](const Node& member) { ReadRegistry(member, platformObjects); }},
-       {"adapters", [&](const Node& member) { ReadAdapters(member, initial, scenario.adapters); }},
-       {"settings", [&](const Node& member) { ReadValues(member, scenario.settings); }},
-       {"policies", [&](const Node& member) { ReadValues(member, scenario.policies); }},
-       {"profiles", [&](const Node& member) { ReadProfiles(member, scenario); }},
-       {"faults", [&](const Node& member) { scenario.faults = ReadFaults(member); }}});
+  root.EachMember({{"apiVersion",
+                    [&](const Node& member) {
+                      scenario.apiVersion = static_cast<std::uint32_t>(member.Number(0, kAllBits));
+                    }},
+                   {"platform", [&](const Node& member) { ReadPlatform(member, platformObjects); }},
+                   {"registry", [&](const Node& member) { ReadRegistry(member, platformObjects); }},
+                   {"adapters",
+                    [&](const Node& member) {
+                      member.EachElement([&](const Node& element) {
+                        AppendAdapter(element, initial, scenario.adapters);
+                      });
+                    }},
+                   {"settings", [&](const Node& member) { ReadValues(member, scenario.settings); }},
+                   {"policies", [&](const Node& member) { ReadValues(member, scenario.policies); }},
+                   {"profiles", [&](const Node& member) { ReadProfiles(member, scenario); }},
+                   {"faults", [&](const Node& member) {
+                      scenario.faults = ReadFaults(member, scenario.adapters);
+                    }}});
   const auto platform = root.value.find("platform");
   if (platform == root.value.end() || !platform->contains("networkAdapters")) {
     scenario.platform.adapters = PlatformAdaptersOf(scenario.adapters);

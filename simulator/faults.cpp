@@ -4,15 +4,21 @@
 
 namespace simulator {
 
+FaultPlan::FaultPlan(std::vector<Fault> faults) {
+  for (Fault& fault : faults) faults_.push_back({std::move(fault)});
+}
+
 std::optional<Fault> FaultPlan::Take(std::string_view operation,
                                      std::optional<adapterapi::AdapterNumber> adapter) {
-  for (Fault& fault : faults_) {
-    if (fault.operation != operation || fault.times == 0u) continue;
-    if (fault.adapter && fault.adapter != adapter) continue;
-    if (fault.times) --*fault.times;
-    return fault;
+  Fault* met = nullptr;
+  for (auto& [fault, calls] : faults_) {
+    if (fault.operation != operation || (fault.adapter && fault.adapter != adapter)) continue;
+    if (calls < fault.after) ++calls;
+    if (met == nullptr && calls == fault.after && fault.times != 0u) met = &fault;
   }
-  return std::nullopt;
+  if (met == nullptr) return std::nullopt;
+  if (met->times) --*met->times;
+  return *met;
 }
 
 std::int32_t Strike(const Fault& fault) {
@@ -22,6 +28,7 @@ std::int32_t Strike(const Fault& fault) {
     case Fault::Kind::kStructured:
       RaiseStructured(fault.structuredCode);
     case Fault::Kind::kStatus:
+    case Fault::Kind::kDelay:
       break;
   }
   return fault.status;

@@ -1,8 +1,10 @@
 #pragma once
 // Faults in one place for every operation of both libraries.
 
+#include <chrono>
 #include <mutex>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "platform/critical_section.h"
@@ -16,33 +18,45 @@ namespace simulator {
 
 class FaultPlan {
  public:
-  explicit FaultPlan(std::vector<Fault> faults) : faults_(std::move(faults)) {}
+  explicit FaultPlan(std::vector<Fault> faults);
 
-  /// The fault that this call meets, if any, counted as met.
+  /// The fault that this call meets, if any: the first that fits it, has begun and is not used up.
+  /// Every fault that fits the call counts it.
   std::optional<Fault> Take(std::string_view operation,
                             std::optional<adapterapi::AdapterNumber> adapter);
 
  private:
-  std::vector<Fault> faults_;
+  struct Counted {
+    Fault fault;
+    std::uint32_t calls = 0;  ///< that fitted
+  };
+  std::vector<Counted> faults_;
 };
 
 /// Lets the fault happen: returns its status, or throws.
 std::int32_t Strike(const Fault& fault);
 
-/// Runs one operation under the lock and as its fault, if any, says. The lock is free again before
-/// anything is thrown: a structured exception does not unwind.
+/// Runs one operation under the lock and as its fault, if any, says. The lock is free while the
+/// call waits, and again before anything is thrown: a structured exception does not unwind.
 template <class Call>
 std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultPlan& plan,
                            std::string_view operation,
                            std::optional<adapterapi::AdapterNumber> adapter, Call&& call) {
-  std::optional<Fault> fault;
-  std::int32_t status = 0;
-  {
+  const auto take = [&] {
     const std::lock_guard lock(mutex);
-    fault = plan.Take(operation, adapter);
-    if (!fault || fault->output) status = call();
+    return plan.Take(operation, adapter);
+  };
+  const std::optional<Fault> fault = take();
+  const bool strikes = fault && fault->kind != Fault::Kind::kDelay;
+  if (fault && fault->delayMs > 0) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(fault->delayMs));
   }
-  return fault ? Strike(*fault) : status;
+  std::int32_t status = 0;
+  if (!strikes || fault->output) {
+    const std::lock_guard lock(mutex);
+    status = call();
+  }
+  return strikes ? Strike(*fault) : status;
 }
 
 }  // namespace simulator

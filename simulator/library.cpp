@@ -30,7 +30,7 @@ std::optional<AdapterNumber> AdapterOf(bool ofAdapter, const std::tuple<Argument
 bool Library::Load() {
   if (!tried_) {
     tried_ = true;
-    if (auto scenario = loader_()) loaded_ = std::make_unique<Loaded>(std::move(*scenario));
+    if (auto scenario = loader_()) loaded_ = std::make_shared<Loaded>(std::move(*scenario));
   }
   return loaded_ != nullptr;
 }
@@ -41,22 +41,25 @@ void Library::Change(const std::string& path, const std::string& value) {
   loaded_->machine.Change(path, value);
 }
 
-void Library::Reload() {
+void Library::Play(Scenario scenario) {
+  auto loaded = std::make_shared<Loaded>(std::move(scenario));
   const std::lock_guard lock(mutex_);
-  tried_ = false;
-  loaded_.reset();
+  tried_ = true;
+  loaded_ = std::move(loaded);
 }
 
 template <class Call>
 ApiStatus Library::Run(std::string_view operation, std::optional<AdapterNumber> adapter,
                        Call&& call) {
+  std::shared_ptr<Loaded> loaded;
   {
     const std::lock_guard lock(mutex_);
     if (loaded_ == nullptr && !NeedsScenario(operation)) return kOk;
     if (!Load()) return kFailed;
+    loaded = loaded_;
   }
-  return RunWithFaults(mutex_, loaded_->faults, operation, adapter,
-                       [&] { return call(loaded_->machine); });
+  return RunWithFaults(mutex_, loaded->faults, operation, adapter,
+                       [&] { return call(loaded->machine); });
 }
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments)                         \

@@ -21,8 +21,8 @@ class Library final : public AdapterApi {
 
   /// Changes a member of the machine, which is read if it was not yet. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
-  /// Forgets the machine: it is read again when it is next needed. Lists given out end with it.
-  void Reload();
+  /// Plays another scenario from now on. Lists given out end.
+  void Play(Scenario scenario);
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
 #include "adapterapi/operations.inc"
@@ -44,7 +44,7 @@ class Library final : public AdapterApi {
   const Loader loader_;
   platform::CriticalSection mutex_;
   bool tried_ = false;
-  std::unique_ptr<Loaded> loaded_;
+  std::shared_ptr<Loaded> loaded_;
 };
 
 }  // namespace simulator

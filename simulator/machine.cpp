@@ -50,7 +50,8 @@ bool IsOption(std::span<const Name> names, std::uint32_t options, std::uint32_t 
 
 Machine::Machine(Scenario scenario)
     : scenario_(std::move(scenario)), adapterList_(MakeAdapterList(scenario_.adapters)) {
-  for (const Adapter& adapter : scenario_.adapters) adapters_.emplace_back(adapter);
+  for (Adapter& adapter : scenario_.adapters) adapters_.emplace_back(std::move(adapter));
+  scenario_.adapters.clear();
 }
 
 void Machine::Change(const std::string& path, const std::string& value) {

@@ -23,11 +23,12 @@ void ProfileLibrary::Change(const std::string& path, const std::string& value) {
       path, value, [](std::size_t) { return nullptr; }, *scenario_);
 }
 
-void ProfileLibrary::Reload() {
+void ProfileLibrary::Play(const Scenario& scenario) {
   const std::lock_guard lock(mutex_);
-  tried_ = false;
-  scenario_.reset();
-  faults_.reset();
+  tried_ = true;
+  scenario_.emplace();
+  scenario_->profiles = scenario.profiles;
+  faults_.emplace(scenario.faults);
 }
 
 const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,

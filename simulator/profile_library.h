@@ -18,8 +18,8 @@ class ProfileLibrary {
 
   /// Changes a member of the profiles. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
-  /// Forgets the scenario: it is read again when it is next needed.
-  void Reload();
+  /// Plays another scenario from now on: its profiles and faults.
+  void Play(const Scenario& scenario);
 
   /// Runs an operation of the profile manager as its fault, if any, says. `call` gets the scenario;
   /// without one the status is negative.

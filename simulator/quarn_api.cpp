@@ -1,7 +1,7 @@
 #include "adapterapi/quarn_api.h"
 
+#include "simulator/hooks.h"
 #include "simulator/library.h"
-#include "simulator/set_member.h"
 
 namespace adapterapi::quarn {
 namespace {
@@ -23,6 +23,6 @@ int SimulatorSet(const char* path, const char* value, char* problem, std::size_t
   return simulator::SetMember(adapterapi::quarn::library, path, value, problem, size);
 }
 
-void SimulatorReload() noexcept {
-  adapterapi::quarn::library.Reload();
+int SimulatorPlay(const simulator::Scenario* scenario, std::size_t layout) noexcept {
+  return simulator::PlayScenario(adapterapi::quarn::library, *scenario, layout);
 }

@@ -4,8 +4,8 @@
 #include <type_traits>
 
 #include "adapterapi/records.h"
+#include "simulator/hooks.h"
 #include "simulator/profile_library.h"
-#include "simulator/set_member.h"
 
 namespace {
 
@@ -146,6 +146,6 @@ int SimulatorSet(const char* path, const char* value, char* problem, std::size_t
   return simulator::SetMember(library, path, value, problem, size);
 }
 
-void SimulatorReload() noexcept {
-  library.Reload();
+int SimulatorPlay(const simulator::Scenario* scenario, std::size_t layout) noexcept {
+  return simulator::PlayScenario(library, *scenario, layout);
 }

@@ -22,8 +22,8 @@ ExitStatus RunSet(const Command& command, CommandContext& context) {
 
 ExitStatus RunReload(const Command& command, CommandContext& context) {
   // A scenario with a mistake leaves the machine as it is.
-  const simulator::PlatformObjects objects = context.scenario->Load(command.Find("FILE"));
-  const ExitStatus status = context.provider->Restart(objects);
+  const simulator::LoadedScenario scenario = context.scenario->Load(command.Find("FILE"));
+  const ExitStatus status = context.provider->Restart(scenario);
   context.session = context.provider->session();
   if (context.session == nullptr) context.leave = true;  // nothing is left to ask
   return status;

@@ -24,17 +24,35 @@ void ApplyFeatureValues(const simulator::PlatformObjects& objects) {
   if (objects.featureSet2) key.SetNumber(OLESTR("FeatureSet2"), *objects.featureSet2);
 }
 
-/// A hook of the simulated library of that name, which the provider has loaded.
+/// A hook of the simulated library of that name, which the provider has loaded; null if it is no
+/// simulator.
 template <class Function>
-Function SimulatorFunction(const char* library, const std::string& name) {
+Function FindHook(const char* library, const char* name) {
   const HMODULE module = os::LoadedModule(os::LibraryFile(library));
-  const FARPROC found =
-      module == nullptr ? nullptr : GetProcAddress(module, ("Simulator" + name).c_str());
-  if (found == nullptr) {
+  const FARPROC found = module == nullptr ? nullptr : GetProcAddress(module, name);
+  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
+}
+
+template <class Function>
+Function Hook(const char* library, const char* name) {
+  const auto hook = FindHook<Function>(library, name);
+  if (hook == nullptr) {
     throw ModuleError(std::string(library) +
                       " is no simulator: its machine cannot be changed here");
   }
-  return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
+  return hook;
+}
+
+constexpr const char* kLibraries[] = {"QuarnApi", "TolvaApi"};
+
+/// Has the simulated libraries play the scenario; libraries that are none go their own way.
+void Play(const simulator::Scenario& scenario) {
+  for (const char* library : kLibraries) {
+    const auto play = FindHook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
+    if (play != nullptr && play(&scenario, simulator::ScenarioLayout()) == 0) {
+      throw ModuleError(std::string(library) + " cannot play the scenario of this program");
+    }
+  }
 }
 
 /// "6.1", which the command line has checked.
@@ -84,9 +102,10 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
   }
 }
 
-ExitStatus ProviderHost::Start(const simulator::PlatformObjects& objects) {
-  ApplyFeatureValues(objects);
-  session_.emplace(repository_, objects, defects_);
+ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
+  Play(*scenario.whole);
+  ApplyFeatureValues(scenario.platform);
+  session_.emplace(repository_, scenario.platform, defects_);
   if (progress_) {
     session_->Watch([this](const std::string* request) {
       return request != nullptr ? progress_->BeginRequest(*request) : progress_->EndRequest();
@@ -103,21 +122,18 @@ ExitStatus ProviderHost::Start(const simulator::PlatformObjects& objects) {
   return kRefused;
 }
 
-ExitStatus ProviderHost::Restart(const simulator::PlatformObjects& objects) {
-  const auto reloadAdapters = SimulatorFunction<decltype(&SimulatorReload)>("QuarnApi", "Reload");
-  const auto reloadProfiles = SimulatorFunction<decltype(&SimulatorReload)>("TolvaApi", "Reload");
+ExitStatus ProviderHost::Restart(const simulator::LoadedScenario& scenario) {
+  for (const char* library : kLibraries) Hook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
   session_.reset();
-  reloadAdapters();
-  reloadProfiles();
   localMachine_.reset();
   localMachine_.emplace();
-  return Start(objects);
+  return Start(scenario);
 }
 
 void ProviderHost::SetMember(const std::string& path, const std::string& value) {
   const bool ofProfiles = path.starts_with("profiles") || path.starts_with("/profiles");
   const auto set =
-      SimulatorFunction<decltype(&SimulatorSet)>(ofProfiles ? "TolvaApi" : "QuarnApi", "Set");
+      Hook<decltype(&SimulatorSet)>(ofProfiles ? "TolvaApi" : "QuarnApi", "SimulatorSet");
   char problem[1024];
   if (set(path.c_str(), value.c_str(), problem, sizeof problem) == 0) {
     throw simulator::ScenarioError(problem);

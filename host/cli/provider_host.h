@@ -26,12 +26,12 @@ class ProviderHost {
   /// Loads the module as the options say. Throws ModuleError.
   ProviderHost(const Repository& repository, const Command& options, std::ostream& errors);
 
-  /// Makes a provider that sees these platform objects, and reports a failure. One that was made
-  /// serves requests, as far as it can, even if it reports a failed start.
-  ExitStatus Start(const simulator::PlatformObjects& objects);
-  /// The same anew: the simulator forgets its machine first. Throws ModuleError without a
-  /// simulator.
-  ExitStatus Restart(const simulator::PlatformObjects& objects);
+  /// Has the simulator play the scenario, makes a provider that sees its platform objects, and
+  /// reports a failure. One that was made serves requests, as far as it can, even if it reports a
+  /// failed start. Throws ModuleError.
+  ExitStatus Start(const simulator::LoadedScenario& scenario);
+  /// The same anew. Throws ModuleError without a simulator.
+  ExitStatus Restart(const simulator::LoadedScenario& scenario);
   /// Changes a member of the simulated machine, by its path in the scenario. Throws ScenarioError,
   /// and ModuleError without a simulator.
   void SetMember(const std::string& path, const std::string& value);

@@ -28,10 +28,10 @@ ExitStatus Run(const Command& command, CommandContext& context) {
   const Needs needs = command.row->needs;
   if (needs == Needs::kNothing) return RunCommand(command, context);
   ScenarioFile scenario(command);
-  const simulator::PlatformObjects objects = scenario.Load();
+  const simulator::LoadedScenario loaded = scenario.Load();
   if (needs == Needs::kScenario) return RunCommand(command, context);
   ProviderHost provider(context.repository, command, context.errors);
-  ExitStatus status = provider.Start(objects);
+  ExitStatus status = provider.Start(loaded);
   context.provider = &provider;
   context.scenario = &scenario;
   context.session = provider.session();

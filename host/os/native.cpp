@@ -48,13 +48,6 @@ std::string LoadProblem(const std::string& path) {
   return problem.starts_with(path + ": ") ? problem.substr(path.size() + 2) : problem;
 }
 
-std::string TemporaryPath() {
-  std::string path = (std::filesystem::temp_directory_path() / "wmihost-XXXXXX").string();
-  const int file = mkstemp(path.data());
-  if (file >= 0) close(file);
-  return path;
-}
-
 std::string LibraryFile(const std::string& name) {
   return "lib" + name + ".so";
 }

@@ -42,8 +42,6 @@ HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory);
 HMODULE LoadedModule(const std::string& path);
 /// Lets the system unload the modules of registered classes that nobody needs any more.
 void UnloadUnusedModules();
-/// A path that nothing else has, for a file that is to be deleted; in the form of FileName.
-std::string TemporaryPath();
 /// A path in the form that the standard library's files and the environment take.
 std::string FileName(const std::string& path);
 void SetEnvironment(const char* name, const std::string& value);

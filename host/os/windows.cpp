@@ -99,13 +99,6 @@ std::string LoadProblem(const std::string& path) {
   return problem.empty() ? number : problem + " (" + number + ")";
 }
 
-std::string TemporaryPath() {
-  char folder[MAX_PATH + 1];
-  char path[MAX_PATH + 1];
-  GetTempPathA(sizeof folder, folder);
-  return GetTempFileNameA(folder, "wmi", 0, path) == 0 ? std::string(folder) + "wmihost.tmp" : path;
-}
-
 std::string LibraryFile(const std::string& name) {
   return name + ".dll";
 }

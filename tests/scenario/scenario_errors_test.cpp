@@ -29,7 +29,12 @@ TEST(ScenarioErrors, NameThePlaceAndWhatWasExpected) {
       {"", "line 1, column 1: no JSON"},
       {"{\n  \"adapters\": [}\n", "line 2, column 16: no JSON"},
       {"{} {}", "line 1, column 4"},
-      {"{\"apiVersion\": 1, \"apiVersion\": 2}", "apiVersion is there twice"},
+      {"{\"apiVersion\": 1, \"apiVersion\": 2}", "/apiVersion: the member is there twice"},
+      {R"({"adapters": [{"mac": "00:00:00:00:00:01"}, {"versions": {"driver": "", "driver": ""}}]})",
+       "/adapters/1/versions/driver: the member is there twice"},
+      {R"({"settings": {"a/b": 1, "a/b": 1}})", "/settings/a~1b: the member is there twice"},
+      {R"({"adapters": [[[]], {}]})", "/adapters/0: expected an object, found array"},
+      {"{/* no end", "line 1, column 11: no JSON"},
       {"{\"platform\": {\"userName\": \"\xFF\"}}", "no JSON"},
       {"[]", "/: expected an object, found array"},
       {R"({"adaptors": []})", "/adaptors: no such member; accepted are apiVersion, platform"},
@@ -61,13 +66,20 @@ TEST(ScenarioErrors, NameThePlaceAndWhatWasExpected) {
       {R"({"faults": [{"operation": "GetBands", "status": 1}]})",
        "/faults/0/operation: expected one of AddExcludeListEntry, "},
       {R"({"faults": [{"status": 1}]})", "/faults/0: the member operation is missing"},
-      {R"({"faults": [{"operation": "GetBand"}]})", "expected one of status, exception, struct"},
+      {R"({"faults": [{"operation": "GetBand"}]})", "exception, structured, or delayMs"},
       {R"({"faults": [{"operation": "GetBand", "status": 1, "exception": "x"}]})",
        "expected one of status, exception, structured"},
       {R"({"faults": [{"operation": "GetAdapterList", "adapter": 1, "status": 1}]})",
        "/faults/0: the operation GetAdapterList is about no adapter"},
       {R"({"faults": [{"operation": "GetBand", "structured": "crash"}]})", "access-violation"},
       {R"({"faults": [{"operation": "GetBand", "status": 1, "times": 0}]})", "/faults/0/times"},
+      {R"({"faults": [{"operation": "GetBand", "status": 1, "after": 0}]})", "/faults/0/after"},
+      {R"({"faults": [{"operation": "GetBand", "delayMs": 0}]})", "/faults/0/delayMs: expected"},
+      {R"({"faults": [{"operation": "GetBand", "adapter": 1, "status": 1}]})",
+       "/faults/0/adapter: there are no adapters"},
+      {R"({"faults": [{"operation": "GetBand", "adapter": 3, "status": 1}],
+           "adapters": [{"mac": "00:00:00:00:00:01"}, {"mac": "00:00:00:00:00:02", "number": 9}]})",
+       "/faults/0/adapter: expected the number of an adapter, 1, 9, found 3"},
   };
   for (const Mistake& mistake : kMistakes) {
     const std::string error = ErrorOf(mistake.json);
@@ -108,9 +120,9 @@ TEST(ScenarioErrors, OfAnAdaptersValues) {
 }
 
 TEST(ScenarioErrors, OfTheFile) {
-  EXPECT_NE(ErrorOf(std::string(100000, '[')).find("levels of nesting"), std::string::npos);
+  EXPECT_NE(ErrorOf(std::string(100000, '[')).find("16 levels of nesting"), std::string::npos);
   EXPECT_THROW(LoadScenario(SCENARIO_FOLDER "absent.json"), ScenarioError);
-  EXPECT_THROW(LoadPlatformObjects(SCENARIO_FOLDER), ScenarioError);
+  EXPECT_THROW(LoadForHost(SCENARIO_FOLDER), ScenarioError);
 }
 
 }  // namespace

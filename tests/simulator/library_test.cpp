@@ -46,6 +46,18 @@ TEST(Library, ReadsTheScenarioOnceAtTheFirstOperationThatNeedsIt) {
   EXPECT_EQ(reads, 1);
 }
 
+TEST(Library, PlaysAScenarioThatIsHandedOver) {
+  Library library([]() -> std::optional<Scenario> { throw ScenarioError("nothing is read"); });
+  library.Play(
+      ParseScenario(R"({"adapters": [{"mac": "00:00:00:00:00:01", "number": 4}]})", "test"));
+  std::uint32_t band = 0;
+  EXPECT_EQ(library.GetBand(4, &band), 0);
+  library.Play(ParseScenario(R"({"apiVersion": 5})", "test"));
+  EXPECT_EQ(library.GetBand(4, &band), kRefused);
+  EXPECT_EQ(library.GetApiVersion(&band), 0);
+  EXPECT_EQ(band, 5u);
+}
+
 TEST(Faults, GiveAStatusAndLeaveTheOutputAlone) {
   Library library(WithFaults(R"({"operation": "GetBand", "adapter": 2, "status": "0x80004005"})"));
   std::uint32_t band = 77;
@@ -79,6 +91,30 @@ TEST(Faults, RunOutAndTheNextOneFollows) {
     EXPECT_STREQ(error.what(), "gone");
   }
   EXPECT_EQ(library.GetBand(1, &band), 0) << "an exception leaves the library usable";
+}
+
+TEST(Faults, BeginAfterSomeCallsWhateverDecidesThose) {
+  Library library(WithFaults(R"({"operation": "GetBand", "status": 1, "after": 3, "times": 1},
+                                {"operation": "GetBand", "adapter": 2, "status": 2, "after": 2},
+                                {"operation": "GetBand", "status": 3, "times": 1})"));
+  const struct {
+    AdapterNumber adapter;
+    ApiStatus expected;
+  } kCalls[] = {{2, 3}, {1, 0}, {2, 1}, {2, 2}, {1, 0}, {2, 2}};
+  std::uint32_t band = 0;
+  for (const auto& call : kCalls) EXPECT_EQ(library.GetBand(call.adapter, &band), call.expected);
+}
+
+TEST(Faults, CanWaitAndThenCarryOutOrFail) {
+  Library library(WithFaults(R"({"operation": "GetBand", "adapter": 1, "delayMs": 40},
+                                {"operation": "GetBand", "adapter": 2, "delayMs": 40, "status": 5})"));
+  std::uint32_t band = 0;
+  for (const AdapterNumber adapter : {1u, 2u}) {
+    const auto begun = std::chrono::steady_clock::now();
+    EXPECT_EQ(library.GetBand(adapter, &band), adapter == 1 ? 0 : 5);
+    EXPECT_GE(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(40));
+    EXPECT_EQ(band, 3u);
+  }
 }
 
 TEST(Faults, ASettingIsNoAdapter) {

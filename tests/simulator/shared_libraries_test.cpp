@@ -8,6 +8,8 @@
 #include "adapterapi/tolva_api.h"
 #include "platform/environment.h"
 #include "platform/structured_exception.h"
+#include "scenario/scenario.h"
+#include "scenario/simulator_hooks.h"
 
 namespace {
 
@@ -42,6 +44,12 @@ TEST_F(SharedLibraries, RaiseBothKindsOfExceptionThroughTheFence) {
     EXPECT_ANY_THROW(platform::CallFenced([&] { return quarn::GetTxRate(0, &rate); }));
   }
   EXPECT_EQ(quarn::GetAdapterType(0, &band), 0) << "no lock is left behind";
+}
+
+TEST_F(SharedLibraries, PlayNoScenarioThatIsLaidOutDifferently) {
+  // Both libraries export the hook: the one that is found first stands for both.
+  const simulator::Scenario scenario;
+  EXPECT_EQ(SimulatorPlay(&scenario, simulator::ScenarioLayout() + 1), 0);
 }
 
 TEST_F(SharedLibraries, WalkTheStores) {

@@ -1,0 +1,140 @@
+#include "scenario/parse.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "scenario/platform_objects.h"
+
+namespace simulator {
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kMostLevels = 16;
+constexpr std::string_view kStreamed = "adapters";
+
+/// Line and column, from 1, of the byte with this number.
+std::string PlaceOf(std::string_view text, std::size_t byte) {
+  const std::string_view before = text.substr(0, std::min(byte == 0 ? 0 : byte - 1, text.size()));
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  const std::size_t lineStart = before.rfind('\n') + 1;
+  return "line " + std::to_string(line) + ", column " +
+         std::to_string(before.size() - lineStart + 1);
+}
+
+/// Builds the value from the parser's events.
+class Builder final : public json::json_sax_t {
+ public:
+  Builder(std::string_view text, const std::function<void(const Node&)>& adapter)
+      : text_(text), adapter_(adapter) {}
+
+  json TakeRoot() { return std::move(root_); }
+
+  bool null() override { return Add(json()); }
+  bool boolean(bool value) override { return Add(value); }
+  bool number_integer(number_integer_t value) override { return Add(value); }
+  bool number_unsigned(number_unsigned_t value) override { return Add(value); }
+  bool number_float(number_float_t value, const string_t&) override { return Add(value); }
+  bool string(string_t& value) override { return Add(std::move(value)); }
+  bool binary(binary_t&) override { return false; }  // no JSON text has it
+  bool start_object(std::size_t) override { return Open(json::object()); }
+  bool start_array(std::size_t) override { return Open(json::array()); }
+  bool end_object() override { return Close(); }
+  bool end_array() override { return Close(); }
+
+  bool key(string_t& name) override {
+    Level& level = levels_.back();
+    const auto [place, isNew] = level.value->get_ref<json::object_t&>().emplace(name, nullptr);
+    level.name = name;
+    if (!isNew) throw ScenarioError(PlaceOfLevels() + ": the member is there twice");
+    level.member = &place->second;
+    return true;
+  }
+
+  bool parse_error(std::size_t byte, const std::string&, const json::exception& error) override {
+    const std::string_view what = error.what();
+    const std::size_t reason = what.find(": ");
+    const bool tooLarge = dynamic_cast<const json::out_of_range*>(&error) != nullptr;
+    throw ScenarioError(PlaceOf(text_, byte) +
+                        (tooLarge ? ": a number is too large: " : ": no JSON: ") +
+                        std::string(reason == what.npos ? what : what.substr(reason + 2)));
+  }
+
+ private:
+  /// An object or array that is not at its end.
+  struct Level {
+    json* value;
+    std::string name = {};     ///< of the member that is being read
+    json* member = nullptr;    ///< where it goes
+    std::size_t elements = 0;  ///< that an array has had, with the one that is being read
+  };
+
+  /// Where the value that is being read stands.
+  std::string PlaceOfLevels() const {
+    std::string place;
+    for (const Level& level : levels_) {
+      place = level.value->is_array() ? PlaceBelow(place, level.elements - 1)
+                                      : PlaceBelow(place, level.name);
+    }
+    return place;
+  }
+
+  bool Streams() const {
+    return levels_.size() == 2 && levels_[1].value->is_array() && levels_[0].name == kStreamed;
+  }
+
+  json* Place(json&& value) {
+    if (levels_.empty()) return &(root_ = std::move(value));
+    Level& level = levels_.back();
+    if (!level.value->is_array()) return &(*level.member = std::move(value));
+    ++level.elements;
+    level.value->push_back(std::move(value));
+    return &level.value->back();
+  }
+
+  /// An adapter that has been read goes on, and leaves.
+  void Hand() {
+    if (!Streams()) return;
+    json& adapters = *levels_[1].value;
+    adapter_({adapters.back(), PlaceOfLevels()});
+    adapters.clear();
+  }
+
+  bool Add(json&& value) {
+    Place(std::move(value));
+    Hand();
+    return true;
+  }
+
+  bool Open(json&& value) {
+    json* const place = Place(std::move(value));
+    if (levels_.size() == kMostLevels) {
+      throw ScenarioError(PlaceOfLevels() + ": more than 16 levels of nesting");
+    }
+    levels_.push_back({place});
+    return true;
+  }
+
+  bool Close() {
+    levels_.pop_back();
+    Hand();
+    return true;
+  }
+
+  const std::string_view text_;
+  const std::function<void(const Node&)>& adapter_;
+  json root_;
+  std::vector<Level> levels_;
+};
+
+}  // namespace
+
+json ParseScenarioText(std::string_view text, const std::function<void(const Node&)>& adapter) {
+  constexpr bool kWhole = true;
+  constexpr bool kWithComments = true;
+  Builder builder(text, adapter);
+  json::sax_parse(text, &builder, json::input_format_t::json, kWhole, kWithComments);
+  return builder.TakeRoot();
+}
+
+}  // namespace simulator
