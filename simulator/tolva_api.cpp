@@ -12,11 +12,16 @@ namespace {
 using simulator::ProfileRecord;
 
 constexpr LONG kInvalidArgument = static_cast<LONG>(0x80070057);
-constexpr LONG kNotOpen = static_cast<LONG>(0x80070015);
+constexpr LONG kNotReady = static_cast<LONG>(0x80070015);
 constexpr LONG kNotFound = static_cast<LONG>(0x80070490);
+
+// What the library is called with, and takes nothing else for.
+constexpr ULONG kOpenTimeout = 3000;
+constexpr ULONG kApplyFlags = 1;
 
 /// What the library keeps inside a manager.
 struct Manager {
+  bool forWiFi = false;  ///< set to the provider's networks, which opening asks for
   bool open = false;
   std::uint32_t store = 0;   ///< the flag of the store that is being walked
   std::size_t position = 0;  ///< of its next profile
@@ -94,12 +99,17 @@ CProfileMgr::CProfileMgr() {
 }
 CProfileMgr::~CProfileMgr() = default;
 
-void CProfileMgr::SetWiFiProvider(bool) {
-  library.Run("CProfileMgr::SetWiFiProvider", [](const auto&) -> LONG { return 0; });
+void CProfileMgr::SetWiFiProvider(bool on) {
+  library.Run("CProfileMgr::SetWiFiProvider", [&](const auto&) -> LONG {
+    ManagerIn(storage_).forWiFi = on;
+    return 0;
+  });
 }
 
-LONG CProfileMgr::Open(ULONG) {
-  return library.Run("CProfileMgr::Open", [this](const auto&) -> LONG {
+LONG CProfileMgr::Open(ULONG timeout) {
+  return library.Run("CProfileMgr::Open", [&](const auto&) -> LONG {
+    if (!ManagerIn(storage_).forWiFi) return kNotReady;
+    if (timeout != kOpenTimeout) return kInvalidArgument;
     ManagerIn(storage_).open = true;
     return kTolvaSuccess;
   });
@@ -107,7 +117,7 @@ LONG CProfileMgr::Open(ULONG) {
 
 LONG CProfileMgr::Close() {
   return library.Run("CProfileMgr::Close", [this](const auto&) -> LONG {
-    ManagerIn(storage_) = Manager{};
+    ManagerIn(storage_) = Manager{.forWiFi = ManagerIn(storage_).forWiFi};
     return kTolvaSuccess;
   });
 }
@@ -115,7 +125,7 @@ LONG CProfileMgr::Close() {
 LONG CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, ULONG store) {
   return library.Run("CProfileMgr::GetFirstPreferredProfile", [&](const auto& scenario) -> LONG {
     Manager& manager = ManagerIn(storage_);
-    if (!manager.open) return kNotOpen;
+    if (!manager.open) return kNotReady;
     manager.store = store;
     manager.position = 0;
     return GiveNext(scenario, manager, profile.storage_);
@@ -125,16 +135,16 @@ LONG CProfileMgr::GetFirstPreferredProfile(CPreferredProfile& profile, ULONG sto
 LONG CProfileMgr::GetNextPreferredProfile(CPreferredProfile& profile, ULONG store) {
   return library.Run("CProfileMgr::GetNextPreferredProfile", [&](const auto& scenario) -> LONG {
     Manager& manager = ManagerIn(storage_);
-    if (!manager.open) return kNotOpen;
+    if (!manager.open) return kNotReady;
     if (manager.store != store) return kInvalidArgument;
     return GiveNext(scenario, manager, profile.storage_);
   });
 }
 
-LONG CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, ULONG) {
+LONG CProfileMgr::GetProfileToApply(const char* name, ORVEL_WLAN_PROFILE& profile, ULONG flags) {
   return library.Run("CProfileMgr::GetProfileToApply", [&](const auto& scenario) -> LONG {
-    if (!ManagerIn(storage_).open) return kNotOpen;
-    if (name == nullptr) return kInvalidArgument;
+    if (!ManagerIn(storage_).open) return kNotReady;
+    if (name == nullptr || flags != kApplyFlags) return kInvalidArgument;
     const ProfileRecord* found = simulator::ProfileNamed(scenario, name);
     if (found == nullptr) return kNotFound;
     std::memcpy(&profile, found, sizeof profile);

@@ -15,6 +15,9 @@ struct ImpersonationCounts {
 };
 ImpersonationCounts ImpersonationCountsOfThread();
 
+/// Whether OpenProcessToken fails from now on, as it does for a process that may not see itself.
+void RefuseProcessTokens(bool refuse);
+
 /// What GetVersionExA answers from now on, in every module of the process. Starts as NT 6.1.
 void SetOsVersion(DWORD platformId, DWORD major, DWORD minor);
 

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
@@ -21,6 +22,8 @@ OSVERSIONINFOA version = {sizeof(OSVERSIONINFOA), 6, 1, 7601, VER_PLATFORM_WIN32
 
 // The C library's environment may move at every change.
 std::mutex environmentLock;
+
+std::atomic<bool> processTokensRefused = false;
 
 std::mutex tokenLock;
 std::uintptr_t lastToken = 0x1000;
@@ -57,6 +60,10 @@ namespace native {
 
 ImpersonationCounts ImpersonationCountsOfThread() {
   return impersonation;
+}
+
+void RefuseProcessTokens(bool refuse) {
+  processTokensRefused = refuse;
 }
 
 void SetOsVersion(DWORD platformId, DWORD major, DWORD minor) {
@@ -146,6 +153,7 @@ BOOL OpenThreadToken(HANDLE thread, DWORD, BOOL, HANDLE* token) {
 
 BOOL OpenProcessToken(HANDLE process, DWORD, HANDLE* token) {
   if (process != GetCurrentProcess()) return Fail(ERROR_INVALID_HANDLE);
+  if (processTokensRefused) return Fail(ERROR_ACCESS_DENIED);
   return OpenToken(token);
 }
 

@@ -54,6 +54,8 @@ HRESULT ReadNext(IEnumWbemClassObject& enumeration, ComPtr<IWbemClassObject>& ob
 
 /// What the platform makes of the interactive user: failures leave the fields empty.
 void ReadInteractiveUser(ProviderState& state) {
+  state.memory.encodedDomain.clear();
+  state.memory.encodedUser.clear();
   if (!state.services) return;
   ComPtr<IEnumWbemClassObject> systems;
   if (FAILED(OpenEnumeration(state, OLESTR("Win32_ComputerSystem"), 1, systems))) return;

@@ -9,7 +9,7 @@ namespace wifi {
 
 /// Learns the interactive user and which adapters are served: those that GetAdapterList reports as
 /// present and that the platform knows as a PCI device of the maker, matched by MAC address.
-/// Fills the state's user fields and adapters, which the caller has emptied. Answers 0, the
+/// Fills the user fields anew, and the adapters, which the caller has emptied. Answers 0, the
 /// library's own non-zero code if it refuses to list its adapters, the failing code of the service,
 /// or WBEM_E_FAILED for a table that cannot be read to its end: what could be is served. May throw
 /// what the library or the service throws.

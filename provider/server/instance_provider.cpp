@@ -84,8 +84,6 @@ HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices
   state_.services = ComPtr<IWbemServices>(services);
   state_.initialized = 1;
   memory_.discoveryState = 0;
-  memory_.encodedDomain.clear();
-  memory_.encodedUser.clear();
   memory_.reserved[0] = kFirstReserved;
   memory_.reserved[1] = 0;
 

@@ -19,7 +19,7 @@ RecordBytes<ScanListEntry> Network(const char* name, char lastMacByte) {
       .At(56, 0x22u)
       .At(60, 0x14u)
       .At(64, 0x80u)
-      .At<std::uint16_t>(72, 0x010B)
+      .At<std::uint16_t>(72, 0x018B)
       .At(76, 9u);
 }
 
@@ -38,7 +38,7 @@ TEST_F(ScanLists, CachedScanList) {
             (Lines{"SettingID=text:7", "Caption=text:Caption 7", "Description=text:Description 7",
                    "NetworkName=text:Net", "MacAddress=text:A0:0B:F8:00:00:01", "Band=text:802.11g",
                    "OperationMode=text:Ad hoc", "RSSI=text:-80", "Encrypted=number:1",
-                   "ChannelID=text:11", "Stealth=number:9", "UnicastEncryptionLevel=text:AES-CCMP",
+                   "ChannelID=text:139", "Stealth=number:9", "UnicastEncryptionLevel=text:AES-CCMP",
                    "MulticastEncryptionLevel=text:UnKnown", "AuthLevel=text:RSNA"}));
 }
 
@@ -53,7 +53,7 @@ TEST_F(ScanLists, AvailableNetworkPutsTheChannelOverEncrypted) {
   EXPECT_EQ(Lines(shown.begin() + 3, shown.end()),
             (Lines{"NetworkName=text:" + std::string(33, 'n'), "MacAddress=text:A0:0B:F8:00:00:01",
                    "Band=text:<Unknown>", "OperationMode=text:Unknown", "RSSI=text:-80",
-                   "Encrypted=number:1", "Encrypted=text:267"}));
+                   "Encrypted=number:1", "Encrypted=text:395"}));
 }
 
 TEST_F(ScanLists, TheFirstSecurityBitInOrderDecides) {

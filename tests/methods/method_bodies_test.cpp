@@ -350,6 +350,7 @@ TEST_F(ProfileMethods, EveryFailureIsFalse) {
   in->values["MacAddress"] = Variant::Integer(8);
   EXPECT_EQ(Apply("ApplyProfile"), kFalse);
   EXPECT_EQ(Apply("ApplyProfileFromMacAddress"), kFalse);
+  EXPECT_FALSE(journal.Has("tolva Open(3000)")) << "a number is no address";
   in->values.clear();
   EXPECT_EQ(Apply("ApplyProfileFromMacAddress"), kFalse);
   EXPECT_FALSE(journal.Has("tolva Open(3000)"));

@@ -39,6 +39,18 @@ TEST_F(ClientIdentity, AListingAsksAsTheClient) {
   EXPECT_EQ(Depth(), before);
 }
 
+TEST_F(ClientIdentity, TheLibrarysObjectsGoAsTheServiceItself) {
+  const int before = Depth();
+  std::map<std::string, int> depths;
+  library.onCall = [&](const std::string& call) { depths[call] = Depth() - before; };
+  EnumeratePreferredProfiles(state, delivery());
+  for (const char* call : {"new profile", "new manager", "Open(3000)", "Close()"}) {
+    EXPECT_EQ(depths.at(call), 1) << call;
+  }
+  EXPECT_EQ(depths.at("end manager"), 0);
+  EXPECT_EQ(depths.at("end profile"), 0);
+}
+
 TEST_F(ClientIdentity, TheClientsProfileDirectoryIsTraced) {
   EXPECT_EQ(TraceUserProfileDirectory(), 0);
   EXPECT_EQ(journal.traces(), Strings{"Unable to read thread token\n"});
@@ -50,6 +62,12 @@ TEST_F(ClientIdentity, TheClientsProfileDirectoryIsTraced) {
   EXPECT_EQ(lines[0], "New");
   EXPECT_EQ(lines[1], "Open Yes\n");
   EXPECT_FALSE(lines[2].empty());
+
+  journal.Clear();
+  native::RefuseProcessTokens(true);
+  TraceUserProfileDirectory();
+  native::RefuseProcessTokens(false);
+  EXPECT_EQ(journal.traces(), (Strings{"New", "Open No\n", ""}));
 }
 
 }  // namespace

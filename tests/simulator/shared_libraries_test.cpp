@@ -55,7 +55,9 @@ TEST_F(SharedLibraries, PlayNoScenarioThatIsLaidOutDifferently) {
 TEST_F(SharedLibraries, WalkTheStores) {
   CProfileMgr manager;
   CPreferredProfile profile;
+  EXPECT_LT(manager.Open(3000), 0) << "for no provider yet";
   manager.SetWiFiProvider(true);
+  EXPECT_LT(manager.Open(3001), 0);
   EXPECT_LT(manager.GetFirstPreferredProfile(profile, 1), 0) << "not open";
   ASSERT_EQ(manager.Open(3000), kTolvaSuccess);
   ASSERT_EQ(manager.GetFirstPreferredProfile(profile, 1), kTolvaSuccess);
@@ -84,6 +86,7 @@ TEST_F(SharedLibraries, WalkTheStores) {
   EXPECT_STREQ(reinterpret_cast<const char*>(record.bytes + kProfileNameOffset), name);
   EXPECT_EQ(record.bytes[kProfileSize - 1], 0) << "all bytes are filled";
   EXPECT_LT(manager.GetProfileToApply("absent", record, 1), 0);
+  EXPECT_LT(manager.GetProfileToApply(name, record, 0), 0) << "other flags";
   EXPECT_EQ(manager.Close(), kTolvaSuccess);
 }
 

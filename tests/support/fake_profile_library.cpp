@@ -37,8 +37,14 @@ LONG Load(unsigned char* storage, ULONG store) {
 
 void FakeProfileLibrary::Note(const std::string& call) {
   if (current == nullptr) return;
-  current->journal.Add("tolva " + call);
+  NoteEnd(call.c_str());
   if (current->throwsAt == call) throw std::runtime_error("profile library fault");
+}
+
+void FakeProfileLibrary::NoteEnd(const char* call) {
+  if (current == nullptr) return;
+  current->journal.Add("tolva " + std::string(call));
+  if (current->onCall) current->onCall(call);
 }
 
 CPreferredProfile::CPreferredProfile() : storage_{} {
@@ -47,7 +53,7 @@ CPreferredProfile::CPreferredProfile() : storage_{} {
 }
 CPreferredProfile::~CPreferredProfile() {
   const Side outside(false);
-  if (FakeProfileLibrary::current) FakeProfileLibrary::current->journal.Add("tolva end profile");
+  FakeProfileLibrary::NoteEnd("end profile");
 }
 const char* CPreferredProfile::Name() const {
   const Outgoing call(Step::kProfileLibrary);
@@ -84,7 +90,7 @@ CProfileMgr::CProfileMgr() : storage_{} {
 }
 CProfileMgr::~CProfileMgr() {
   const Side outside(false);
-  if (FakeProfileLibrary::current) FakeProfileLibrary::current->journal.Add("tolva end manager");
+  FakeProfileLibrary::NoteEnd("end manager");
 }
 void CProfileMgr::SetWiFiProvider(bool on) {
   const Outgoing call(Step::kProfileLibrary);

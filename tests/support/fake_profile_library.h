@@ -41,8 +41,13 @@ class FakeProfileLibrary {
   /// The journal entry at whose call the library throws.
   std::string throwsAt;
 
+  /// Told of every journalled call.
+  std::function<void(const std::string&)> onCall;
+
   /// Journals a call, and throws if it is the one.
   static void Note(const std::string& call);
+  /// The same for the end of an object, which must not throw.
+  static void NoteEnd(const char* call);
 
   static inline FakeProfileLibrary* current = nullptr;
   std::size_t next = 0;  ///< in the store that is being walked

@@ -217,8 +217,13 @@ TEST_F(InteractiveUser, NeedsExactlyOneObject) {
 }
 
 TEST_F(InteractiveUser, StaysEmptyWhenItCannotBeRead) {
+  SetUserName(Variant::AnsiText("OFFICE\\ana"));
+  DiscoverAdapters(state);
+  EXPECT_NE(state.memory.encodedDomain + state.memory.encodedUser, "");
+  fakeNamespace.platformObjects.clear();
   DiscoverAdapters(state);  // no such class
-  SetUserName(Variant());   // no text
+  EXPECT_EQ(state.memory.encodedDomain + state.memory.encodedUser, "") << "an earlier one stays";
+  SetUserName(Variant());  // no text
   DiscoverAdapters(state);
   fakeNamespace.platformObjects["Win32_ComputerSystem"].clear();
   DiscoverAdapters(state);
