@@ -1,0 +1,129 @@
+#!/usr/bin/env bash
+# mutate.sh [--list] [--sample N] [--seed S] [--again] [FILE…]: puts one fault after the other into the
+# product and tells which of them the tests notice. A fault is one changed line: another operator or
+# constant, a swapped word, a deleted statement, a negated condition, another answer or text.
+#
+#   --sample N  only N of them, chosen by --seed S (1)      --again  those that once survived, anew
+#   --list      only list them                              FILE…    only the faults of these files
+#
+# Everything happens in build/mutation: a copy of the sources, a build of its own, and results.tsv,
+# which holds every verdict. A fault with a verdict is not tried again, so that a run that was
+# interrupted goes on; --again is for those that survived, after the tests have changed.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+here=$root/tests/mutation
+work=$root/build/mutation
+tree=$work/tree
+build=$work/build
+results=$work/results.tsv
+
+sample=0 seed=1 again=0 list=0 files=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    --sample) sample=$2; shift ;;
+    --seed) seed=$2; shift ;;
+    --again) again=1 ;;
+    --list) list=1 ;;
+    -*) sed -n '2,12s/^# \{0,1\}//p' "$0"; exit 2 ;;
+    *) files+=("$1") ;;
+  esac
+  shift
+done
+cd "$root"
+[ ${#files[@]} -gt 0 ] || mapfile -t files < <(git ls-files |
+  grep -E '^(provider|classes|methods|profiles|adapterapi)/.*\.(h|cpp|inc)$')
+
+# A row a fault: KEY FILE LINE KIND FAULTY-LINE. The key stays when lines move.
+faults() {
+  awk -f "$here/mutants.awk" "${files[@]}" | awk -F '\t' '
+    { key = $1 "|" $3 "|" $4; print key "#" ++seen[key] "\t" $0 }'
+}
+chosen() {
+  if [ "$sample" = 0 ]; then cat; else
+    sort -R --random-source=<(yes "$seed") | head -n "$sample" | sort -t "$(printf '\t')" -k 2,2 -k 3,3n
+  fi
+}
+mkdir -p "$work"
+touch "$results"
+faults >"$work/faults.tsv"
+if [ $list = 1 ]; then
+  chosen <"$work/faults.tsv"
+  exit
+fi
+
+# The sources as they are here, the last run's fault gone.
+git ls-files | while IFS= read -r file; do
+  cmp -s "$file" "$tree/$file" || { mkdir -p "$tree/$(dirname "$file")" && cp "$file" "$tree/$file"; }
+done
+[ -f "$build/build.ninja" ] ||
+  cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+    -DCMAKE_CXX_FLAGS_DEBUG=-O0 $(command -v ld.lld >/dev/null && for kind in EXE SHARED; do
+      echo "-DCMAKE_${kind}_LINKER_FLAGS=-fuse-ld=lld"; done) >/dev/null
+ulimit -v 8000000
+
+# What may notice a fault, quickest first: the tests of its own folder before the others.
+suites_for() {
+  local own=
+  case $1 in
+    provider/*) own=provider ;;
+    classes/*) own=classes ;;
+    methods/*) own=methods ;;
+    profiles/*) own=profiles ;;
+    adapterapi/*) own=classes ;;
+  esac
+  echo $own
+  printf '%s\n' provider classes methods profiles | grep -vx "$own"
+}
+whole="test_adapterapi test_simulator test_sweep WiFiAdapterProvider wmihost"
+# What notices the fault that is in the tree: "killed SUITE", "survived" or "did not build".
+verdict() {
+  local suite
+  for suite in $(suites_for "$1"); do
+    timeout 600 ninja -C "$build" "test_$suite" >"$work/log" 2>&1 || { echo "did not build"; return; }
+    (cd "$work" && timeout 60 "$build/bin/test_$suite" --gtest_fail_fast >"$work/log" 2>&1) ||
+      { echo "killed $suite"; return; }
+  done
+  timeout 900 ninja -C "$build" $whole >"$work/log" 2>&1 || { echo "did not build"; return; }
+  timeout 300 ctest --test-dir "$build" -j 2 --stop-on-failure --timeout 120 \
+    -R '^(adapterapi|simulator|sweep|wmihost_.*)$' >"$work/log" 2>&1 ||
+    { echo "killed $(sed -n 's/.* - \([^ ]*\) (.*/\1/p' "$work/log" | head -n 1)"; return; }
+  echo survived
+}
+
+echo "building without a fault" >&2
+ninja -C "$build" test_provider test_classes test_methods test_profiles $whole >"$work/log" 2>&1 ||
+  { tail -n 20 "$work/log"; exit 1; }
+pristine=$(verdict provider/)
+[ "$pristine" = survived ] ||
+  { tail -n 20 "$work/log"; echo "the tests fail without a fault: $pristine"; exit 1; }
+
+trap '[ -z "${now:-}" ] || cp "$root/$now" "$tree/$now"' EXIT
+trap 'exit 130' INT TERM
+while IFS=$'\t' read -r key file line kind faulty <&3; do
+  known=$(key=$key awk -F '\t' '$1 == ENVIRON["key"] { found = $2 } END { print found }' "$results")
+  case $again$known in
+    0?*) continue ;;
+    1survived) ;;
+    1*) continue ;;
+  esac
+  now=$file
+  faulty=$faulty awk -v line="$line" 'FNR == line { print ENVIRON["faulty"]; next } { print }' "$file" >"$tree/$file"
+  found=$(verdict "$file")
+  cp "$file" "$tree/$file"
+  printf '%s\t%s\t%s\t%s\t%s\t%s\t%s\n' "$key" "$found" "$file" "$line" "$kind" \
+    "$(sed -n "${line}p" "$file")" "$faulty" >>"$results"
+  printf '%-22s %s:%s: %s: %s\n' "$found" "$file" "$line" "$kind" "${faulty## }"
+done 3< <(chosen <"$work/faults.tsv")
+now=
+
+# The last verdict of each fault that the sources still hold.
+awk -F '\t' '
+  FNR == NR { here[$1] = 1; next }
+  $1 in here { verdict[$1] = $2; row[$1] = $3 ":" $4 ": " $5 ": " $7 }
+  END {
+    for (key in verdict) {
+      if (verdict[key] ~ /^killed/) ++killed; else if (verdict[key] == "survived") { ++survived; print "survived  " row[key] } else ++unbuilt
+    }
+    printf "%d faults tried: %d killed, %d survived, %d did not build; %.1f %% of those that build are killed\n",
+      killed + survived + unbuilt, killed, survived, unbuilt, 100 * killed / (killed + survived + 0.0001)
+  }' "$work/faults.tsv" "$results"
