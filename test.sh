@@ -4,15 +4,17 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"
 
-# One row a step, in the order in which they run: name, Debian packages (parts of cmake/prepare.sh),
-# what it does. Its commands are the function step_NAME. Steps named --… run only when asked for.
+# One row a step, in the order in which they run: name, whether a plain ./test.sh runs it (+) or only
+# who names it (-), Debian packages (parts of cmake/prepare.sh), what it does. Its commands are the
+# function step_NAME.
 steps='
---mend    native,format   format, and write every generated document and expected output anew
-format    format          formatting of all C++ sources
-floors    format          no include runs up the house
-native    native,browser  build natively, all tests
-sanitize  native          the same with AddressSanitizer and UndefinedBehaviorSanitizer
-windows   native,windows  build the Windows product, all tests through Wine
+--mend    - native,format          format, and write every generated document and expected output anew
+format    + format                 formatting of all C++ sources
+floors    + format                 no include runs up the house
+--lint    - native,lint            clang-tidy and cppcheck over all product sources
+native    - native,browser         the same without sanitizers, as ./run.sh builds
+sanitize  + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
+windows   + native,windows         build the Windows product, all tests through Wine
 '
 step_--mend() {
   "$root/cmake/check_format.sh" --mend
@@ -26,6 +28,7 @@ step_--mend() {
 }
 step_format() { "$root/cmake/check_format.sh"; }
 step_floors() { "$root/cmake/check_floors.sh"; }
+step_--lint() { "$root/cmake/check_lint.sh"; }
 step_native() { test_preset native; }
 step_sanitize() { test_preset sanitize; }
 step_windows() {
@@ -39,12 +42,13 @@ test_preset() {
 }
 
 rows() { grep . <<<"$steps"; }
+rows_marked() { rows | sed -nE "s/^([^ ]+) +[$1] +[^ ]+ +/  \\1\t/p"; }
 usage() {
   echo "usage: ./test.sh [STEP]…"
   echo "Runs the steps that are named, else all of these, in this order, and stops at the first failure:"
-  rows | sed -E '/^--/d; s/^([^ ]+) +[^ ]+ +/  \1\t/' | expand -t 14
+  rows_marked + | expand -t 14
   echo "Only when named:"
-  rows | sed -E '/^--/!d; s/^([^ ]+) +[^ ]+ +/  \1\t/' | expand -t 14
+  rows_marked - | expand -t 14
 }
 
 for word in "$@"; do
@@ -56,9 +60,9 @@ for word in "$@"; do
   fi
 done
 chosen=() packages=()
-while read -r name parts _; do
+while read -r name marked parts _; do
   case " $* " in
-    "  ") case $name in --*) continue ;; esac ;;
+    "  ") [ "$marked" = + ] || continue ;;
     *" $name "*) ;;
     *) continue ;;
   esac

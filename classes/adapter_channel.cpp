@@ -16,7 +16,7 @@ platform::Variant ChannelList(const IbssPreferencesRecord& record) {
   return platform::Variant::AnsiText(TextOfAllBits(Channels, NumberOf<Member>(record)));
 }
 
-constexpr FieldRow<IbssPreferencesRecord> kFields[] = {
+constexpr FieldRow<IbssPreferencesRecord> kIbssFields[] = {
     {OLESTR("ChannelA"), Number<&IbssPreferencesRecord::channelA>},
     {OLESTR("ChannelA_Default"), Number<&IbssPreferencesRecord::channelADefault>},
     {OLESTR("ChannelA_Options"),
@@ -29,7 +29,7 @@ constexpr FieldRow<IbssPreferencesRecord> kFields[] = {
 
 HRESULT PutChannels(IWbemClassObject* instance, const IbssPreferencesRecord& record) {
   PropertyWriter writer(instance, PutRule::kGoOn);
-  for (const auto& [property, value] : kFields) {
+  for (const auto& [property, value] : kIbssFields) {
     if (FAILED(writer.Put(property, value(record)))) {
       platform::ShortText<64> line;
       line.Add("FillAdapterChannles:AddProperty ").Ascii(property).Add(" failed!");

@@ -22,7 +22,7 @@ Variant Rate(const AssociationInfoRecord& record) {
       platform::ShortText<16>().Tenths(record.rate / 1'000'000.0).Add(" Mbps"));
 }
 
-constexpr FieldRow<AssociationInfoRecord> kFields[] = {
+constexpr FieldRow<AssociationInfoRecord> kAssociationFields[] = {
     {OLESTR("Profile"), Profile},
     {OLESTR("SSID"), Text<&AssociationInfoRecord::ssid>},
     {OLESTR("Rate"), Rate},
@@ -105,7 +105,7 @@ HRESULT FillAssociationInfo(ProviderState& state, IWbemClassObject* instance, Ad
   if (SUCCEEDED(writer.PutFlag(OLESTR("Associated"), record.associated))) {
     entry.work = Variant::Boolean(record.associated != 0);
   }
-  PutFields(writer, kFields, record);
+  PutFields(writer, kAssociationFields, record);
   return writer.result();
 }
 

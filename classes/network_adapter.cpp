@@ -158,7 +158,7 @@ HRESULT PutUnfiltered(const Filling& filling, const OLECHAR* property) {
   return filling.Put(property, Variant::Integer(static_cast<LONG>(value)));
 }
 
-struct Row {
+struct PropertyRow {
   const OLECHAR* property;
   const char* trace;
   HRESULT (*put)(const Filling&, const OLECHAR*);
@@ -166,7 +166,7 @@ struct Row {
 };
 
 // In the order in which they are filled, which clients see.
-constexpr Row kRows[] = {
+constexpr PropertyRow kPropertyRows[] = {
     {OLESTR("WiFiAdapterType"), "Getting adapter type for WiFi_NetworkAdapter",
      PutCode<operation::GetAdapterType, codes::kAdapterTypes>},
     {OLESTR("Band"), "Getting band for WiFi_NetworkAdapter",
@@ -231,7 +231,7 @@ HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, Ada
   TraceMessage("Filling adapter information for WiFi_NetworkAdapter");
   TraceMessage(entry.key);
   HRESULT result = filling.Put(OLESTR("DeviceID"), Variant::Text(entry.deviceId));
-  for (const Row& row : kRows) {
+  for (const PropertyRow& row : kPropertyRows) {
     if (FAILED(result)) return result;
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;
     TraceMessage(row.trace);

@@ -135,7 +135,7 @@ HRESULT SetDisableRfControl(const Updating& updating, std::uint32_t flag, std::u
   return S_OK;
 }
 
-struct Row {
+struct UpdateRow {
   const OLECHAR* property;
   const char* missing;
   const char* before = nullptr;
@@ -145,7 +145,7 @@ struct Row {
 };
 
 // In the order in which they are applied; the last row's result is the update's.
-constexpr Row kRows[] = {
+constexpr UpdateRow kUpdateRows[] = {
     {
         .property = OLESTR("RadioState"),
         .missing = "UpdateAdapter: failed to get RadioState property",
@@ -207,7 +207,7 @@ HRESULT UpdateNetworkAdapter(ProviderState& state, IWbemClassObject* instance,
                              AdapterEntry& entry) {
   HRESULT result = IsUpdateOf(instance, OLESTR("DeviceID"), entry);
   if (result != S_OK) return FAILED(result) ? result : S_OK;
-  for (const Row& row : kRows) {
+  for (const UpdateRow& row : kUpdateRows) {
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;
     Variant value;
     const HRESULT read = GetPropertyValue(*instance, row.property, value);

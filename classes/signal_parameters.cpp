@@ -8,7 +8,7 @@ namespace {
 
 using adapterapi::SignalParametersRecord;
 
-constexpr FieldRow<SignalParametersRecord> kFields[] = {
+constexpr FieldRow<SignalParametersRecord> kSignalFields[] = {
     {OLESTR("SignalQuality"),
      Code<&SignalParametersRecord::quality, adapterapi::codes::kSignalQualities>},
     {OLESTR("PercentMissedBeacons"), Number<&SignalParametersRecord::percentMissedBeacons>},
@@ -28,7 +28,7 @@ HRESULT FillSignalParameters(ProviderState& state, IWbemClassObject* instance,
       adapterapi::operation::GetSignalParameters, record, keyPut);
   if (status != 0) return WBEM_E_NOT_FOUND;
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  PutFields(writer, kFields, record);
+  PutFields(writer, kSignalFields, record);
   return writer.result();
 }
 

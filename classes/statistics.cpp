@@ -75,12 +75,12 @@ HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY*
   return PutDirectly(instance, property, borrowed);
 }
 
-struct Row {
+struct CounterRow {
   const OLECHAR* property;
   std::size_t offset;
   bool perRate;  ///< sixteen values, one otherwise
 };
-constexpr Row kRows[] = {
+constexpr CounterRow kCounterRows[] = {
     {OLESTR("Rates"), offsetof(TxRxStatsRecord, rates), true},
     {OLESTR("TxTotalPackets"), offsetof(TxRxStatsRecord, txTotalPackets), false},
     {OLESTR("TxTotalBytes"), offsetof(TxRxStatsRecord, txTotalBytes), false},
@@ -102,7 +102,7 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
   TraceMessage("FillTxRxStats");
   PutSettingId(instance, entry);
   HRESULT result = S_OK;
-  for (const Row& row : kRows) {
+  for (const CounterRow& row : kCounterRows) {
     // Unsigned in the library, shown signed.
     std::array<std::int32_t, kRateCount> values;
     std::memcpy(values.data(), reinterpret_cast<const std::uint8_t*>(&record) + row.offset,

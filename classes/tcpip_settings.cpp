@@ -49,7 +49,7 @@ constexpr FieldRow<Record> kUnexaminedFields[] = {
 };
 
 template <class Record>
-constexpr FieldRow<Record> kFields[] = {
+constexpr FieldRow<Record> kTcpipFields[] = {
     {OLESTR("DHCP_WINS"), Flag<&Record::winsFromDhcp>},
     {OLESTR("IPAddress"), IpAddress},
     {OLESTR("DefaultGateway"), DefaultGateway},
@@ -68,7 +68,7 @@ HRESULT PutSettings(IWbemClassObject* instance, const Record& record) {
   PropertyWriter unexamined(instance, PutRule::kGoOn);
   PutFields(unexamined, kUnexaminedFields<Record>, record);
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  PutFields(writer, kFields<Record>, record);
+  PutFields(writer, kTcpipFields<Record>, record);
   return writer.result();
 }
 

@@ -11,5 +11,7 @@ function(embed_text target file symbol)
             -P ${CMAKE_SOURCE_DIR}/cmake/EmbedTextStep.cmake
     DEPENDS ${input} ${CMAKE_SOURCE_DIR}/cmake/EmbedTextStep.cmake
     VERBATIM)
+  set_source_files_properties(${output} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON
+                              SKIP_PRECOMPILE_HEADERS ON)
   target_sources(${target} PRIVATE ${output})
 endfunction()

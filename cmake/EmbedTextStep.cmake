@@ -4,13 +4,14 @@ string(LENGTH "${hex}" digits)
 math(EXPR size "${digits} / 2")
 string(REGEX REPLACE "(..)" "0x\\1," bytes "${hex}")
 string(REGEX REPLACE "(................................................................................)" "\\1\n" bytes "${bytes}")
-file(WRITE ${OUTPUT} "#include <cstddef>
+file(WRITE ${OUTPUT} "#include <string_view>
 namespace embedded {
-extern const std::size_t ${SYMBOL}_size;
-extern const unsigned char ${SYMBOL}_bytes[];
-const std::size_t ${SYMBOL}_size = ${size};
-const unsigned char ${SYMBOL}_bytes[] = {
+std::string_view ${SYMBOL}();
+std::string_view ${SYMBOL}() {
+  static constexpr unsigned char kBytes[] = {
 ${bytes}
 0};
+  return {reinterpret_cast<const char*>(kBytes), ${size}};
+}
 }  // namespace embedded
 ")

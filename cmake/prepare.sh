@@ -8,6 +8,7 @@ packages_of() {
     windows) echo "g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 googletest cmake ninja-build
                    nlohmann-json3-dev libcli11-dev zip unzip clang wixl msitools
                    osslsigncode openssl $(command -v npm >/dev/null || echo "nodejs npm")" ;;
+    lint) echo "clang clang-tidy cppcheck" ;;
     format) echo "clang-format git" ;;
   esac
 }

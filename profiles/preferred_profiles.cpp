@@ -18,29 +18,29 @@ constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
 constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
 
 struct Store {
-  ULONG flag;
   const char* type;
   bool StoreGates::*gate;  ///< none: always open
-  bool searched;           ///< whether a get by key looks here
+  ULONG flag;
+  bool searched;  ///< whether a get by key looks here
 
   bool isOpen(const StoreGates& gates) const { return gate == nullptr || gates.*gate; }
 };
 
 // In the order in which they are listed.
 constexpr Store kStores[] = {
-    {1, "user", nullptr, true},
-    {2, "persistent", &StoreGates::persistent, true},
-    {4, "prelogon", &StoreGates::prelogon, true},
+    {"user", nullptr, 1, true},
+    {"persistent", &StoreGates::persistent, 2, true},
+    {"prelogon", &StoreGates::prelogon, 4, true},
     // Listed, yet not found by key: that is what clients know.
-    {8, "postlogon", nullptr, false},
-    {16, "itprofile", nullptr, false},
+    {"postlogon", nullptr, 8, false},
+    {"itprofile", nullptr, 16, false},
 };
 
 // Profiles of one store. A library that answers the same for ever must not hold the service up: a
 // search goes on behind statuses that are neither a profile nor the end.
 constexpr int kMostSteps = 10000;
 
-Variant TextOf(PreferredProfile& profile, const char* (CPreferredProfile::*getter)() const) {
+Variant ProfileText(PreferredProfile& profile, const char* (CPreferredProfile::*getter)() const) {
   const char* text = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
   return text == nullptr ? Variant::AnsiText(text) : Variant::AnsiText(platform::ForeignText(text));
 }
@@ -55,9 +55,9 @@ Variant CodeOf(PreferredProfile& profile, Code (CPreferredProfile::*getter)() co
 HRESULT FillPreferredProfile(IWbemClassObject* instance, PreferredProfile& profile,
                              const char* storeType) {
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  writer.Put(OLESTR("Name"), TextOf(profile, &CPreferredProfile::Name));
-  writer.Put(OLESTR("SSID"), TextOf(profile, &CPreferredProfile::Ssid));
-  writer.Put(OLESTR("MandatoryAp"), TextOf(profile, &CPreferredProfile::MandatoryAp));
+  writer.Put(OLESTR("Name"), ProfileText(profile, &CPreferredProfile::Name));
+  writer.Put(OLESTR("SSID"), ProfileText(profile, &CPreferredProfile::Ssid));
+  writer.Put(OLESTR("MandatoryAp"), ProfileText(profile, &CPreferredProfile::MandatoryAp));
   writer.Put(OLESTR("OperationMode"), CodeOf(profile, &CPreferredProfile::OpMode, kModes));
   const LONG stealth = profile.Call([](const CPreferredProfile& held) { return held.Stealth(); });
   writer.Put(OLESTR("Stealth"), Variant::Boolean(stealth != 0));

@@ -7,7 +7,6 @@
 namespace simulator {
 namespace {
 
-constexpr std::int64_t kAllBits = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint32_t kAccessViolation = 0xC0000005;
 
 const Operation& OperationNamed(const Node& node) {

@@ -2,7 +2,9 @@
 // A JSON value with its place, for reading with errors that name the place. Only the sources of
 // this folder include it.
 
+#include <cstdint>
 #include <functional>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <string>
@@ -14,6 +16,9 @@
 namespace simulator {
 
 struct Node;
+
+/// The most that a member of 32 bits takes.
+inline constexpr std::int64_t kAllBits = std::numeric_limits<std::uint32_t>::max();
 
 /// A member of an object, and how to read it.
 struct Member {

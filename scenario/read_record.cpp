@@ -10,8 +10,6 @@
 namespace simulator {
 namespace {
 
-constexpr std::uint32_t kAllBits = std::numeric_limits<std::uint32_t>::max();
-
 int HexDigit(char digit) {
   if (digit >= '0' && digit <= '9') return digit - '0';
   if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;

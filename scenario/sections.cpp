@@ -7,8 +7,6 @@
 namespace simulator {
 namespace {
 
-constexpr std::uint32_t kAllBits = std::numeric_limits<std::uint32_t>::max();
-
 std::optional<std::string> OptionalText(const Node& node) {
   if (node.value.is_null()) return std::nullopt;
   return node.Text();

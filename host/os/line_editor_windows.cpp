@@ -31,7 +31,7 @@ std::optional<std::string> ReadConsole(HANDLE input) {
     line.append(part, count);
   }
   while (line.ends_with(L'\n') || line.ends_with(L'\r')) line.pop_back();
-  if (line.find(L'\x1A') == 0) return std::nullopt;  // Ctrl-Z
+  if (line.starts_with(L'\x1A')) return std::nullopt;  // Ctrl-Z
   return platform::Utf8Text(line);
 }
 

@@ -15,7 +15,7 @@ constexpr std::string_view kBlanks = " \t\r\n";
 std::string TakeWord(std::string_view* text) {
   text->remove_prefix(std::min(text->find_first_not_of(kBlanks), text->size()));
   const std::size_t end = std::min(text->find_first_of(" \t\r\n={}"), text->size());
-  const std::string word(text->substr(0, end));
+  std::string word(text->substr(0, end));
   text->remove_prefix(end);
   return word;
 }

@@ -47,7 +47,7 @@ std::vector<std::optional<Box>> PlaceLabels(const std::vector<Box>& wishes, cons
       return top >= area.top && top + box.height <= area.top + area.height &&
              std::ranges::none_of(taken, [&](const Box& other) { return padded.Meets(other); });
     };
-    std::optional<Box>& place = places.emplace_back();
+    std::optional<Box> place;
     for (double distance = 0; distance <= kReach && !place; distance += kStep) {
       for (const double top : {wished - distance, wished + distance}) {
         if (place || !isFree(top)) continue;
@@ -56,6 +56,7 @@ std::vector<std::optional<Box>> PlaceLabels(const std::vector<Box>& wishes, cons
       }
     }
     if (place) taken.push_back(*place);
+    places.push_back(place);
   }
   return places;
 }

@@ -11,7 +11,7 @@ namespace {
 
 using platform::Variant;
 
-constexpr HRESULT kNotFound = WBEM_E_NOT_FOUND;
+constexpr HRESULT kNoSuchMember = WBEM_E_NOT_FOUND;
 constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
 constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
 
@@ -113,7 +113,7 @@ HRESULT ClassObject::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type
     declared = system->type;
   } else {
     const std::optional<std::size_t> index = object_.info().FindProperty(key);
-    if (!index) return kNotFound;
+    if (!index) return kNoSuchMember;
     copy = Variant::CopyOf(object_.Value(*index));
     declared = object_.info().declaration.properties[*index].type;
   }
@@ -140,7 +140,7 @@ HRESULT ClassObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type)
 HRESULT ClassObject::TryPut(const std::string& key, VARIANT* value, CIMTYPE type) {
   if (FindSystemProperty(key) != nullptr) return WBEM_E_READ_ONLY;
   const std::optional<std::size_t> index = object_.info().FindProperty(key);
-  if (!index) return kNotFound;
+  if (!index) return kNoSuchMember;
   if (object_.isClass()) return kNotSupported;
   if (type != 0 && type != object_.info().declaration.properties[*index].type) {
     return WBEM_E_TYPE_MISMATCH;
@@ -152,7 +152,7 @@ HRESULT ClassObject::TryPut(const std::string& key, VARIANT* value, CIMTYPE type
 HRESULT ClassObject::Delete(LPCWSTR name) {
   if (name == nullptr) return kInvalidParameter;
   const std::optional<std::size_t> index = object_.info().FindProperty(NameText(name));
-  if (!index) return kNotFound;
+  if (!index) return kNoSuchMember;
   if (object_.isClass()) return kNotSupported;
   object_.Reset(*index);
   return S_OK;
@@ -236,7 +236,7 @@ HRESULT ClassObject::SpawnInstance(LONG flags, IWbemClassObject** instance) {
 HRESULT ClassObject::GetPropertyOrigin(LPCWSTR name, BSTR* className) {
   if (name == nullptr || className == nullptr) return kInvalidParameter;
   *className = nullptr;
-  if (!object_.info().FindProperty(NameText(name))) return kNotFound;
+  if (!object_.info().FindProperty(NameText(name))) return kNoSuchMember;
   *className = platform::Bstr(platform::WideFromUtf8(object_.info().name())).release();
   return *className == nullptr ? E_OUTOFMEMORY : S_OK;
 }
@@ -263,7 +263,7 @@ HRESULT ClassObject::GetMethod(LPCWSTR name, LONG flags, IWbemClassObject** in,
   if (name == nullptr || flags != 0) return kInvalidParameter;
   if (!object_.isClass()) return kNotSupported;
   const MethodInfo* method = object_.info().FindMethod(NameText(name));
-  if (method == nullptr) return kNotFound;
+  if (method == nullptr) return kNoSuchMember;
   if (in != nullptr) *in = Definition(method->in.get()).release();
   if (out != nullptr) *out = Definition(method->out.get()).release();
   return S_OK;

@@ -106,7 +106,9 @@ char32_t TakeUtf8(std::string_view* text) {
   return character;
 }
 
+// Likewise; as there the text is not empty.
 char32_t TakeUtf16(std::u16string_view* text) {
+  // cppcheck-suppress containerOutOfBounds
   const char32_t unit = text->front();
   text->remove_prefix(1);
   if (unit < 0xD800 || unit > 0xDFFF) return unit;

@@ -91,7 +91,8 @@ LSTATUS QueryValue(HKEY handle, std::u16string_view name, DWORD* reserved, DWORD
   if (data != nullptr && fits) std::copy(bytes.begin(), bytes.end(), data);
   if (type != nullptr) *type = value.type;
   if (size != nullptr) *size = static_cast<DWORD>(bytes.size());
-  return fits ? ERROR_SUCCESS : ERROR_MORE_DATA;
+  if (!fits) return ERROR_MORE_DATA;
+  return ERROR_SUCCESS;
 }
 
 }  // namespace

@@ -68,7 +68,8 @@ LSTATUS Registry::Find(HKEY handle, RegistryKeyRef* key) {
     if (open == open_.end()) return ERROR_INVALID_HANDLE;
     *key = (*open)->key;
   }
-  return IsDeleted(**key) ? ERROR_KEY_DELETED : ERROR_SUCCESS;
+  if (IsDeleted(**key)) return ERROR_KEY_DELETED;
+  return ERROR_SUCCESS;
 }
 
 RegistryKeyRef Registry::Descend(RegistryKeyRef key, std::u16string_view path, bool make) {
@@ -125,8 +126,8 @@ void Registry::Delete(RegistryKey* key) {
 }
 
 LSTATUS Registry::Save() {
-  return path_.empty() || ReplaceFile(path_, WriteRegistry(*root_)) ? ERROR_SUCCESS
-                                                                    : ERROR_REGISTRY_IO_FAILED;
+  if (path_.empty() || ReplaceFile(path_, WriteRegistry(*root_))) return ERROR_SUCCESS;
+  return ERROR_REGISTRY_IO_FAILED;
 }
 
 bool Registry::KeepIn(const std::string& path) {

@@ -27,33 +27,33 @@ std::size_t ElementSize(VARTYPE type) {
   }
 }
 
+template <class Pointer>
+Pointer Load(const void* element) {
+  Pointer pointer;
+  std::memcpy(&pointer, element, sizeof(void*));
+  return pointer;
+}
+
 HRESULT CopyElement(VARTYPE type, std::size_t size, void* destination, const void* source) {
   if (type == VT_BSTR) {
-    BSTR text;
-    std::memcpy(&text, source, sizeof text);
-    text = SysAllocStringLen(text, SysStringLen(text));
+    const BSTR given = Load<BSTR>(source);
+    const BSTR text = SysAllocStringLen(given, SysStringLen(given));
     if (text == nullptr) return E_OUTOFMEMORY;
     std::memcpy(destination, &text, sizeof text);
     return S_OK;
   }
   std::memcpy(destination, source, size);
   if (type == VT_UNKNOWN) {
-    IUnknown* object;
-    std::memcpy(&object, source, sizeof object);
-    if (object != nullptr) object->AddRef();
+    if (IUnknown* object = Load<IUnknown*>(source)) object->AddRef();
   }
   return S_OK;
 }
 
 void DestroyElement(VARTYPE type, void* element) {
   if (type == VT_BSTR) {
-    BSTR text;
-    std::memcpy(&text, element, sizeof text);
-    SysFreeString(text);
+    SysFreeString(Load<BSTR>(element));
   } else if (type == VT_UNKNOWN) {
-    IUnknown* object;
-    std::memcpy(&object, element, sizeof object);
-    if (object != nullptr) object->Release();
+    if (IUnknown* object = Load<IUnknown*>(element)) object->Release();
   }
 }
 

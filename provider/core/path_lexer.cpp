@@ -101,7 +101,7 @@ PathToken PathLexer::Integer() {
   const auto end = std::find_if_not(rest_.begin() + 1, rest_.end(), IsWordCharacter);
   OleStringView text(rest_.data(), static_cast<std::size_t>(end - rest_.begin()));
   rest_.remove_prefix(text.size());
-  const PathToken error{PathToken::kError, {}, 0};
+  PathToken error{PathToken::kError, {}, 0};
   if (text.size() >= kNumberTextLimit) return error;
 
   if (text.size() > 2 && text[0] == OLECHAR('0') && AsciiLower(text[1]) == OLECHAR('x')) {

@@ -96,7 +96,7 @@ TEST(Scenario, ListsAreCountedAndMayShowFewerEntriesThanTheyHold) {
       "availableNetworks": {"count": -1, "entries": [{}]},
       "excludeList": [{"ssid": {"hex": "5A"}, "mac": "01:02:03:04:05:06", "reason": "0x8000"}]}]})",
                                           "test");
-  const Adapter& adapter = scenario.adapters.at(0);
+  const auto& adapter = scenario.adapters.at(0);
   const auto* cached = adapter.cachedNetworks.As<unsigned char>();
   EXPECT_EQ(cached[0], 2);
   EXPECT_EQ(cached[4 + 88], 'b');
