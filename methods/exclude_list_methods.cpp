@@ -12,14 +12,14 @@ struct ReasonFlags {
   LONG reason;
   std::uint32_t flags;
 };
-constexpr ReasonFlags kReasons[] = {{1, 0x20}, {2, 0x40}, {3, 0x8000}, {4, 0x10000}};
-constexpr std::uint32_t kOtherReason = 0x1;
+constexpr ReasonFlags kReasonFlags[] = {{1, 0x20}, {2, 0x40}, {3, 0x8000}, {4, 0x10000}};
+constexpr std::uint32_t kOtherReasonFlag = 0x1;
 
 std::uint32_t FlagsOf(LONG reason) {
-  for (const ReasonFlags& row : kReasons) {
+  for (const ReasonFlags& row : kReasonFlags) {
     if (row.reason == reason) return row.flags;
   }
-  return kOtherReason;
+  return kOtherReasonFlag;
 }
 
 /// The entry that the in-parameters describe; none if one is missing, the name is empty, or the

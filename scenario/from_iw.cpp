@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <span>
 #include <tuple>
@@ -13,6 +12,7 @@
 #include "scenario/ansi.h"
 #include "scenario/hex.h"
 #include "scenario/iw_scan.h"
+#include "scenario/json.h"
 #include "scenario/signal_quality.h"
 
 namespace simulator {

@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "scenario/fields.h"
+#include "scenario/json.h"
 
 namespace simulator {
 

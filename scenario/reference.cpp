@@ -1,10 +1,10 @@
 #include "scenario/reference.h"
 
-#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "platform/embedded_text.h"
 #include "scenario/fields.h"
+#include "scenario/json.h"
 
 EMBEDDED_TEXT(scenario_defaults)
 

@@ -15,14 +15,14 @@ namespace {
 
 constexpr std::size_t kColumn = 28;  ///< where explanations begin
 
-std::string Line(const std::string& name, const std::string& help) {
+std::string HelpLine(const std::string& name, const std::string& help) {
   const std::size_t used = 2 + name.size();
   return "  " + name + std::string(used + 1 < kColumn ? kColumn - used : 2, ' ') + help + '\n';
 }
 
 std::string Options(const std::vector<OptionRow>& rows) {
   std::string text;
-  for (const OptionRow& row : rows) text += Line(OptionText(row), row.help);
+  for (const OptionRow& row : rows) text += HelpLine(OptionText(row), row.help);
   return text;
 }
 
@@ -52,24 +52,24 @@ std::string Help(bool inShell) {
                                "provider.\n\nUsage: wmihost [options] COMMAND ...\n\n";
   text += "Commands:\n";
   for (const CommandRow& row : Commands()) {
-    if (MayStand(row, inShell)) text += Line(row.name, row.help);
+    if (MayStand(row, inShell)) text += HelpLine(row.name, row.help);
   }
   text += "\nOptions:\n";
   if (!inShell) text += Options(HostOptions());
   text += Options(OutputOptions());
-  if (!inShell) text += Line("--help", "Show this, or one command: wmihost COMMAND --help");
-  if (!inShell) text += Line("--version", "Show the program's version");
+  if (!inShell) text += HelpLine("--help", "Show this, or one command: wmihost COMMAND --help");
+  if (!inShell) text += HelpLine("--version", "Show the program's version");
   return text + "\nhelp COMMAND shows one command.\n";
 }
 
 std::string CommandHelp(const CommandRow& row, bool inShell) {
   std::string text = Usage(row, inShell) + "\n  " + row.help + ".\n";
   if (!row.arguments.empty() || !row.options.empty()) text += '\n';
-  for (const ArgumentRow& argument : row.arguments) text += Line(argument.name, argument.help);
+  for (const ArgumentRow& argument : row.arguments) text += HelpLine(argument.name, argument.help);
   text += Options(row.options);
   text += "\nExit status:\n";
   for (const ExitStatus status : StatusesOf(row)) {
-    text += Line(std::to_string(status), kExitStatuses[status].meaning);
+    text += HelpLine(std::to_string(status), kExitStatuses[status].meaning);
   }
   return text;
 }

@@ -9,11 +9,11 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kSeparators = " \t\r\n";
 
 /// The next word; the text loses it and the blanks before it.
 std::string TakeWord(std::string_view* text) {
-  text->remove_prefix(std::min(text->find_first_not_of(kBlanks), text->size()));
+  text->remove_prefix(std::min(text->find_first_not_of(kSeparators), text->size()));
   const std::size_t end = std::min(text->find_first_of(" \t\r\n={}"), text->size());
   std::string word(text->substr(0, end));
   text->remove_prefix(end);
@@ -21,7 +21,7 @@ std::string TakeWord(std::string_view* text) {
 }
 
 void Expect(std::string_view* text, std::string_view query, std::string_view expected) {
-  text->remove_prefix(std::min(text->find_first_not_of(kBlanks), text->size()));
+  text->remove_prefix(std::min(text->find_first_not_of(kSeparators), text->size()));
   if (platform::SameIgnoringAsciiCase(text->substr(0, expected.size()), expected)) {
     text->remove_prefix(expected.size());
     return;
@@ -57,7 +57,7 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
     throw UnknownClassError("there is no class '" + ClassNameOfPath(parsed.path) + "'" +
                             repository.DidYouMeanClass(ClassNameOfPath(parsed.path)));
   }
-  if (text.find_first_not_of(kBlanks) == std::string_view::npos) return parsed;
+  if (text.find_first_not_of(kSeparators) == std::string_view::npos) return parsed;
   Expect(&text, query, "WHERE");
   const std::array<std::pair<const char*, std::string*>, 4> members = {
       {{"ResultClass", &parsed.resultClass},
@@ -65,7 +65,7 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
        {"AssocClass", &parsed.assocClass},
        {"ResultRole", &parsed.resultRole}}};
   const std::size_t accepted = parsed.references ? 2 : members.size();
-  while (text.find_first_not_of(kBlanks) != std::string_view::npos) {
+  while (text.find_first_not_of(kSeparators) != std::string_view::npos) {
     const std::string name = TakeWord(&text);
     std::string* place = nullptr;
     for (std::size_t index = 0; index < accepted; ++index) {

@@ -12,8 +12,6 @@ namespace {
 using platform::Variant;
 
 constexpr HRESULT kNoSuchMember = WBEM_E_NOT_FOUND;
-constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
-constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
 
 // Asks an object for its host object; no other component knows this interface.
 constexpr IID kIidHostObject = {

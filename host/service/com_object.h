@@ -13,6 +13,10 @@
 
 namespace host {
 
+// What the service's objects refuse with, as what their methods return.
+inline constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
+inline constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
+
 /// A reference count that tolerates misuse and remembers it.
 class Counted {
  public:

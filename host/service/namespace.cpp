@@ -10,9 +10,6 @@
 namespace host {
 namespace {
 
-constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
-constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
-
 class InstanceEnumerator final : public ComObject<IEnumWbemClassObject, IID_IEnumWbemClassObject> {
  public:
   InstanceEnumerator(ObjectPool& pool, std::vector<CimObject> instances)

@@ -1,7 +1,6 @@
 #pragma once
 // Values between the declared types of the schema, VARIANT, JSON and what a person types.
 
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -9,6 +8,7 @@
 
 #include "host/mof/schema.h"
 #include "platform/variant.h"
+#include "scenario/json.h"
 
 namespace host {
 

@@ -39,7 +39,7 @@ OleString QuotedText(OleStringView text) {
   return quoted += OLECHAR('"');
 }
 
-OleString DecimalText(std::integral auto number) {
+OleString KeyNumberText(std::integral auto number) {
   return platform::WideText(platform::ShortText<16>().Decimal(number));
 }
 
@@ -48,13 +48,13 @@ OleString ValueText(const VARIANT& value) {
     case VT_BSTR:
       return QuotedText(platform::ViewOf(value.bstrVal));
     case VT_I4:
-      return DecimalText(value.lVal);
+      return KeyNumberText(value.lVal);
     case VT_UI4:
-      return DecimalText(value.ulVal);
+      return KeyNumberText(value.ulVal);
     case VT_I2:
-      return DecimalText(value.iVal);
+      return KeyNumberText(value.iVal);
     case VT_UI2:
-      return DecimalText(value.uiVal);
+      return KeyNumberText(value.uiVal);
     default:
       return {};
   }
