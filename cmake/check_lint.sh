@@ -8,7 +8,7 @@ mkdir -p "$build"
 log=$build/configure.log
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
   -DCMAKE_CXX_COMPILER_LAUNCHER= -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DCMAKE_UNITY_BUILD=ON \
-  -DCMAKE_UNITY_BUILD_BATCH_SIZE=10 >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+  -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
 failed=0
 cores=$(nproc)
 units=$(sed -nE 's/.*"file": "(.*)".*/\1/p' "$build/compile_commands.json" | grep -vE '/tests/|/embedded_')

@@ -84,12 +84,14 @@ class Builder final : public json::json_sax_t {
   }
 
   json* Place(json&& value) {
-    if (levels_.empty()) return &(root_ = std::move(value));
-    Level& level = levels_.back();
-    if (!level.value->is_array()) return &(*level.member = std::move(value));
-    ++level.elements;
-    level.value->push_back(std::move(value));
-    return &level.value->back();
+    json* place = &root_;
+    if (!levels_.empty()) {
+      Level& level = levels_.back();
+      if (level.value->is_array()) ++level.elements;
+      place = level.value->is_array() ? &level.value->emplace_back() : level.member;
+    }
+    *place = std::move(value);
+    return place;
   }
 
   /// An adapter that has been read goes on, and leaves.

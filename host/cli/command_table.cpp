@@ -282,18 +282,18 @@ const std::vector<OptionRow>& HostOptions() {
 
 const std::vector<OptionRow>& OutputOptions() {
   static const std::vector<OptionRow> rows = {
-      {"--format",
-       "FORMAT",
-       "table, list, json or csv; chart draws networks",
-       Takes::kChoice,
-       {std::begin(kFormatNames), std::end(kFormatNames)}},
+      {.name = "--format",
+       .value = "FORMAT",
+       .help = "table, list, json or csv; chart draws networks",
+       .takes = Takes::kChoice,
+       .choices = {std::begin(kFormatNames), std::end(kFormatNames)}},
       {"--width", "COLUMNS",
        "Columns that a table may fill (default: COLUMNS, the terminal's, 100)", Takes::kWidth},
-      {"--color",
-       "WHEN",
-       "Bold headings and dim NULLs in tables: auto, always or never",
-       Takes::kChoice,
-       {"auto", "always", "never"}},
+      {.name = "--color",
+       .value = "WHEN",
+       .help = "Bold headings and dim NULLs in tables: auto, always or never",
+       .takes = Takes::kChoice,
+       .choices = {"auto", "always", "never"}},
       {"--fields", "A,B,...", "Show only these properties, in this order", Takes::kProperties},
   };
   return rows;

@@ -104,17 +104,30 @@ struct CounterRow {
   const char* className;
   const char* property;
   const char* text;
-  bool isPercentage;
-  bool alwaysMatters;  ///< a single one is worth a look
+  bool isPercentage = false;
+  bool alwaysMatters = false;  ///< a single one is worth a look
 };
 
 constexpr CounterRow kCounters[] = {
-    {"WiFi_AdapterAssocStats", "PercentTxErrs", " % of the transmissions failed", true, false},
-    {"WiFi_AdapterSignalParameters", "PercentTxRetries", " % had to be repeated", true, false},
-    {"WiFi_AdapterAssocStats", "PercentMissedBeacons", " % of the beacons were missed", true,
-     false},
-    {"WiFi_AdapterAssocStats", "CrcErrs", " frames with a wrong check sum", false, false},
-    {"WiFi_AdapterAssocStats", "DroppedByAp", " times dropped by the access point", false, true},
+    {.className = "WiFi_AdapterAssocStats",
+     .property = "PercentTxErrs",
+     .text = " % of the transmissions failed",
+     .isPercentage = true},
+    {.className = "WiFi_AdapterSignalParameters",
+     .property = "PercentTxRetries",
+     .text = " % had to be repeated",
+     .isPercentage = true},
+    {.className = "WiFi_AdapterAssocStats",
+     .property = "PercentMissedBeacons",
+     .text = " % of the beacons were missed",
+     .isPercentage = true},
+    {.className = "WiFi_AdapterAssocStats",
+     .property = "CrcErrs",
+     .text = " frames with a wrong check sum"},
+    {.className = "WiFi_AdapterAssocStats",
+     .property = "DroppedByAp",
+     .text = " times dropped by the access point",
+     .alwaysMatters = true},
 };
 
 void JudgeStatistics(const Json& dump, const std::string& key, const std::string& title,

@@ -23,6 +23,8 @@ struct Rule {
   std::size_t puts;                ///< of an empty record, with the key
   const char* sample;              ///< one of them
   bool directKey;                  ///< the key's put has no fence
+
+  friend void PrintTo(const Rule& rule, std::ostream* out) { *out << rule.name; }
 };
 
 /// What the library wrote before it threw does not count.
@@ -32,31 +34,32 @@ ApiStatus RaiseAfterWriting(void* record, std::size_t size) {
 }
 
 // clang-format off
-#define OPERATION(name)                                                                   \
-  #name, [](FakeAdapterApi& api, ApiStatus status) { api.on##name = Answers(status); },  \
-  [](FakeAdapterApi& api) {                                                              \
+#define OPERATION(name)                                                                            \
+  .operation = #name,                                                                              \
+  .answer = [](FakeAdapterApi& api, ApiStatus status) { api.on##name = Answers(status); },         \
+  .raise = [](FakeAdapterApi& api) {                                                               \
     api.on##name = [](auto, auto* record) { return RaiseAfterWriting(record, sizeof(*record)); }; \
   }
 
 const Rule kRules[] = {
-    {"Association", wifi::FillAssociationInfo, OPERATION(GetAssociationInfo), {S_OK, S_OK}, 11,
-     "AuthenAlgorithm=text:No Authentication", false},
-    {"Version", wifi::FillAdapterVersion, OPERATION(GetVersionInfo), {5, -5}, 9,
-     "EEPROM=text:", false},
-    {"Device", wifi::FillAdapterDevice, OPERATION(GetDeviceInfo), {5, -5}, 9,
-     "CardType=text:Unknown", true},
-    {"Config", wifi::FillConfigSettings, OPERATION(GetAdapterConfiguration), {5, -5}, 11,
-     "AddressingMode=text:Unknown", true},
-    {"Signal", wifi::FillSignalParameters, OPERATION(GetSignalParameters), {kNotFound, kNotFound}, 6,
-     "RSSI=text:0", true},
-    {"Channel", wifi::FillAdapterChannel, OPERATION(GetChannelInfo), {5, -5}, 7,
-     "ChannelB_Options=text:", true},
-    {"Features", wifi::FillAdapterFeatures, OPERATION(GetAdapterFeatures), {5, -5}, 22,
-     "HwRadioSwitch=text:No", true},
-    {"TcpIp", wifi::FillTcpIpSettings, OPERATION(GetTcpipConfigInfo), {5, -5}, 14,
-     "DHCP_IP=flag:false", true},
-    {"TcpIpv6", wifi::FillTcpIpv6Settings, OPERATION(GetTcpipv6ConfigInfo), {kNotFound, kNotFound}, 14,
-     "IPAddress=text:", true},
+    {.name = "Association", .fill = wifi::FillAssociationInfo, OPERATION(GetAssociationInfo), .refused = {S_OK, S_OK}, .puts = 11,
+     .sample = "AuthenAlgorithm=text:No Authentication", .directKey = false},
+    {.name = "Version", .fill = wifi::FillAdapterVersion, OPERATION(GetVersionInfo), .refused = {5, -5}, .puts = 9,
+     .sample = "EEPROM=text:", .directKey = false},
+    {.name = "Device", .fill = wifi::FillAdapterDevice, OPERATION(GetDeviceInfo), .refused = {5, -5}, .puts = 9,
+     .sample = "CardType=text:Unknown", .directKey = true},
+    {.name = "Config", .fill = wifi::FillConfigSettings, OPERATION(GetAdapterConfiguration), .refused = {5, -5}, .puts = 11,
+     .sample = "AddressingMode=text:Unknown", .directKey = true},
+    {.name = "Signal", .fill = wifi::FillSignalParameters, OPERATION(GetSignalParameters), .refused = {kNotFound, kNotFound}, .puts = 6,
+     .sample = "RSSI=text:0", .directKey = true},
+    {.name = "Channel", .fill = wifi::FillAdapterChannel, OPERATION(GetChannelInfo), .refused = {5, -5}, .puts = 7,
+     .sample = "ChannelB_Options=text:", .directKey = true},
+    {.name = "Features", .fill = wifi::FillAdapterFeatures, OPERATION(GetAdapterFeatures), .refused = {5, -5}, .puts = 22,
+     .sample = "HwRadioSwitch=text:No", .directKey = true},
+    {.name = "TcpIp", .fill = wifi::FillTcpIpSettings, OPERATION(GetTcpipConfigInfo), .refused = {5, -5}, .puts = 14,
+     .sample = "DHCP_IP=flag:false", .directKey = true},
+    {.name = "TcpIpv6", .fill = wifi::FillTcpIpv6Settings, OPERATION(GetTcpipv6ConfigInfo), .refused = {kNotFound, kNotFound}, .puts = 14,
+     .sample = "IPAddress=text:", .directKey = true},
 };
 // clang-format on
 #undef OPERATION
