@@ -1,8 +1,10 @@
 #include "host/cli/commands.h"
 #include "host/cli/schema_view.h"
+#include "host/mof/check.h"
 #include "host/mof/product_schema.h"
 #include "host/mof/reference.h"
 #include "scenario/reference.h"
+#include "scenario/text_file.h"
 
 namespace host {
 
@@ -31,6 +33,26 @@ ExitStatus RunReference(const Command& command, CommandContext& context) {
                          : ClassReference(ParseMof(embedded::wifi_adapter_provider_mof(),
                                                    "wifi_adapter_provider.mof")));
   return kSuccess;
+}
+
+ExitStatus RunCheck(const Command& command, CommandContext& context) {
+  std::string name = command.Text("FILE");
+  std::string text;
+  try {
+    text = name.empty() ? std::string(embedded::wifi_adapter_provider_mof())
+                        : simulator::ReadTextFile(name, name);
+    if (name.empty()) name = "wifi_adapter_provider.mof";
+    ExitStatus status = kSuccess;
+    for (const std::string& finding : CheckSchema(ParseMof(text, name))) {
+      status = context.Fail(kBadInput, name + ":" + finding);
+    }
+    if (status == kSuccess) context.output << name << ": nothing is wrong\n";
+    return status;
+  } catch (const simulator::FileError& error) {
+    return context.Fail(kBadInput, error.what());
+  } catch (const MofError& error) {
+    return context.Fail(kBadInput, error.what());
+  }
 }
 
 }  // namespace host

@@ -40,14 +40,6 @@ const PropertyDeclaration* ClassDeclaration::FindProperty(std::string_view prope
   return FindNamed(properties, propertyName);
 }
 
-const MethodDeclaration* ClassDeclaration::FindMethod(std::string_view methodName) const {
-  return FindNamed(methods, methodName);
-}
-
-const ClassDeclaration* Schema::FindClass(std::string_view className) const {
-  return FindNamed(classes, className);
-}
-
 bool SameName(std::string_view left, std::string_view right) {
   return platform::SameIgnoringAsciiCase(left, right);
 }

@@ -60,7 +60,6 @@ struct ClassDeclaration {
   int line = 0;
 
   const PropertyDeclaration* FindProperty(std::string_view propertyName) const;
-  const MethodDeclaration* FindMethod(std::string_view methodName) const;
 };
 
 /// `instance of CLASS [as $alias] { name = value; … };`
@@ -78,8 +77,6 @@ struct Schema {
   std::vector<InstanceDeclaration> instances;
   std::vector<std::string> deletedClasses;    ///< names, of #pragma deleteclass
   std::vector<std::string> deletedInstances;  ///< object paths, of #pragma deleteinstance
-
-  const ClassDeclaration* FindClass(std::string_view className) const;
 };
 
 /// Says where a MOF text is wrong: "NAME:LINE: expected WHAT, found WHAT".

@@ -10,6 +10,8 @@
 #include "host/mof/reference.h"
 #include "host/mof/registration.h"
 
+EMBEDDED_TEXT(uninstall_mof)
+
 namespace host {
 namespace {
 
@@ -46,8 +48,9 @@ TEST(MofReader, ReadsEveryFeature) {
   EXPECT_EQ(schema.deletedClasses, std::vector<std::string>{"Old"});
   EXPECT_EQ(schema.deletedInstances, std::vector<std::string>{"Old.K=1"});
 
-  const ClassDeclaration* wiA = schema.FindClass("wi_a");
-  ASSERT_NE(wiA, nullptr);
+  ASSERT_FALSE(schema.classes.empty());
+  const ClassDeclaration* wiA = &schema.classes[0];
+  EXPECT_EQ(wiA->name, "Wi_A");
   EXPECT_EQ(wiA->superclass, "Base");
   EXPECT_EQ(wiA->line, 8);
   EXPECT_TRUE(wiA->qualifiers.Flag("Dynamic"));
@@ -59,8 +62,9 @@ TEST(MofReader, ReadsEveryFeature) {
   EXPECT_EQ(wiA->FindProperty("Numbers")->defaultValue->size(), 2u);
   EXPECT_EQ(wiA->FindProperty("Other")->referencedClass, "Wi_B");
   EXPECT_EQ(wiA->FindProperty("Other")->defaultValue, std::nullopt);
-  EXPECT_EQ(wiA->FindMethod("run")->returnType, CIM_EMPTY);
-  const MethodDeclaration* method = wiA->FindMethod("Do");
+  ASSERT_EQ(wiA->methods.size(), 2u);
+  EXPECT_EQ(wiA->methods[0].returnType, CIM_EMPTY);
+  const MethodDeclaration* method = &wiA->methods[1];
   EXPECT_EQ(CimTypeName(method->returnType), "sint32");
   ASSERT_EQ(method->parameters.size(), 2u);
   EXPECT_EQ(CimTypeName(method->parameters[1].type), "string[]");
