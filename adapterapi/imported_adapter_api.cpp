@@ -1,4 +1,7 @@
+#include <tuple>
+
 #include "adapterapi/adapter_api.h"
+#include "adapterapi/call_trace.h"
 #include "adapterapi/quarn_api.h"
 #include "platform/structured_exception.h"
 
@@ -7,9 +10,12 @@ namespace {
 
 class ImportedApi final : public AdapterApi {
  public:
-#define QUARN_OPERATION(ordinal, name, parameters, arguments)           \
-  ApiStatus name parameters override {                                  \
-    return platform::CallFenced([&] { return quarn::name arguments; }); \
+#define QUARN_OPERATION(ordinal, name, parameters, arguments)                                      \
+  ApiStatus name parameters override {                                                             \
+    const auto call = [&] { return platform::CallFenced([&] { return quarn::name arguments; }); }; \
+    return std::apply(                                                                             \
+        [&](const auto&... each) { return TracedCall(#name, #arguments, call, each...); },         \
+        std::make_tuple arguments);                                                                \
   }
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION

@@ -25,5 +25,6 @@ function(expected_output name)
            COMMAND ${CMAKE_SOURCE_DIR}/cmake/expected_output.sh ${name} ${file} "${row_SECTION}"
                    ${row_STATUS} ${CMAKE_BINARY_DIR}/expected_outputs ${command})
   # Several sections of one file are not written at once.
-  set_tests_properties(${name} PROPERTIES LABELS expected_output RESOURCE_LOCK ${file})
+  set_tests_properties(${name} PROPERTIES LABELS expected_output RESOURCE_LOCK ${file}
+                       ENVIRONMENT SOURCE_DATE_EPOCH=0)
 endfunction()

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "adapterapi/call_trace.h"
 #include "adapterapi/records.h"
 #include "adapterapi/tolva_api.h"
 #include "platform/structured_exception.h"
@@ -43,43 +44,62 @@ using PreferredProfile = LibraryObject<CPreferredProfile>;
 class ProfileLibrary {
  public:
   ProfileLibrary() {
-    manager_.Call([](CProfileMgr& manager) { manager.SetWiFiProvider(true); });
+    adapterapi::TracedCall("CProfileMgr::SetWiFiProvider", "", [this] {
+      manager_.Call([](CProfileMgr& manager) { manager.SetWiFiProvider(true); });
+      return 0;
+    });
   }
 
   /// Whether the library opened its profiles. Only then Close() has to follow.
   bool Open() {
     constexpr ULONG kOpenArgument = 3000;
-    return manager_.Call([](CProfileMgr& manager) { return manager.Open(kOpenArgument); }) ==
-           kTolvaSuccess;
+    return adapterapi::TracedCall("CProfileMgr::Open", "", [this] {
+             return manager_.Call([](CProfileMgr& manager) { return manager.Open(kOpenArgument); });
+           }) == kTolvaSuccess;
   }
   void Close() {
-    manager_.Call([](CProfileMgr& manager) { return manager.Close(); });
+    adapterapi::TracedCall("CProfileMgr::Close", "", [this] {
+      return manager_.Call([](CProfileMgr& manager) { return manager.Close(); });
+    });
   }
 
   /// Loads a store's first profile; kTolvaSuccess if there is one.
   LONG GetFirst(PreferredProfile& profile, ULONG store) {
-    return Load(profile, store, &CProfileMgr::GetFirstPreferredProfile);
+    return Load("CProfileMgr::GetFirstPreferredProfile", profile, store,
+                &CProfileMgr::GetFirstPreferredProfile);
   }
   /// Loads the next one; kTolvaNoMoreProfiles behind the last.
   LONG GetNext(PreferredProfile& profile, ULONG store) {
-    return Load(profile, store, &CProfileMgr::GetNextPreferredProfile);
+    return Load("CProfileMgr::GetNextPreferredProfile", profile, store,
+                &CProfileMgr::GetNextPreferredProfile);
   }
 
   /// Fills the whole record of the profile with this ANSI name; a negative status if it cannot.
   LONG GetProfileToApply(const std::string& name, ORVEL_WLAN_PROFILE& record) {
     constexpr ULONG kFlags = 1;
-    return manager_.Call([&](CProfileMgr& manager) {
-      return manager.GetProfileToApply(name.c_str(), record, kFlags);
-    });
+    return adapterapi::TracedCall(
+        "CProfileMgr::GetProfileToApply", "(name)",
+        [&] {
+          return manager_.Call([&](CProfileMgr& manager) {
+            return manager.GetProfileToApply(name.c_str(), record, kFlags);
+          });
+        },
+        name.c_str());
   }
 
  private:
   using Loader = LONG (CProfileMgr::*)(CPreferredProfile&, ULONG);
 
-  LONG Load(PreferredProfile& profile, ULONG store, Loader loader) {
-    return manager_.Call([&](CProfileMgr& manager) {
-      return profile.Call([&](CPreferredProfile& held) { return (manager.*loader)(held, store); });
-    });
+  LONG Load(const char* operation, PreferredProfile& profile, ULONG store, Loader loader) {
+    return adapterapi::TracedCall(
+        operation, "(store)",
+        [&] {
+          return manager_.Call([&](CProfileMgr& manager) {
+            return profile.Call(
+                [&](CPreferredProfile& held) { return (manager.*loader)(held, store); });
+          });
+        },
+        store);
   }
 
   LibraryObject<CProfileMgr> manager_;

@@ -104,7 +104,10 @@ Fault ReadFault(const Node& node, std::span<const Adapter> adapters) {
 
 std::vector<Fault> ReadFaults(const Node& node, std::span<const Adapter> adapters) {
   std::vector<Fault> faults;
-  node.EachElement([&](const Node& element) { faults.push_back(ReadFault(element, adapters)); });
+  node.EachElement([&](const Node& element) {
+    faults.push_back(ReadFault(element, adapters));
+    faults.back().index = element.index;
+  });
   return faults;
 }
 

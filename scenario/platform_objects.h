@@ -21,8 +21,17 @@ struct PlatformAdapter {
   std::optional<std::string> description;
 };
 
+/// The version of the platform's system, such as 6.1.
+struct OsVersion {
+  std::uint32_t major = 0;
+  std::uint32_t minor = 0;
+};
+/// None for a text of another form than "6.1".
+std::optional<OsVersion> ParseOsVersion(std::string_view text);
+
 struct PlatformObjects {
   std::optional<std::string> userName;  ///< UserName of Win32_ComputerSystem
+  std::optional<OsVersion> osVersion;   ///< that the provider is told
   std::vector<PlatformAdapter> adapters;
   bool featureKeyPresent = true;  ///< whether the feature settings key exists
   std::optional<std::uint32_t> featureSet1;

@@ -106,6 +106,7 @@ inline constexpr std::array<std::string_view, 5> kProfileStores = {"user", "pers
 struct Fault {
   enum class Kind { kDelay, kStatus, kException, kStructured };
 
+  std::size_t index = 0;  ///< in the scenario's array
   std::string operation;
   std::optional<adapterapi::AdapterNumber> adapter;  ///< none: every adapter
   Kind kind = Kind::kDelay;

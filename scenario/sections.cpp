@@ -33,6 +33,11 @@ PlatformAdapter ReadPlatformAdapter(const Node& node) {
 void ReadPlatform(const Node& node, PlatformObjects& platform) {
   node.EachMember(
       {{"userName", [&](const Node& member) { platform.userName = OptionalText(member); }},
+       {"osVersion",
+        [&](const Node& member) {
+          platform.osVersion = ParseOsVersion(member.Text());
+          if (!platform.osVersion) member.FailExpecting("a version such as \"6.1\"");
+        }},
        {"networkAdapters", [&](const Node& member) {
           member.EachElement([&](const Node& element) {
             platform.adapters.push_back(ReadPlatformAdapter(element));
@@ -56,7 +61,11 @@ void ReadValues(const Node& node, std::map<std::uint32_t, std::uint32_t>& values
     if (error != std::errc() || stop != name.data() + name.size()) {
       child.Fail("the member's name is to be a setting identifier, a decimal number");
     }
-    values[identifier] = static_cast<std::uint32_t>(child.Number(0, kAllBits));
+    if (member.is_null()) {
+      values.erase(identifier);
+    } else {
+      values[identifier] = static_cast<std::uint32_t>(child.Number(0, kAllBits));
+    }
   }
 }
 
@@ -144,6 +153,16 @@ void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter
   std::memcpy(records.device.unread0, &records.number, sizeof records.number);
   records.tcpipv6.size = sizeof records.tcpipv6;
   adapters.push_back(std::move(adapter));
+}
+
+std::optional<OsVersion> ParseOsVersion(std::string_view text) {
+  OsVersion version;
+  const char* end = text.data() + text.size();
+  const auto major = std::from_chars(text.data(), end, version.major);
+  if (major.ec != std::errc() || major.ptr == end || *major.ptr != '.') return std::nullopt;
+  const auto minor = std::from_chars(major.ptr + 1, end, version.minor);
+  if (minor.ec != std::errc() || minor.ptr != end) return std::nullopt;
+  return version;
 }
 
 void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario) {

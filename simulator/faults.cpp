@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "adapterapi/call_trace.h"
+
 namespace simulator {
 
 FaultPlan::FaultPlan(std::vector<Fault> faults) {
@@ -22,6 +24,8 @@ std::optional<Fault> FaultPlan::Take(std::string_view operation,
 }
 
 std::int32_t Strike(const Fault& fault) {
+  // Says to who traces the call which fault it was; the platform's own codes leave this bit alone.
+  SetLastError(adapterapi::kFaultError | static_cast<DWORD>(fault.index));
   switch (fault.kind) {
     case Fault::Kind::kException:
       throw std::runtime_error(fault.exception);

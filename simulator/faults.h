@@ -47,16 +47,18 @@ std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultPlan& plan,
     return plan.Take(operation, adapter);
   };
   const std::optional<Fault> fault = take();
-  const bool strikes = fault && fault->kind != Fault::Kind::kDelay;
+  const bool onlyWaits = fault && fault->kind == Fault::Kind::kDelay;
   if (fault && fault->delayMs > 0) {
     std::this_thread::sleep_for(std::chrono::milliseconds(fault->delayMs));
   }
   std::int32_t status = 0;
-  if (!strikes || fault->output) {
+  if (!fault || onlyWaits || fault->output) {
     const std::lock_guard lock(mutex);
     status = call();
   }
-  return strikes ? Strike(*fault) : status;
+  if (!fault) return status;
+  const std::int32_t struck = Strike(*fault);
+  return onlyWaits ? status : struck;
 }
 
 }  // namespace simulator

@@ -81,7 +81,15 @@ void CheckOutput(const Command& command) {
 }
 
 CLI::Option* AddOption(CLI::App& app, const OptionRow& row) {
-  if (row.takes == Takes::kNothing) return app.add_flag(row.name, row.help);
+  if (row.takes == Takes::kNothing) {
+    CLI::Option* flag = app.add_flag(row.name, row.help);
+    if (row.value == nullptr) return flag;
+    return flag->check(CLI::Validator(
+        [choices = row.choices](const std::string& text) {
+          return text == "true" ? "" : CheckValue(Takes::kChoice, choices, text);
+        },
+        ""));
+  }
   const bool mayMiss = *row.value == '[';
   CLI::Option* option = app.add_option(row.name)->description(row.help)->type_name(row.value);
   option->expected(mayMiss ? 0 : 1, 1)->take_last();

@@ -185,11 +185,15 @@ const std::vector<CommandRow>& Commands() {
        .statuses = {},
        .run = RunExit},
       {.name = "scenario",
-       .help = "Make a scenario of what a Linux machine sees",
+       .help = "Make a scenario of another machine's dump or of what a Linux machine sees",
        .arguments = {},
-       .options = {{"--from-iw", "[FILE]",
-                    "what 'iw dev <interface> scan' prints; standard input if missing or -",
-                    Takes::kFile}},
+       .options =
+           {{"--from-iw", "[FILE]",
+             "what 'iw dev <interface> scan' prints; standard input if missing or -", Takes::kFile},
+            {"--from-dump", "[FILE]",
+             "what dump --format json or report writes, or instances as ConvertTo-Json does; "
+             "standard input if missing or -",
+             Takes::kFile}},
        .needs = Needs::kNothing,
        .place = Place::kCommandLine,
        .formats = {},
@@ -286,7 +290,11 @@ const std::vector<OptionRow>& HostOptions() {
        Takes::kFile},
       {"--os-version", "MAJOR.MINOR", "System version that the provider is told, such as 6.1",
        Takes::kVersion},
-      {"--trace", nullptr, "Show the provider's trace lines on standard error"},
+      {"--trace",
+       "[=calls]",
+       "Show the provider's trace lines on standard error, or its calls of the libraries",
+       Takes::kNothing,
+       {"calls"}},
   };
   return rows;
 }

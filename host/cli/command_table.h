@@ -39,8 +39,10 @@ struct ArgumentRow {
 };
 
 struct OptionRow {
-  const char* name;   ///< with its dashes
-  const char* value;  ///< what stands for its value in help; null for a flag; in [] if it may miss
+  const char* name;  ///< with its dashes
+  /// What stands for its value in help; null for a flag; in [] if it may miss, which a flag's,
+  /// after a =, always may.
+  const char* value;
   const char* help;
   Takes takes = Takes::kNothing;
   std::vector<const char*> choices = {};

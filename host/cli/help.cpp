@@ -31,7 +31,8 @@ std::string Options(const std::vector<OptionRow>& rows) {
 const char* const kProgramVersion = WMIHOST_VERSION;
 
 std::string OptionText(const OptionRow& row) {
-  return row.value == nullptr ? row.name : std::string(row.name) + " " + row.value;
+  if (row.value == nullptr) return row.name;
+  return row.name + std::string(row.takes == Takes::kNothing ? "" : " ") + row.value;
 }
 
 std::string Usage(const CommandRow& row, bool inShell) {

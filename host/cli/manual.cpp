@@ -67,7 +67,7 @@ std::string ValueBranches(const std::vector<OptionRow>& rows) {
                               : row.takes == Takes::kFile   ? "compgen -f"
                               : row.takes == Takes::kFolder ? "compgen -d"
                                                             : "";
-    if (row.value == nullptr) continue;
+    if (row.value == nullptr || row.takes == Takes::kNothing) continue;
     text += "    " + std::string(row.name) + ") " +
             (offer.empty() ? "" : "COMPREPLY=($(" + offer + " -- \"$word\")); ") + "return ;;\n";
   }

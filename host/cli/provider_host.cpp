@@ -1,11 +1,14 @@
 #include "host/cli/provider_host.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/mof/product_schema.h"
 #include "host/mof/registration.h"
 #include "host/service/result_codes.h"
+#include "platform/os_version.h"
 #include "platform/registry_key.h"
+#include "scenario/reported_adapters.h"
 #include "scenario/simulator_hooks.h"
 
 namespace host {
@@ -55,11 +58,27 @@ void Play(const simulator::Scenario& scenario) {
   }
 }
 
-/// "6.1", which the command line has checked.
-std::pair<DWORD, DWORD> VersionOf(const std::string& text) {
-  const std::size_t dot = text.find('.');
-  return {static_cast<DWORD>(std::stoul(text.substr(0, dot))),
-          static_cast<DWORD>(std::stoul(text.substr(dot + 1)))};
+/// A library of the maker reports the machine's own adapters, of which the provider serves only
+/// those that the platform has too: says which the scenario's platform lacks.
+void WarnOfUnknownAdapters(const simulator::PlatformObjects& platform, std::ostream& errors) {
+  if (FindHook<decltype(&SimulatorPlay)>("QuarnApi", "SimulatorPlay") != nullptr) return;
+  const HMODULE library = os::LoadedModule(os::LibraryFile("QuarnApi"));
+  const FARPROC found = library == nullptr
+                            ? nullptr
+                            : os::FunctionByOrdinal(library, simulator::kAdapterListOrdinal,
+                                                    simulator::kAdapterListSymbol);
+  if (found == nullptr) return;
+  const auto getter =
+      reinterpret_cast<simulator::AdapterListGetter>(reinterpret_cast<void (*)()>(found));
+  for (const std::string& address : simulator::PresentAdapters(getter)) {
+    const bool isKnown = std::ranges::any_of(platform.adapters, [&address](const auto& adapter) {
+      return adapter.macAddress == address;
+    });
+    if (isKnown) continue;
+    errors << "wmihost: QuarnApi reports the adapter " << address
+           << ", which the platform of the scenario does not have: it is not served; give "
+              "networkAdapters an entry with this macAddress\n";
+  }
 }
 
 }  // namespace
@@ -84,7 +103,7 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
         errors << "wmihost: provider defect: " << sentence << '\n';
       }) {
   if (options.Has("--trace")) {
-    os::SetEnvironment(kTraceVariable, "1");
+    os::SetEnvironment(kTraceVariable, SameName(options.Text("--trace"), "calls") ? "calls" : "1");
     debugOutput_.emplace();
   }
   if (os::IsTerminal(2)) progress_.emplace(errors);
@@ -97,13 +116,20 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
   factory_ = module_->Factory(classId);
   localMachine_.emplace();
   if (const auto version = options.Find("--os-version")) {
-    const auto [major, minor] = VersionOf(*version);
-    platform::SetOsVersion(module_->handle(), major, minor);
+    namedVersion_ = simulator::ParseOsVersion(*version);
   }
+  const platform::OsVersion own = platform::QueryOsVersion();
+  ownVersion_ = {own.major, own.minor};
 }
 
 ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
   Play(*scenario.whole);
+  const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
+  if (named || osVersion_) {
+    const simulator::OsVersion told = named.value_or(ownVersion_);
+    platform::SetOsVersion(module_->handle(), told.major, told.minor);
+  }
+  osVersion_ = named;
   ApplyFeatureValues(scenario.platform);
   session_.emplace(repository_, scenario.platform, defects_);
   if (progress_) {
@@ -116,6 +142,7 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
     session_.reset();
     return kRefused;
   }
+  WarnOfUnknownAdapters(scenario.platform, errors_);
   if (session_->initStatus() == S_OK) return kSuccess;
   errors_ << "wmihost: the provider reports a failed start: "
           << DescribeResult(session_->initStatus()) << '\n';

@@ -39,6 +39,8 @@ class ProviderHost {
   void BeginCommand() {
     if (progress_) progress_->BeginCommand();
   }
+  /// What the provider's version query answers.
+  simulator::OsVersion osVersion() const { return osVersion_.value_or(ownVersion_); }
   /// The provider that was made, null if there is none.
   ProviderSession* session() { return session_ ? &*session_ : nullptr; }
   /// Releases everything; gives kDefective if the provider ever broke the contract.
@@ -54,6 +56,9 @@ class ProviderHost {
   platform::ComPtr<IClassFactory> factory_;
   // Made after the factory: the registration is the machine's own.
   std::optional<platform::PrivateLocalMachine> localMachine_;
+  std::optional<simulator::OsVersion> namedVersion_;  ///< by the command line
+  std::optional<simulator::OsVersion> osVersion_;     ///< other than the system's own
+  simulator::OsVersion ownVersion_;
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

@@ -1,5 +1,6 @@
 #include "host/cli/assign.h"
 #include "host/cli/commands.h"
+#include "host/cli/dump_origin.h"
 #include "host/cli/schema_view.h"
 #include "host/cli/show.h"
 #include "host/report/report.h"
@@ -11,8 +12,17 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
   const ClassInfo* info = context.repository.FindClass(className);
   CheckChart(context.repository, command, info);
   const std::vector<std::string> fields = FieldsOf(info, command.fields);
-  return Show(context, className, className, context.session->Enumerate(className), command,
-              fields);
+  if (command.format != OutputFormat::kCsv) {
+    return Show(context, className, className, context.session->Enumerate(className), command,
+                fields);
+  }
+  // A format without widths: instances need not be kept until the last has come.
+  const bool paths = command.Has("--paths");
+  CsvRows rows(ColumnsOf(fields, paths));
+  const Outcome outcome = context.session->Enumerate(
+      className, [&](const CimObject& object) { rows.Add(RowOf(object, fields, paths)); });
+  rows.Write(context.output);
+  return context.ReportOf(className, className, outcome.status);
 }
 
 ExitStatus RunGet(const Command& command, CommandContext& context) {
@@ -28,9 +38,11 @@ ExitStatus RunGet(const Command& command, CommandContext& context) {
 
 namespace {
 
-/// All instances of all classes; `status` becomes that of the worst enumeration.
+/// All instances of all classes and, behind them, where they come from; `status` becomes that of
+/// the worst enumeration.
 Json ReportedDump(CommandContext& context, ExitStatus* status) {
   Json all = Json::object();
+  DumpOrigin origin;
   *status = kSuccess;
   for (const ClassInfo* info : context.repository.served()) {
     const Outcome outcome = context.session->Enumerate(info->name());
@@ -38,8 +50,11 @@ Json ReportedDump(CommandContext& context, ExitStatus* status) {
     // The provider's answer to an empty list, which is nothing wrong.
     const bool isEmpty = outcome.status == WBEM_E_NOT_FOUND && outcome.objects.empty();
     const ExitStatus reported = context.Report(info->name(), outcome.status);
-    if (!isEmpty) *status = Worse(*status, reported);
+    if (isEmpty) continue;
+    *status = Worse(*status, reported);
+    origin.Visit(*info, outcome);
   }
+  all[kOriginMember] = Json::array({origin.ToJson(context)});
   return all;
 }
 
@@ -52,6 +67,7 @@ ExitStatus RunDump(const Command& command, CommandContext& context) {
     context.output << JsonText(all);
     return status;
   }
+  all.erase(kOriginMember);
   for (const auto& [name, rows] : all.items()) {
     context.output << "== " << name << " (" << rows.size() << ")\n"
                    << FormatRows(rows, command.format, context.width, {}, context.color) << '\n';

@@ -3,27 +3,45 @@
 
 #include "host/cli/commands.h"
 #include "host/os/os.h"
+#include "scenario/from_dump.h"
 #include "scenario/from_iw.h"
 #include "scenario/text_file.h"
 
 namespace host {
 
+namespace {
+
+struct Source {
+  const char* option;
+  simulator::ScenarioOfCapture (*make)(std::string_view text, const std::string& source);
+};
+constexpr Source kSources[] = {{"--from-iw", simulator::ScenarioFromIw},
+                               {"--from-dump", simulator::ScenarioFromDump}};
+
+}  // namespace
+
 ExitStatus RunScenario(const Command& command, CommandContext& context) {
-  if (!command.Has("--from-iw")) {
+  const Source* chosen = nullptr;
+  for (const Source& source : kSources) {
+    if (!command.Has(source.option)) continue;
+    if (chosen != nullptr) throw CommandLineError("scenario: it is made of one thing at a time");
+    chosen = &source;
+  }
+  if (chosen == nullptr) {
     throw CommandLineError("scenario: what it is to be made of is missing; see help scenario");
   }
-  const std::string path = command.Text("--from-iw");
+  const std::string path = command.Text(chosen->option);
   const bool isFile = !path.empty() && path != "-";
   const std::string source = isFile ? path : "standard input";
-  std::string capture;
+  std::string text;
   if (isFile) {
-    capture = simulator::ReadTextFile(os::FileName(path), path);
+    text = simulator::ReadTextFile(os::FileName(path), path);
   } else {
-    capture.assign(std::istreambuf_iterator<char>(std::cin), {});
+    text.assign(std::istreambuf_iterator<char>(std::cin), {});
   }
-  if (capture.empty()) throw simulator::ScenarioError(source + ": it is empty");
-  const simulator::ScenarioOfCapture made = simulator::ScenarioFromIw(capture, source);
-  // What is left out.
+  if (text.empty()) throw simulator::ScenarioError(source + ": it is empty");
+  const simulator::ScenarioOfCapture made = chosen->make(text, source);
+  // What is left out or cannot be told.
   for (const std::string& remark : made.remarks) context.errors << "wmihost: " << remark << '\n';
   context.output << made.json;
   return kSuccess;

@@ -9,23 +9,31 @@ constexpr const char* kPathName = "__RELPATH";
 
 }  // namespace
 
+Json RowOf(const CimObject& object, const std::vector<std::string>& fields, bool paths) {
+  Json row = Json::object();
+  if (paths) row[kPathName] = object.SystemValue(kPathName);
+  const Json all = object.ToJson();
+  if (fields.empty()) row.update(all);
+  for (const std::string& field : fields) {
+    if (SystemPropertyName(field)) {
+      row[field] = object.SystemValue(field);
+    } else if (const auto found = all.find(field); found != all.end()) {
+      row[field] = *found;
+    }
+  }
+  return row;
+}
+
+std::vector<std::string> ColumnsOf(const std::vector<std::string>& fields, bool paths) {
+  std::vector<std::string> names = fields;
+  if (paths && !names.empty()) names.insert(names.begin(), kPathName);
+  return names;
+}
+
 Json RowsOf(const std::vector<CimObject>& objects, const std::vector<std::string>& fields,
             bool paths) {
   Json rows = Json::array();
-  for (const CimObject& object : objects) {
-    Json row = Json::object();
-    if (paths) row[kPathName] = object.SystemValue(kPathName);
-    const Json all = object.ToJson();
-    if (fields.empty()) row.update(all);
-    for (const std::string& field : fields) {
-      if (SystemPropertyName(field)) {
-        row[field] = object.SystemValue(field);
-      } else if (const auto found = all.find(field); found != all.end()) {
-        row[field] = *found;
-      }
-    }
-    rows.push_back(std::move(row));
-  }
+  for (const CimObject& object : objects) rows.push_back(RowOf(object, fields, paths));
   return rows;
 }
 
@@ -61,10 +69,8 @@ ExitStatus Show(CommandContext& context, const std::string& what, const std::str
       context.output << ChartText(RowsOf(outcome.objects, {}, false), context.width);
     } else {
       const bool paths = command.Has("--paths");
-      std::vector<std::string> names = fields;
-      if (paths && !names.empty()) names.insert(names.begin(), kPathName);
       context.output << FormatRows(RowsOf(outcome.objects, fields, paths), command.format,
-                                   context.width, names, context.color);
+                                   context.width, ColumnsOf(fields, paths), context.color);
     }
   }
   return context.ReportOf(what, classOrPath, outcome.status);

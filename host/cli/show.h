@@ -9,6 +9,11 @@
 
 namespace host {
 
+/// One object as a row of the output formats: see RowsOf.
+Json RowOf(const CimObject& object, const std::vector<std::string>& fields, bool paths);
+/// The columns that were asked for, empty for those that the rows have.
+std::vector<std::string> ColumnsOf(const std::vector<std::string>& fields, bool paths);
+
 /// Objects as rows of the output formats: all that was put, or only `fields`; with `paths` each
 /// begins with its object path, __RELPATH.
 Json RowsOf(const std::vector<CimObject>& objects, const std::vector<std::string>& fields,

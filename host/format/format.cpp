@@ -1,6 +1,7 @@
 #include "host/format/format.h"
 
 #include <algorithm>
+#include <sstream>
 #include <unordered_set>
 
 namespace host {
@@ -67,22 +68,50 @@ std::string JsonText(const Json& value) {
   return value.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-std::string CsvText(const Json& rows, std::vector<std::string> names) {
-  if (rows.empty()) return "";
-  if (names.empty()) names = NamesOf(rows);
-  std::string text;
-  for (const std::string& name : names) text += (text.empty() ? "" : ",") + CsvField(name);
-  if (!names.empty()) text += '\n';
-  for (const Json& row : rows) {
-    std::string line;
-    for (const std::string& name : names) {
-      if (&name != &names.front()) line += ',';
-      if (const auto found = row.find(name); found != row.end()) line += CsvValue(*found);
+void CsvRows::Add(const Json& row) {
+  constexpr std::size_t kBlock = 1 << 20;
+  if (!fixed_) {
+    for (const auto& [name, value] : row.items()) {
+      if (std::ranges::find(names_, name) == names_.end()) names_.push_back(name);
     }
-    // A line without anything would be no row to a reader.
-    text += (line.empty() && names.size() == 1 ? "\"\"" : line) + '\n';
   }
-  return text;
+  if (blocks_.empty() || blocks_.back().columns != names_.size() ||
+      blocks_.back().text.size() > kBlock) {
+    blocks_.push_back({names_.size()});
+  }
+  Block& block = blocks_.back();
+  for (const std::string& name : names_) {
+    if (&name != &names_.front()) block.text += ',';
+    if (const auto found = row.find(name); found != row.end()) block.text += CsvValue(*found);
+  }
+  block.ends.push_back(block.text.size());
+}
+
+void CsvRows::Write(std::ostream& output) const {
+  if (blocks_.empty()) return;
+  for (const std::string& name : names_) {
+    output << (&name == &names_.front() ? "" : ",") << CsvField(name);
+  }
+  if (!names_.empty()) output << '\n';
+  for (const Block& block : blocks_) {
+    const std::size_t first = block.columns == 0 ? 1 : block.columns;
+    const std::string missing(names_.size() > first ? names_.size() - first : 0, ',');
+    std::size_t start = 0;
+    for (const std::size_t end : block.ends) {
+      const std::string_view line = std::string_view(block.text).substr(start, end - start);
+      // A line without anything would be no row to a reader.
+      output << (line.empty() && names_.size() == 1 ? "\"\"" : line) << missing << '\n';
+      start = end;
+    }
+  }
+}
+
+std::string CsvText(const Json& rows, std::vector<std::string> names) {
+  CsvRows csv(std::move(names));
+  for (const Json& row : rows) csv.Add(row);
+  std::ostringstream text;
+  csv.Write(text);
+  return text.str();
 }
 
 std::string ListText(const Json& rows) {

@@ -2,7 +2,9 @@
 // The output formats. Rows are JSON objects, name to value, in the order in which they are shown;
 // not every row has every name. Texts are UTF-8, lines end with a line feed.
 
+#include <deque>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +29,31 @@ std::string FormatRows(const Json& rows, OutputFormat format, int width,
 
 /// JSON with an indent of two blanks and a line end; texts that are no UTF-8 are mended.
 std::string JsonText(const Json& value);
-/// One header line, then one line for each row, as RFC 4180 writes them but with line feeds.
+/// Rows that come one after the other, kept as the lines that they become.
+class CsvRows {
+ public:
+  /// `names` are the columns, none for those that the rows have, in the order in which they come.
+  explicit CsvRows(std::vector<std::string> names)
+      : names_(std::move(names)), fixed_(!names_.empty()) {}
+
+  void Add(const Json& row);
+  /// One header line, then one line for each row, as RFC 4180 writes them but with line feeds.
+  void Write(std::ostream& output) const;
+
+ private:
+  /// Lines of rows that were added while there were so many columns.
+  struct Block {
+    std::size_t columns;
+    std::string text = {};
+    std::vector<std::size_t> ends = {};  ///< of the lines
+  };
+
+  std::vector<std::string> names_;
+  bool fixed_;
+  std::deque<Block> blocks_;
+};
+
+/// The lines of CsvRows.
 std::string CsvText(const Json& rows, std::vector<std::string> names = {});
 /// One `Name : Value` line for each value; a blank line between rows.
 std::string ListText(const Json& rows);

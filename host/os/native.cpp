@@ -48,6 +48,10 @@ std::string LoadProblem(const std::string& path) {
   return problem.starts_with(path + ": ") ? problem.substr(path.size() + 2) : problem;
 }
 
+FARPROC FunctionByOrdinal(HMODULE module, WORD, const char* symbol) {
+  return GetProcAddress(module, symbol);
+}
+
 std::string LibraryFile(const std::string& name) {
   return "lib" + name + ".so";
 }

@@ -40,6 +40,8 @@ bool HasComRegistration();
 HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory);
 /// A module that is loaded already, null otherwise.
 HMODULE LoadedModule(const std::string& path);
+/// A function that a module exports by its ordinal, elsewhere by a symbol; null if it does not.
+FARPROC FunctionByOrdinal(HMODULE module, WORD ordinal, const char* symbol);
 /// Lets the system unload the modules of registered classes that nobody needs any more.
 void UnloadUnusedModules();
 /// A path in the form that the standard library's files and the environment take.

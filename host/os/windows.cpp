@@ -99,6 +99,10 @@ std::string LoadProblem(const std::string& path) {
   return problem.empty() ? number : problem + " (" + number + ")";
 }
 
+FARPROC FunctionByOrdinal(HMODULE module, WORD ordinal, const char*) {
+  return GetProcAddress(module, MAKEINTRESOURCEA(ordinal));
+}
+
 std::string LibraryFile(const std::string& name) {
   return name + ".dll";
 }

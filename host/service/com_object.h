@@ -71,7 +71,8 @@ class ComObject : public Interface, public Counted {
   ULONG STDMETHODCALLTYPE Release() override { return Drop(); }
 };
 
-/// Owns the objects of one request.
+/// Owns the objects of one request. What the provider has released is kept for a while, so that a
+/// release too many is noticed; a request of very many objects lets the oldest of them go.
 class ObjectPool {
  public:
   /// Makes an object; the pointer carries its first reference.
@@ -79,6 +80,7 @@ class ObjectPool {
   platform::ComPtr<Object> New(Arguments&&... arguments) {
     auto owned = std::make_unique<Object>(std::forward<Arguments>(arguments)...);
     Object* object = owned.get();
+    if (objects_.size() >= roomy_) Tidy();
     objects_.push_back(std::move(owned));
     return platform::ComPtr<Object>::Adopt(object);
   }
@@ -88,8 +90,14 @@ class ObjectPool {
   void Sweep(const std::string& request, Defects& defects);
 
  private:
+  static constexpr std::size_t kKept = 4096;
+
+  /// Frees what was released as it should be, but for the newest.
+  void Tidy();
+
   std::vector<std::unique_ptr<Counted>> objects_;
   std::vector<std::unique_ptr<Counted>> leaked_;
+  std::size_t roomy_ = 2 * kKept;  ///< so many objects, and it is tidied
 };
 
 }  // namespace host

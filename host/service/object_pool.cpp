@@ -1,6 +1,18 @@
+#include <algorithm>
+
 #include "host/service/com_object.h"
 
 namespace host {
+
+void ObjectPool::Tidy() {
+  const auto newest = objects_.end() - static_cast<std::ptrdiff_t>(kKept);
+  const auto kept =
+      std::remove_if(objects_.begin(), newest, [](const std::unique_ptr<Counted>& object) {
+        return object->references() == 0 && !object->misused() && object->complaints().empty();
+      });
+  objects_.erase(kept, newest);
+  roomy_ = objects_.size() + kKept;
+}
 
 void ObjectPool::Sweep(const std::string& request, Defects& defects) {
   for (std::unique_ptr<Counted>& object : objects_) {
@@ -17,6 +29,7 @@ void ObjectPool::Sweep(const std::string& request, Defects& defects) {
     if (held > 0) leaked_.push_back(std::move(object));
   }
   objects_.clear();
+  roomy_ = 2 * kKept;
 }
 
 }  // namespace host

@@ -99,12 +99,13 @@ void ProviderSession::Stop() {
 
 template <class Operation>
 Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expected,
-                             Operation operation) {
+                             Operation operation, const ObjectVisitor* visitor) {
   Outcome outcome;
   if (watcher_) watcher_(&request);
   {
     platform::ComPtr<RequestContext> context = pool_.New<RequestContext>();
     platform::ComPtr<RequestSink> sink = pool_.New<RequestSink>(defects_, request, expected);
+    sink->Visit(visitor);
     namespace_.BeginRequest(request, context.get());
     const HRESULT returned =
         Guarded(request, defects_, [&] { return operation(context.get(), sink.get()); });
@@ -117,11 +118,22 @@ Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expect
 }
 
 Outcome ProviderSession::Enumerate(const std::string& className) {
+  return EnumerateInto(className, nullptr);
+}
+
+Outcome ProviderSession::Enumerate(const std::string& className, const ObjectVisitor& visitor) {
+  return EnumerateInto(className, &visitor);
+}
+
+Outcome ProviderSession::EnumerateInto(const std::string& className, const ObjectVisitor* visitor) {
   const ClassInfo* info = repository_.FindClass(className);
   const Bstr name = WideBstr(info == nullptr ? className : info->name());
-  return Run("enumerate " + className, info, [&](IWbemContext* context, IWbemObjectSink* sink) {
-    return services_->CreateInstanceEnumAsync(name.get(), 0, context, sink);
-  });
+  return Run(
+      "enumerate " + className, info,
+      [&](IWbemContext* context, IWbemObjectSink* sink) {
+        return services_->CreateInstanceEnumAsync(name.get(), 0, context, sink);
+      },
+      visitor);
 }
 
 Outcome ProviderSession::Get(const std::string& path) {

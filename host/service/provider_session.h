@@ -32,6 +32,8 @@ class ProviderSession {
   void Watch(std::function<void(const std::string*)> watcher) { watcher_ = std::move(watcher); }
 
   Outcome Enumerate(const std::string& className);
+  /// The same, each instance going to `visitor` as it comes: the outcome has none.
+  Outcome Enumerate(const std::string& className, const ObjectVisitor& visitor);
   Outcome Get(const std::string& path);
   Outcome Query(const std::string& query);
   Outcome Put(const CimObject& instance);
@@ -42,7 +44,10 @@ class ProviderSession {
  private:
   /// Runs one request: `operation(context, sink)` makes the call and returns its result.
   template <class Operation>
-  Outcome Run(const std::string& request, const ClassInfo* expected, Operation operation);
+  Outcome Run(const std::string& request, const ClassInfo* expected, Operation operation,
+              const ObjectVisitor* visitor = nullptr);
+
+  Outcome EnumerateInto(const std::string& className, const ObjectVisitor* visitor);
 
   const Repository& repository_;
   Defects& defects_;

@@ -29,7 +29,11 @@ bool RequestSink::Accept(IWbemClassObject* object) {
            expected_->name());
     return false;
   }
-  objects_.push_back(known->object());
+  if (visitor_ != nullptr) {
+    (*visitor_)(known->object());
+  } else {
+    objects_.push_back(known->object());
+  }
   return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,12 +16,18 @@ struct Outcome {
   std::vector<CimObject> objects;
 };
 
+/// Is given each object while its request runs.
+using ObjectVisitor = std::function<void(const CimObject&)>;
+
 /// The sink of one request; reports every call that breaks the contract.
 class RequestSink final : public ComObject<IWbemObjectSink, IID_IWbemObjectSink> {
  public:
   /// `expected` is the class of which instances are asked, null where any class of the schema may
   /// come. `request` stands in reports. All outlive the sink.
   RequestSink(Defects& defects, std::string request, const ClassInfo* expected);
+
+  /// Each object goes to `visitor`, which outlives the sink, instead of into the outcome.
+  void Visit(const ObjectVisitor* visitor) { visitor_ = visitor; }
 
   HRESULT STDMETHODCALLTYPE Indicate(LONG count, IWbemClassObject** objects) override;
   HRESULT STDMETHODCALLTYPE SetStatus(LONG flags, HRESULT status, BSTR text,
@@ -36,6 +43,7 @@ class RequestSink final : public ComObject<IWbemObjectSink, IID_IWbemObjectSink>
   Defects& defects_;
   std::string request_;
   const ClassInfo* expected_;
+  const ObjectVisitor* visitor_ = nullptr;
   std::optional<HRESULT> status_;
   std::vector<CimObject> objects_;
 };

@@ -60,6 +60,7 @@ TEST(ScenarioErrors, NameThePlaceAndWhatWasExpected) {
       {R"({"platform": {"userName": 5}})", "/platform/userName: expected a text, found 5"},
       {R"({"platform": {"networkAdapters": [{"mac": ""}]}})",
        "/platform/networkAdapters/0/mac: no such member; accepted are deviceId"},
+      {R"({"platform": {"osVersion": "6"}})", "/platform/osVersion: expected a version such as"},
       {R"({"registry": {"keyPresent": 1}})", "/registry/keyPresent: expected true or false"},
       {R"({"profiles": {"users": []}})", "accepted are user, persistent, prelogon, postlogon, it"},
       {R"({"profiles": {"user": [{"ssid": "x"}]}})", "/profiles/user/0: the member name"},

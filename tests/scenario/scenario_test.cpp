@@ -109,6 +109,12 @@ TEST(Scenario, ListsAreCountedAndMayShowFewerEntriesThanTheyHold) {
   EXPECT_EQ(exclude[4 + 49], 0x80);
 }
 
+TEST(Scenario, ASettingMayBeUnknown) {
+  const Scenario scenario = ParseScenario(R"({"settings": {"426": null, "7": 1}})", "test");
+  EXPECT_EQ(scenario.settings,
+            (std::map<std::uint32_t, std::uint32_t>{{7, 1}, {406, 0}, {415, 1}, {416, 1}}));
+}
+
 TEST(Scenario, FilesLoad) {
   const struct {
     const char* file;

@@ -1,0 +1,57 @@
+#pragma once
+// Which member of a scenario each property of a class shows: one row a class, one row a property
+// whose name is not that of its member. Only the sources of this folder include it.
+
+#include <span>
+#include <string_view>
+
+#include "scenario/fields.h"
+
+namespace simulator {
+
+/// How a property's value is turned back.
+enum class Turn {
+  kPlain,          ///< as the member's own row says
+  kHex,            ///< hexadecimal text
+  kDbm,            ///< "-52 dBm"
+  kMbps,           ///< "54.0 Mbps", in bit/s
+  kProfileName,    ///< a blank is an association without a profile
+  kApAddress,      ///< of the association; empty or zeros where it is in none
+  kDottedVersion,  ///< "4.0.2"
+  kMilliwatts,     ///< "1.0, 5.0 mW", in dBm
+  kJoined,         ///< texts with two blanks behind each
+  kReason,         ///< of an excluded network
+  kProfileMode,    ///< BSS, IBSS
+  kNone,           ///< shown elsewhere, or said by the place of the instance
+};
+
+struct PropertyRow {
+  std::string_view property;
+  Turn turn;
+  const char* member;  ///< null: the one of the property's own name
+};
+
+/// A class that shows one record of each adapter.
+struct RecordRow {
+  const char* className;
+  const char* key;        ///< the property that holds the adapter's device id
+  const char* record;     ///< the member of the adapter that holds it; null for the adapter itself
+  const char* operation;  ///< a failure of this call leaves the instance out
+  bool unguarded;         ///< only an exception of it does
+  std::span<const PropertyRow> properties;
+};
+
+/// A class that shows the entries of a list, or profiles.
+struct ListRow {
+  const char* className;
+  const char* member;
+  const char* operation;  ///< gives the list; null for profiles
+  const Table& table;
+  std::span<const PropertyRow> properties;
+};
+
+extern const std::span<const RecordRow> kRecordClasses;
+extern const std::span<const ListRow> kListClasses;
+extern const ListRow kProfileClass;
+
+}  // namespace simulator

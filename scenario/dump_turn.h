@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "scenario/dump_classes.h"
+#include "scenario/json.h"
+
+namespace simulator {
+
+/// Turns one property of an instance into members of the object `target`, whose rows are `table`'s.
+/// Gives what is to be said about it, empty for nothing.
+std::string TurnBack(std::string_view property, const nlohmann::json& value,
+                     std::span<const PropertyRow> rows, const Table& table,
+                     nlohmann::ordered_json& target);
+
+}  // namespace simulator
