@@ -64,10 +64,10 @@ std::optional<int> LevelOf(std::string_view milliwatts) {
   const char* end = milliwatts.data() + milliwatts.size();
   if (std::from_chars(milliwatts.data(), end, power).ptr != end) return std::nullopt;
   const int level = power > 0 ? static_cast<int>(std::lround(10 * std::log10(power))) : kNoPower;
-  for (const int near : {level, level - 1, level + 1}) {
+  for (const int candidate : {level, level - 1, level + 1}) {
     constexpr std::size_t kLongest = 320;
-    const auto shown = platform::ShortText<kLongest>().Tenths(std::pow(10.0, near / 10.0));
-    if (std::string_view(shown) == milliwatts) return near;
+    const auto shown = platform::ShortText<kLongest>().Tenths(std::pow(10.0, candidate / 10.0));
+    if (std::string_view(shown) == milliwatts) return candidate;
   }
   return std::nullopt;
 }

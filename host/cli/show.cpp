@@ -10,6 +10,7 @@ constexpr const char* kPathName = "__RELPATH";
 }  // namespace
 
 Json RowOf(const CimObject& object, const std::vector<std::string>& fields, bool paths) {
+  if (fields.empty() && !paths) return object.ToJson();
   Json row = Json::object();
   if (paths) row[kPathName] = object.SystemValue(kPathName);
   const Json all = object.ToJson();

@@ -67,6 +67,7 @@ const SystemProperty kSystemProperties[] = {
 };
 
 const SystemProperty* FindSystemProperty(const std::string& name) {
+  if (!name.starts_with("__")) return nullptr;
   const auto* found = std::ranges::find_if(
       kSystemProperties, [&](const SystemProperty& row) { return SameName(row.name, name); });
   return found == std::end(kSystemProperties) ? nullptr : found;

@@ -84,6 +84,26 @@ TEST_F(ProviderSessionTest, GivesWhatAWellBehavedProviderIndicates) {
   ExpectDefects({});
 }
 
+TEST_F(ProviderSessionTest, GivesManyInstancesAsTheyComeAndForgetsNoHeldOne) {
+  constexpr LONG kMany = 20000;
+  Start();
+  provider_.services.steps = [](Request& request) {
+    [[maybe_unused]] auto* oldest = Spawn(request, OLESTR("Toy")).release();  // and never Release
+    for (LONG index = 0; index < kMany; ++index) IndicateToy(request, index);
+    const ComPtr<IWbemClassObject> recent = Spawn(request, OLESTR("Toy"));
+    recent->Release();  // once too often
+    return Finish(request, S_OK);
+  };
+  LONG next = 0;
+  const Outcome outcome = session_.Enumerate("Toy", [&next](const CimObject& toy) {
+    EXPECT_EQ(toy.ToJson()["Count"], next);
+    ++next;
+  });
+  EXPECT_EQ(next, kMany);
+  EXPECT_TRUE(outcome.objects.empty());
+  ExpectDefects({"1 reference to an instance of Toy was not released", "released more often"});
+}
+
 TEST_F(ProviderSessionTest, PassesFailuresOnWithoutBlame) {
   Start();
   provider_.services.steps = [](Request& request) {
