@@ -1,6 +1,8 @@
-// The module's entry point, over a library that is faked.
+// The module's entry point and its registration, over a library that is faked.
 
+#include "platform/native/observe.h"
 #include "tests/support/provider_fixture.h"
+#include "tests/support/registry_content.h"
 #include "tests/sweep/swept_module.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
@@ -25,6 +27,42 @@ TEST_F(ModuleEntry, SetsTheLibrarysModeAtItsStartAndAsksNothingElse) {
   EXPECT_EQ(journal.calls().size(), 1u);
   api.onSetLibraryMode = testing_support::Raises();
   EXPECT_TRUE(DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr));
+}
+
+// Short of memory at any point, the module is registered or it is not.
+TEST(ModuleRegistration, IsWholeOrNotThereAtAll) {
+  using testing_support::FaultPlan;
+  native::ClearRegistry();
+  ASSERT_EQ(Module().registerServer(), S_OK);
+  const auto whole = testing_support::ContentOf(HKEY_CLASSES_ROOT);
+  ASSERT_EQ(Module().unregisterServer(), S_OK);
+  const auto none = testing_support::ContentOf(HKEY_CLASSES_ROOT);
+  ASSERT_GT(whole.size(), none.size() + 5);
+  int points = 0;
+  for (const bool registers : {true, false}) {
+    for (int nth = 1;; ++nth) {
+      registers ? Module().unregisterServer() : Module().registerServer();
+      FaultPlan plan{testing_support::Step::kHeap, testing_support::Manner::kCode, nth, false};
+      FaultPlan::armed = &plan;
+      const testing_support::Side inside(true);
+      const HRESULT result = registers ? Module().registerServer() : Module().unregisterServer();
+      const testing_support::Side outside(false);
+      FaultPlan::armed = nullptr;
+      if (plan.struck == 0) break;
+      ++points;
+      SCOPED_TRACE((registers ? "registering, allocation " : "unregistering, allocation ") +
+                   std::to_string(nth));
+      // A removal that fails half way has said so, and can be made again.
+      if (FAILED(result) && !registers) {
+        EXPECT_EQ(Module().unregisterServer(), S_OK);
+      }
+      EXPECT_EQ(testing_support::ContentOf(HKEY_CLASSES_ROOT),
+                SUCCEEDED(result) && registers ? whole : none);
+    }
+  }
+  std::cout << points << " failure points tried in the registration" << std::endl;
+  EXPECT_GT(points, 50);
+  native::ClearRegistry();
 }
 
 }  // namespace

@@ -124,4 +124,24 @@ std::vector<Request> AllRequests(testing_support::InstanceScript& script) {
   return requests;
 }
 
+HRESULT Send(const Request& request, IWbemServices& provider, IWbemObjectSink* client) {
+  switch (request.kind) {
+    case Request::kEnumerate:
+      return provider.CreateInstanceEnumAsync(request.text.get(), 0, nullptr, client);
+    case Request::kQuery:
+      return provider.ExecQueryAsync(nullptr, request.text.get(), 0, nullptr, client);
+    case Request::kGet:
+      return provider.GetObjectAsync(request.text.get(), 0, nullptr, client);
+    case Request::kDelete:
+      return provider.DeleteInstanceAsync(request.text.get(), 0, nullptr, client);
+    case Request::kPut:
+      return provider.PutInstanceAsync(request.object.get(), 0, nullptr, client);
+    case Request::kMethod:
+      return provider.ExecMethodAsync(request.text.get(), request.method.get(), 0, nullptr,
+                                      request.object.get(), client);
+    default:
+      return E_UNEXPECTED;
+  }
+}
+
 }  // namespace sweep

@@ -22,4 +22,7 @@ struct Request {
 /// adapters are "7" and "10", the networks those of library_data.h.
 std::vector<Request> AllRequests(testing_support::InstanceScript& script);
 
+/// Makes one of the six requests that go to the provider itself; its answer.
+HRESULT Send(const Request& request, IWbemServices& provider, IWbemObjectSink* client);
+
 }  // namespace sweep

@@ -117,26 +117,14 @@ class Sweep : public ProviderFixture {
     ComPtr<IWbemProviderInit> init;
     ComPtr<IWbemServices> made;
     switch (request.kind) {
-      case Request::kEnumerate:
-        return served_->CreateInstanceEnumAsync(request.text.get(), 0, nullptr, client);
-      case Request::kQuery:
-        return served_->ExecQueryAsync(nullptr, request.text.get(), 0, nullptr, client);
-      case Request::kGet:
-        return served_->GetObjectAsync(request.text.get(), 0, nullptr, client);
-      case Request::kDelete:
-        return served_->DeleteInstanceAsync(request.text.get(), 0, nullptr, client);
-      case Request::kPut:
-        return served_->PutInstanceAsync(request.object.get(), 0, nullptr, client);
-      case Request::kMethod:
-        return served_->ExecMethodAsync(request.text.get(), request.method.get(), 0, nullptr,
-                                        request.object.get(), client);
       case Request::kInitialize:
         initStatuses.clear();
         return InitializeOnly(*init_.get());
       case Request::kFactory:
         return Factory(init, made);
+      default:
+        return Send(request, *served_.get(), client);
     }
-    return E_UNEXPECTED;
   }
 
   /// Makes a request with a sink of its own; `kept_` says what was kept of the client's objects.
@@ -214,7 +202,7 @@ class Sweep : public ProviderFixture {
     const Levels before;
     for (const auto& [step, manner] : kFaults) {
       if (calls[static_cast<std::size_t>(step)] == 0) continue;
-      if (manner == Manner::kStructured && FaultPlan::raiseStructured == nullptr) continue;
+      if (kStructuredOnly != (manner == Manner::kStructured)) continue;
       for (const bool persistent : {false, true}) {
         if (persistent && manner == Manner::kReenter) continue;
         for (int nth = 1;; ++nth) {
@@ -224,6 +212,10 @@ class Sweep : public ProviderFixture {
             const ComPtr<FakeSink> sink2 = MakeSink(script);
             inner.answer = Serve(other_, sink2.get());
             inner.statuses = sink2->statuses;
+            // The adapters are found anew as well; the request keeps those that it started with.
+            const std::vector<LONG> outer = initStatuses;
+            InitializeOnly(*init_.get());
+            initStatuses = outer;
           };
           const Outcome outcome = Run(request, &plan);
           if (plan.struck == 0) break;

@@ -15,6 +15,10 @@ struct SweptModule {
   HRESULT(STDAPICALLTYPE* unregisterServer)();
 };
 
+/// Whether the sweep tries structured exceptions alone, which only the linked module meets, or
+/// everything else.
+extern const bool kStructuredOnly;
+
 /// The module; the adapter control library that it calls is `*currentLibrary`.
 const SweptModule& Module();
 extern adapterapi::AdapterApi* currentLibrary;

@@ -75,6 +75,8 @@ adapterapi::AdapterApi& adapterapi::ImportedAdapterApi() {
 
 namespace sweep {
 
+const bool kStructuredOnly = false;
+
 const SweptModule& Module() {
   static const SweptModule module = {nullptr, DllGetClassObject, DllCanUnloadNow, DllRegisterServer,
                                      DllUnregisterServer};

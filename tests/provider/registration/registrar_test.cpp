@@ -1,18 +1,12 @@
 #include "provider/registration/registrar.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-#include "platform/registry_key.h"
-#include "platform/text.h"
+#include "tests/support/registry_content.h"
 
 namespace wifi {
 namespace {
 
 using platform::OleString;
 using platform::RegistryKey;
-using platform::Utf8Text;
 
 constexpr const char* kScript = R"(HKCR
 {
@@ -42,12 +36,7 @@ class Registration : public ::testing::Test {
   }
   void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, kRoot.c_str()); }
 
-  /// "KEY\SUBKEY[@VALUE]" to text, of everything below the root; keys without a value as "".
-  std::map<std::string, std::string> Content() {
-    std::map<std::string, std::string> content;
-    Collect(root.get(), "", content);
-    return content;
-  }
+  testing_support::RegistryContent Content() { return testing_support::ContentOf(root.get()); }
   void MakeKey(const OleString& name) {
     RegistryKey key;
     ASSERT_EQ(key.Create(root.get(), name), LSTATUS{0});
@@ -56,34 +45,10 @@ class Registration : public ::testing::Test {
   RegistryKey root;
 
  private:
-  static void Collect(HKEY key, const std::string& path,
-                      std::map<std::string, std::string>& content) {
-    for (const OLECHAR* name : {OLESTR(""), OLESTR("Model")}) {
-      OLECHAR text[256];
-      DWORD size = sizeof(text);
-      if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size) ==
-          0) {
-        const std::string suffix = *name == OLECHAR{} ? "" : "@" + Utf8Text(name);
-        content[path + suffix] = Utf8Text(text);
-      }
-    }
-    OLECHAR name[256];
-    DWORD length = 256;
-    for (DWORD index = 0;
-         RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) == 0;
-         ++index, length = 256) {
-      RegistryKey child;
-      ASSERT_EQ(child.Open(key, name, KEY_READ), LSTATUS{0});
-      const std::string childPath = path + "\\" + Utf8Text(name);
-      content[childPath];
-      Collect(child.get(), childPath, content);
-    }
-  }
-
   const OleString kRoot = OLESTR("Software\\RegistrationTest");
 };
 
-const std::map<std::string, std::string> kWritten = {
+const testing_support::RegistryContent kWritten = {
     {"\\Plain", "Text with {braces} and = signs"},
     {"\\Plain\\Child", "C:\\It's here\\module.dll"},
     {"\\Shared", ""},
@@ -103,7 +68,7 @@ TEST_F(Registration, WritesExactlyTheScriptAndTakesItBack) {
   }
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(RemoveRegistration(root.get(), script), S_OK);
-    EXPECT_EQ(Content(), (std::map<std::string, std::string>{{"\\Shared", ""}}));
+    EXPECT_EQ(Content(), (testing_support::RegistryContent{{"\\Shared", ""}}));
   }
 }
 
@@ -128,7 +93,7 @@ TEST_F(Registration, LeavesNothingBehindAfterAFailureHalfWay) {
   script.back().keys.front().keys.back().name =
       OleString(300, OLECHAR('k'));  // no key's name is so long
   EXPECT_TRUE(FAILED(ApplyRegistration(root.get(), script)));
-  EXPECT_EQ(Content(), (std::map<std::string, std::string>{{"\\Shared", ""}}));
+  EXPECT_EQ(Content(), (testing_support::RegistryContent{{"\\Shared", ""}}));
 }
 
 TEST(RegistrationScript, SaysWhereItIsWrong) {

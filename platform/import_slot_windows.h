@@ -1,0 +1,62 @@
+#pragma once
+// The addresses through which a loaded module calls what it imports. For tests and the host alone.
+
+#include <cstddef>
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace platform {
+
+/// The module's slot for an imported function, by name or, as MAKEINTRESOURCEA(n), by ordinal; null
+/// if it imports none such. Without a library, of whichever. Without a module, of this program.
+inline ULONGLONG* ImportSlot(HMODULE module, const char* library, const char* function) {
+  if (module == nullptr) module = GetModuleHandleW(nullptr);
+  auto* base = reinterpret_cast<std::byte*>(module);
+  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+  const IMAGE_DATA_DIRECTORY& directory =
+      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  if (directory.VirtualAddress == 0) return nullptr;
+  const auto* import =
+      reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+  for (; import->Name != 0; ++import) {
+    if (import->OriginalFirstThunk == 0) continue;
+    if (library != nullptr &&
+        lstrcmpiA(reinterpret_cast<const char*>(base + import->Name), library) != 0) {
+      continue;
+    }
+    const auto* name =
+        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + import->OriginalFirstThunk);
+    auto* slot = reinterpret_cast<IMAGE_THUNK_DATA64*>(base + import->FirstThunk);
+    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+      if (IMAGE_SNAP_BY_ORDINAL64(name->u1.Ordinal)) {
+        if (MAKEINTRESOURCEA(IMAGE_ORDINAL64(name->u1.Ordinal)) == function) {
+          return &slot->u1.Function;
+        }
+      } else if (!IS_INTRESOURCE(function)) {
+        const auto* byName =
+            reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
+        if (std::strcmp(reinterpret_cast<const char*>(byName->Name), function) == 0) {
+          return &slot->u1.Function;
+        }
+      }
+    }
+  }
+  return nullptr;
+}
+
+/// Lets the module call `replacement` instead; false if it imports no such function.
+template <class Function>
+bool ReplaceImport(HMODULE module, const char* library, const char* function,
+                   Function* replacement) {
+  ULONGLONG* slot = ImportSlot(module, library, function);
+  DWORD protection = 0;
+  if (slot == nullptr || !VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection)) {
+    return false;
+  }
+  *slot = reinterpret_cast<ULONGLONG>(replacement);
+  return VirtualProtect(slot, sizeof(*slot), protection, &protection) != FALSE;
+}
+
+}  // namespace platform
