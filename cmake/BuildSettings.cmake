@@ -27,9 +27,9 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   add_compile_options(-fpch-preprocess)
 endif()
+option(WIFI_FUZZ "Build the fuzzers; needs clang" OFF)
 if(WIFI_FUZZ)
-  # A fuzzed library is compiled with options that its neighbours lack.
-  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 option(WIFI_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
@@ -37,6 +37,25 @@ if(WIFI_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+endif()
+
+option(WIFI_THREADS "Build with ThreadSanitizer" OFF)
+if(WIFI_THREADS)
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+
+# measured(TARGET…): counts which lines and branches of these run, in the build that ./coverage.sh makes.
+option(WIFI_COVERAGE "Measure the coverage of the product's folders" OFF)
+function(measured)
+  if(WIFI_COVERAGE)
+    foreach(target ${ARGV})
+      target_compile_options(${target} PRIVATE --coverage -fprofile-abs-path)
+    endforeach()
+  endif()
+endfunction()
+if(WIFI_COVERAGE)
+  add_link_options(--coverage)
 endif()
 
 if(NOT WIN32 AND NOT (WIFI_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES Clang))

@@ -10,6 +10,8 @@ packages_of() {
                    osslsigncode openssl $(command -v npm >/dev/null || echo "nodejs npm")" ;;
     lint) echo "clang clang-tidy cppcheck" ;;
     format) echo "clang-format git" ;;
+    coverage) echo "gcovr" ;;
+    fuzz) echo "clang" ;;
   esac
 }
 

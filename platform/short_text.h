@@ -36,7 +36,7 @@ class ShortText {
   /// Upper-case hexadecimal, of that many digits.
   ShortText& Hex(std::uint32_t number, int digits) {
     for (int digit = digits - 1; digit >= 0; --digit) {
-      Add({"0123456789ABCDEF" + (number >> 4 * digit & 0xF), 1});
+      Add({&"0123456789ABCDEF"[number >> 4 * digit & 0xF], 1});
     }
     return *this;
   }

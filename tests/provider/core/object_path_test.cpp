@@ -49,6 +49,8 @@ const Row kRows[] = {
     {R"(C."v")", kAbsolute, kParsed, R"(C="v")"},
     // Numbers and truth values.
     {"C.K=-12", kAbsolute, kParsed, "C.K=-12"},
+    {"C.K=+0", kAbsolute, kParsed, "C.K=0"},
+    {R"(C.K='it\'s')", kAbsolute, kParsed, R"(C.K="it's")"},
     {"C.K=0x1F", kAbsolute, kParsed, "C.K=31"},
     {"C.K=0xFFFFFFFF", kAbsolute, kParsed, "C.K=-1"},
     {"C.K=4294967296", kAbsolute, kParsed, "C.K=2147483647"},
@@ -87,6 +89,14 @@ const Row kRows[] = {
     {"\\\\HOST\\", kAbsolute, kSyntax, ""},
     {"\\\\HOST\\root:", kAbsolute, kSyntax, ""},
     {"?", kAbsolute, kSyntax, ""},
+    {"\\root C", kAny, kSyntax, ""},
+    {"root\\:C", kAny, kSyntax, ""},
+    {"root\\cimv2 C", kAny, kSyntax, ""},
+    {"C=1 2", kAbsolute, kSyntax, ""},
+    {"C.1 2", kAbsolute, kSyntax, ""},
+    {"C.K=0x1G", kAbsolute, kSyntax, ""},
+    {"C.K=0x1-", kAbsolute, kSyntax, ""},
+    {"C.K=-", kAbsolute, kSyntax, ""},
 };
 
 TEST(ObjectPath, IsReadAndWrittenBack) {
@@ -123,7 +133,8 @@ TEST(ObjectPath, WritesKeysByTheirType) {
   value.uiVal = 65535;
   path.AddKey(OLESTR("C"), value);
   path.AddKey(OLESTR("D"), Variant::AnsiText("x\"").get());
-  EXPECT_EQ(Utf8Text(path.Text()), R"(C.A=4294967295,B=-2,C=65535,D="x\"")");
+  path.AddKey(OLESTR("E"), Variant::Boolean(true).get());  // no type of a key
+  EXPECT_EQ(Utf8Text(path.Text()), R"(C.A=4294967295,B=-2,C=65535,D="x\"",E=)");
 }
 
 TEST(ObjectPath, GivesKeysByExactName) {

@@ -54,6 +54,9 @@ TEST_F(ClassFactory, MakesProvidersWithTheirInterfaces) {
 
   ComPtr<IUnknown> none;
   EXPECT_EQ(init->QueryInterface(IID_IWbemObjectSink, none.put_void()), E_NOINTERFACE);
+  EXPECT_EQ(init->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+  EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
   // Nothing is made for it: a provider that goes again closes the library under this one.
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, none.put_void()), E_NOINTERFACE);
   EXPECT_EQ(journal.calls(), std::vector<std::string>{});

@@ -90,6 +90,7 @@ TEST_F(Request, EnumeratesByWholeNameWithoutRegardToCase) {
 
 TEST_F(Request, EndsWithSuccessAndNothingWithoutAdapters) {
   EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")), (Outcome{0, {}}));
+  EXPECT_EQ(Get(OLESTR("WiFi_NetworkAdapter.DeviceID=\"7\"")), Failed(WBEM_E_NOT_FOUND));
 }
 
 TEST_F(Request, FindsTheFirstClassNameAnywhereInAQuery) {
