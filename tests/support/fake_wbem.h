@@ -32,7 +32,7 @@ class FakeUnknown : public Interface {
     return left;
   }
   ULONG references() const { return references_; }
-  static inline int live = 0;
+  static inline thread_local int live = 0;  ///< of this thread
 
  private:
   ULONG references_ = 1;

@@ -7,10 +7,13 @@
 #include "platform/com_ptr.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_wbem.h"
+#include "tests/support/held.h"
 
 namespace {
 
 using platform::ComPtr;
+using testing_support::Held;
+using testing_support::HeldByProcess;
 
 struct Unload {
   void operator()(HMODULE module) const { FreeLibrary(module); }
@@ -27,25 +30,6 @@ ComPtr<IWbemServices> MakeProvider(HMODULE module) {
   ComPtr<IWbemServices> provider;
   factory->CreateInstance(nullptr, IID_IWbemServices, provider.put_void());
   return provider;
-}
-
-struct Held {
-  std::size_t bytes = 0;  ///< of all heaps
-  DWORD handles = 0;
-};
-
-Held HeldByProcess() {
-  Held held;
-  HANDLE heaps[256];
-  const DWORD count = std::min<DWORD>(GetProcessHeaps(256, heaps), 256);
-  for (DWORD heap = 0; heap < count; ++heap) {
-    PROCESS_HEAP_ENTRY block = {};
-    while (HeapWalk(heaps[heap], &block)) {
-      if ((block.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) held.bytes += block.cbData;
-    }
-  }
-  GetProcessHandleCount(GetCurrentProcess(), &held.handles);
-  return held;
 }
 
 // Serves one request, in which an exception is thrown and caught.
@@ -69,7 +53,7 @@ void LoadUseUnload() {
 
 // A service unloads idle providers and loads them again, for as long as the machine runs.
 TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
-  ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+  const testing_support::Apartment apartment;
   constexpr int kCycles = 100;
   for (const bool keepLibraries : {true, false}) {
     const Module quarn(keepLibraries ? LoadLibraryA("QuarnApi.dll") : nullptr);
@@ -82,7 +66,6 @@ TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
     EXPECT_LT((after.bytes - before.bytes) / kCycles, 200u) << "bytes a cycle";
     EXPECT_EQ(after.handles, before.handles);
   }
-  CoUninitialize();
 }
 
 }  // namespace
