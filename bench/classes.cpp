@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "bench/library.h"
+#include "bench/platform_provider.h"
 #include "bench/service.h"
 #include "platform/bstr.h"
 #include "platform/text.h"
@@ -115,6 +116,9 @@ void Provider(benchmark::State& state, const Class& shown) {
   if (FAILED(bench.sink->status) || instances == 0) state.SkipWithError("nothing was enumerated");
   for (auto _ : state) bench.Enumerate(name);
   CountInstances(state, instances);
+  state.counters["allocations"] =
+      static_cast<double>(AllocationsOf([&] { bench.Enumerate(name); })) /
+      static_cast<double>(instances);
 }
 
 /// The texts of an array as one that is to be made anew, as any provider has to.

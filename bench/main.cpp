@@ -20,6 +20,7 @@ class Figures final : public benchmark::BenchmarkReporter {
   bool ReportContext(const Context&) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Aggregate) continue;  // a mean, a deviation
       if (run.error_occurred) {
         std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
         failed = true;
@@ -31,24 +32,37 @@ class Figures final : public benchmark::BenchmarkReporter {
               ? double{counted->second}
               : run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
       const std::string name = run.run_name.str();
-      if (!seconds_.contains(name)) names_.push_back(name);
+      const auto allocations = run.counters.find("allocations");
+      if (allocations != run.counters.end()) allocations_[name] = allocations->second;
+      names_[{run.family_index, run.per_family_instance_index}] = name;
       // The least of the repetitions: noise only adds.
       double& least = seconds_.try_emplace(name, seconds).first->second;
       least = std::min(least, seconds);
     }
   }
 
-  const std::vector<std::string>& names() const { return names_; }
+  /// In the order of the sources, in whichever they ran.
+  std::vector<std::string> names() const {
+    std::vector<std::string> names;
+    for (const auto& [place, name] : names_) names.push_back(name);
+    return names;
+  }
   double Of(const std::string& name) const {
     const auto found = seconds_.find(name);
     return found == seconds_.end() ? std::nan("") : found->second;
   }
 
+  double AllocationsOf(const std::string& name) const {
+    const auto found = allocations_.find(name);
+    return found == allocations_.end() ? 0 : found->second;
+  }
+
   bool failed = false;
 
  private:
-  std::vector<std::string> names_;
+  std::map<std::pair<std::int64_t, std::int64_t>, std::string> names_;
   std::map<std::string, double> seconds_;
+  std::map<std::string, double> allocations_;  ///< an instance, those of the service included
 };
 
 double Nanoseconds(double seconds) {
@@ -71,19 +85,23 @@ double GoalOf(const std::string& className) {
 
 void PrintClasses(const Figures& figures) {
   std::puts(
-      "| Class | Instance, ns | Floor, ns | Library calls, ns | Floors | At most |\n"
-      "|---|---:|---:|---:|---:|---:|");
+      "| Class | Instance, ns | Floor, ns | Library calls, ns | Floors | At most | Allocations |\n"
+      "|---|---:|---:|---:|---:|---:|---:|");
   constexpr char kPrefix[] = "provider/";
   for (const std::string& name : figures.names()) {
     if (name.rfind(kPrefix, 0) != 0) continue;
     const std::string shown = name.substr(sizeof(kPrefix) - 1);
     const double provider = figures.Of(name);
     const double floor = figures.Of("floor/" + shown);
+    char allocations[16] = "";
+    if (figures.AllocationsOf(name) != 0) {
+      std::snprintf(allocations, sizeof(allocations), "%.1f", figures.AllocationsOf(name));
+    }
     char goal[16] = "";
     if (GoalOf(shown) != 0) std::snprintf(goal, sizeof(goal), "%g", GoalOf(shown));
-    std::printf("| `%s` | %.0f | %.0f | %.1f | %.2f | %s |\n", shown.c_str(), Nanoseconds(provider),
-                Nanoseconds(floor), Nanoseconds(figures.Of("calls/" + shown)), provider / floor,
-                goal);
+    std::printf("| `%s` | %.0f | %.0f | %.1f | %.2f | %s | %s |\n", shown.c_str(),
+                Nanoseconds(provider), Nanoseconds(floor),
+                Nanoseconds(figures.Of("calls/" + shown)), provider / floor, goal, allocations);
   }
 }
 
@@ -119,8 +137,9 @@ void PrintGrowth(const Figures& figures) {
 }
 
 void PrintOthers(const Figures& figures) {
-  std::printf("\nTrace lines taken by a receiver: %.2f times the time without one.\n",
-              figures.Of("trace/on") / figures.Of("trace/off"));
+  if (const double ratio = figures.Of("trace/on") / figures.Of("trace/off"); !std::isnan(ratio)) {
+    std::printf("\nTrace lines taken by a receiver: %.2f times the time without one.\n", ratio);
+  }
   for (const std::string& name : figures.names()) {
     if (name.rfind("platform/", 0) == 0) {
       std::printf("The platform's own %s: %.0f ns an instance.\n", name.substr(9).c_str(),

@@ -44,8 +44,8 @@ HRESULT FillExcludeEntry(IWbemClassObject* instance, const AdapterEntry& adapter
 }
 
 /// Letter case counts, and never more than the 32 bytes of the field.
-bool HasNetworkName(const ExcludeEntryRecord& entry, const ParsedPath& path) {
-  return adapterapi::BoundedText(entry.ssid) == PathKeyText(path, kNetworkName);
+bool HasNetworkName(const ExcludeEntryRecord& entry, const WantedKey& wanted) {
+  return adapterapi::BoundedText(entry.ssid) == wanted.ansi;
 }
 
 constexpr ListClass<ExcludeEntryRecord> kExcludeList = {
@@ -55,6 +55,7 @@ constexpr ListClass<ExcludeEntryRecord> kExcludeList = {
     .getLine = "Getting network information for WiFi_NetworkExcludeList",
     .doneLine = "Done Getting network information for WiFi_NetworkExcludeList",
     .fill = FillExcludeEntry,
+    .key = kNetworkName,
     .matches = HasNetworkName,
 };
 

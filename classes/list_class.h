@@ -2,6 +2,7 @@
 // Classes with one instance for each entry of a list that the adapter control library owns.
 
 #include <cstdint>
+#include <string>
 
 #include "adapterapi/operations.h"
 #include "platform/foreign_memory.h"
@@ -16,6 +17,12 @@ template <class Entry>
 using ListGetter =
     adapterapi::Operation<adapterapi::AdapterNumber, const adapterapi::LibraryList<Entry>**>;
 
+/// The key that names an entry, read from the path once for all entries.
+struct WantedKey {
+  const OLECHAR* text;  ///< null if the path has none, or it is no text
+  std::string ansi;
+};
+
 template <class Entry>
 struct ListClass {
   const OLECHAR* name;
@@ -24,8 +31,8 @@ struct ListClass {
   const char* getLine;             ///< traced before the call for a get by key
   const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be none
   HRESULT (*fill)(IWbemClassObject*, const AdapterEntry&, const Entry&);
-  /// Whether the path's second key names the entry.
-  bool (*matches)(const Entry&, const ParsedPath&);
+  const OLECHAR* key;  ///< the path's second one
+  bool (*matches)(const Entry&, const WantedKey&);
 };
 
 /// The adapter's list, read without a guard; none if the library refuses it.
@@ -74,10 +81,11 @@ HRESULT GetListEntry(ProviderState& state, const Delivery& delivery, const Parse
   const AdapterEntry* adapter = FindAdapterByPath(state, path, kSettingId);
   if (adapter == nullptr) return WBEM_E_NOT_FOUND;
   const auto* list = ReadList(state, *adapter, shown, shown.getLine);
+  const WantedKey wanted = {TextOf(GetPathKeyValue(path, shown.key)), PathKeyText(path, shown.key)};
   Entry entry;
   for (std::int32_t index = 0; platform::ReadListEntry(list, index, entry) == ListStep::kEntry;
        ++index) {
-    if (shown.matches(entry, path)) return DeliverEntry(state, delivery, shown, *adapter, entry);
+    if (shown.matches(entry, wanted)) return DeliverEntry(state, delivery, shown, *adapter, entry);
   }
   return WBEM_E_NOT_FOUND;
 }

@@ -54,9 +54,8 @@ HRESULT Fill(IWbemClassObject* instance, const AdapterEntry& adapter, const Scan
 }
 
 /// Letter case counts: a key in lower case names no network.
-bool HasMacAddress(const ScanListEntry& entry, const ParsedPath& path) {
-  return platform::EqualsAscii(TextOf(GetPathKeyValue(path, kMacAddress)),
-                               adapterapi::MacText(entry.macAddress));
+bool HasMacAddress(const ScanListEntry& entry, const WantedKey& wanted) {
+  return platform::EqualsAscii(wanted.text, adapterapi::MacText(entry.macAddress));
 }
 
 constexpr char kCachedLine[] = "Getting network information for WiFi_AdapterCachedScanList";
@@ -69,6 +68,7 @@ constexpr ListClass<ScanListEntry> kCachedScanList = {
     .enumerateLine = kCachedLine,
     .getLine = kCachedLine,
     .fill = Fill<kCachedFields>,
+    .key = kMacAddress,
     .matches = HasMacAddress,
 };
 constexpr ListClass<ScanListEntry> kAvailableNetworks = {
@@ -77,6 +77,7 @@ constexpr ListClass<ScanListEntry> kAvailableNetworks = {
     .enumerateLine = kAvailableLine,
     .getLine = kAvailableLine,
     .fill = Fill<kAvailableFields>,
+    .key = kMacAddress,
     .matches = HasMacAddress,
 };
 

@@ -9,6 +9,7 @@ packages_of() {
                    nlohmann-json3-dev libcli11-dev zip unzip clang wixl msitools
                    osslsigncode openssl $(command -v npm >/dev/null || echo "nodejs npm")" ;;
     lint) echo "clang clang-tidy cppcheck" ;;
+    bench) echo "libbenchmark-dev" ;;
     format) echo "clang-format git" ;;
     coverage) echo "gcovr" ;;
     fuzz) echo "clang" ;;

@@ -31,7 +31,9 @@ class Bstr {
   explicit Bstr(const OLECHAR* text) noexcept : text_(SysAllocString(text)) {}
   Bstr(const Bstr&) = delete;
   Bstr(Bstr&& other) noexcept : text_(other.release()) {}
-  ~Bstr() { SysFreeString(text_); }
+  ~Bstr() {
+    if (text_ != nullptr) SysFreeString(text_);
+  }
   Bstr& operator=(Bstr other) noexcept {
     std::swap(text_, other.text_);
     return *this;

@@ -12,10 +12,10 @@ namespace platform {
 /// Owns a VARIANT and what it holds.
 class Variant {
  public:
-  Variant() noexcept { VariantInit(&value_); }
+  Variant() noexcept = default;
   Variant(const Variant&) = delete;
   Variant(Variant&& other) noexcept : Variant() { std::swap(value_, other.value_); }
-  ~Variant() { VariantClear(&value_); }
+  ~Variant() { Clear(); }
   Variant& operator=(Variant other) noexcept {
     std::swap(value_, other.value_);
     return *this;
@@ -52,7 +52,7 @@ class Variant {
   VARIANT* in_place() noexcept { return &value_; }
   /// The place for an out-parameter; clears what was held.
   VARIANT* put() noexcept {
-    VariantClear(&value_);
+    Clear();
     return &value_;
   }
   /// Converts in place, as VariantChangeType does; after a failure the old value stays.
@@ -60,8 +60,12 @@ class Variant {
 
  private:
   static Variant TextOf(Bstr text) noexcept;
+  /// The platform is asked only where there may be something to free: values are moved often.
+  void Clear() noexcept {
+    if (value_.vt != VT_EMPTY) VariantClear(&value_);
+  }
 
-  VARIANT value_;
+  VARIANT value_ = {};
 };
 
 }  // namespace platform

@@ -5,7 +5,7 @@
 
 namespace native {
 
-/// A cleared block, or none when memory is short or the failure of this allocation was asked for.
+/// A block, or none when memory is short or the failure of this allocation was asked for.
 void* AllocateBlock(std::size_t size);
 void FreeBlock(void* block);
 

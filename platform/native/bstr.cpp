@@ -27,7 +27,7 @@ bool MustFail() {
 }  // namespace
 
 void* AllocateBlock(std::size_t size) {
-  void* block = MustFail() ? nullptr : std::calloc(1, size == 0 ? 1 : size);
+  void* block = MustFail() ? nullptr : std::malloc(size == 0 ? 1 : size);
   if (block != nullptr) ++live;
   return block;
 }
@@ -67,6 +67,7 @@ BSTR SysAllocStringLen(const OLECHAR* text, UINT length) {
   if (block == nullptr) return nullptr;
   std::memcpy(block + kPrefix - sizeof bytes, &bytes, sizeof bytes);
   if (text != nullptr) std::memcpy(block + kPrefix, text, bytes);
+  std::memset(block + kPrefix + bytes, 0, sizeof(OLECHAR));
   return reinterpret_cast<BSTR>(block + kPrefix);
 }
 

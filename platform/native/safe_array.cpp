@@ -95,6 +95,7 @@ SAFEARRAY* SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds
   if (size == 0 || dimensions != 1 || bounds == nullptr) return nullptr;
   auto* block = static_cast<Block*>(native::AllocateBlock(sizeof(Block)));
   if (block == nullptr) return nullptr;
+  *block = {};
   block->type = type;
   SAFEARRAY& array = block->array;
   array.cDims = 1;
@@ -108,6 +109,7 @@ SAFEARRAY* SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds
     native::FreeBlock(block);
     return nullptr;
   }
+  std::memset(array.pvData, 0, size * bounds->cElements);
   return &array;
 }
 
