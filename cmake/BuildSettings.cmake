@@ -70,6 +70,12 @@ if(WIN32)
   add_link_options(-static -static-libgcc -static-libstdc++ -Wl,--nxcompat -Wl,--dynamicbase
                    -Wl,--high-entropy-va -Wl,--no-insert-timestamp)
 endif()
+if(MINGW)
+  # Lines for the debug files, without the path of the machine that built them.
+  add_compile_options(-g1 -gno-record-gcc-switches
+                      -ffile-prefix-map=${CMAKE_BINARY_DIR}=/wifi-adapter-provider/build
+                      -ffile-prefix-map=${CMAKE_SOURCE_DIR}=/wifi-adapter-provider)
+endif()
 
 # The header-only libraries lie directly in the system's include folder, which a cross build must
 # not search: their folders are linked into the build tree.

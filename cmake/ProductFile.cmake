@@ -21,10 +21,11 @@ function(product_file target description)
   target_sources(${target} PRIVATE ${resource})
   if(MINGW)
     set(file $<TARGET_FILE:${target}>)
+    set(timeless ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
     add_custom_command(TARGET ${target} POST_BUILD
-      COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
-      COMMAND ${CMAKE_STRIP} ${file}
-      COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=${file}.debug ${file}
+      COMMAND ${timeless} ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug
+      COMMAND ${timeless} ${CMAKE_STRIP} ${file}
+      COMMAND ${timeless} ${CMAKE_OBJCOPY} --add-gnu-debuglink=${file}.debug ${file}
       VERBATIM)
   endif()
 endfunction()

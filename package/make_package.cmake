@@ -41,7 +41,8 @@ put(${root} ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
     ${SOURCE}/package/Uninstall-WiFiAdapterProvider.ps1 ${SOURCE}/package/Steps.ps1
     ${SOURCE}/LICENSE ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)
 file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
-put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/classes.md
+put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/fleet-guide.md
+    ${SOURCE}/docs/classes.md
     ${SOURCE}/docs/result-codes.md ${SOURCE}/docs/scenarios.md ${SOURCE}/docs/wmihost.md)
 # Never beside the product: a simulated adapter must not be taken for a real one.
 put(${root}/simulator ${BINARIES}/QuarnApi.dll ${BINARIES}/TolvaApi.dll)
@@ -65,13 +66,17 @@ execute_process(
           ${SOURCE}/package/installer.wxs
   COMMAND_ERROR_IS_FATAL ANY
   WORKING_DIRECTORY ${root})
-# What wixl leaves out: that the Undo… actions run on a failure only, and the versions of the two
-# files that have one, without which an installer keeps whatever file of any version it finds.
+# What wixl leaves out: that the Undo… actions run on a failure only, that the two options reach them,
+# and the versions of the two files that have one, without which an installer keeps whatever file of
+# any version it finds.
 set(rollback 3442)  # a program named by a property; ignore its status; in the script, on rollback, as the system
 run(msibuild ${installer} -q
     "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoCompileSchema'")
 run(msibuild ${installer} -q
     "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoRemoveSchema'")
+set(options "WIX_DOWNGRADE_DETECTED\\;WIX_UPGRADE_DETECTED\\;KEEPSCHEMA\\;AUTORECOVER")
+run(msibuild ${installer} -q
+    "UPDATE `Property` SET `Value`='${options}' WHERE `Property`='SecureCustomProperties'")
 foreach(file Module Host)
   run(msibuild ${installer} -q
       "UPDATE `File` SET `Version`='${VERSION}.0', `Language`='1033' WHERE `File`='${file}'")

@@ -1,0 +1,69 @@
+# For the tests that install under Wine; they source it. $build and $work are the build's and the test's
+# own folder, $test the test's name.
+class='{3B14BAD6-C364-4576-8271-39B5850ABDA8}'
+library='{A9A3ACD3-02FF-4C28-8353-F0FDFC66E01A}'
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" WINEPREFIX="$work/wineprefix"
+unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
+system=$WINEPREFIX/drive_c/windows/system32
+
+fail() {
+  echo "$test: $*" >&2
+  exit 1
+}
+windows_path() { wine winepath -w "$1" | tr -d '\r'; }
+registered() { # KEY: the registry's text of it, nothing when it is not there
+  text=$(wine reg query "$1" /s 2>/dev/null) || return 0
+  printf '%s\n' "$text" | tr -d '\r' | sed '/^$/d'
+}
+keys() { # everything that the module's script writes
+  registered "HKCR\\CLSID\\$class"
+  registered HKCR\\WiFiAdapterProvider.Instance
+  registered HKCR\\WiFiAdapterProvider.Instance.1
+}
+library_key() { registered "HKCR\\TypeLib\\$library"; }
+expect_registered() { # MODULE: the registration, and nothing else, names this file
+  expected="HKEY_CLASSES_ROOT\\CLSID\\$class
+    (Default)    REG_SZ    Instance Class
+HKEY_CLASSES_ROOT\\CLSID\\$class\\InprocServer32
+    (Default)    REG_SZ    $1
+    ThreadingModel    REG_SZ    apartment
+HKEY_CLASSES_ROOT\\CLSID\\$class\\ProgID
+    (Default)    REG_SZ    WiFiAdapterProvider.Instance.1
+HKEY_CLASSES_ROOT\\CLSID\\$class\\VersionIndependentProgID
+    (Default)    REG_SZ    WiFiAdapterProvider.Instance
+HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance
+    (Default)    REG_SZ    Instance Class
+HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance\\CLSID
+    (Default)    REG_SZ    $class
+HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance.1
+    (Default)    REG_SZ    Instance Class
+HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance.1\\CLSID
+    (Default)    REG_SZ    $class"
+  [ "$(keys)" = "$expected" ] || fail "the registry holds:
+$(keys)
+instead of:
+$expected"
+  library_key | grep -qF "$1" || fail "no type library: $(library_key)"
+  library_key | grep -q "WiFi Adapter Provider 1.0 Type Library" || fail "no type library: $(library_key)"
+}
+# wmihost also holds the module to its unloading once the last object and lock are gone.
+expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: through COM they are those of the module reached by file
+  host=$1
+  libraries=$2
+  scenario=$3
+  shift 3
+  for command; do
+    wine "$host" --registered --scenario "$scenario" --format json $command >by_class.txt ||
+      fail "--registered $command answered $?"
+    wine "$host" --libraries "$libraries" --scenario "$scenario" --format json $command >by_file.txt ||
+      fail "--libraries $command answered $?"
+    cmp by_class.txt by_file.txt
+    [ -s by_class.txt ] || fail "$command printed nothing"
+  done
+}
+expect_refused() { # TEXT HOST OPTION…: a request fails, and one line says why
+  text=$1
+  shift
+  if wine "$@" enum WiFi_NetworkAdapter >out.txt 2>err.txt; then fail "answered, instead of: $text"; fi
+  [ "$(wc -l <err.txt)" = 1 ] && grep -qF "$text" err.txt || fail "not one line with '$text': $(cat err.txt)"
+}
