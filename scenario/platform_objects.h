@@ -53,9 +53,9 @@ struct LoadedScenario {
   std::shared_ptr<const Scenario> whole;
 };
 
-/// Reads and checks a scenario file; an empty path means the scenario that is compiled in. `name`
-/// stands for the file in errors, where its path does not. Throws ScenarioError.
-LoadedScenario LoadForHost(const std::string& path, const std::string& name = {});
+/// Reads and checks a scenario file; its path is UTF-8, an empty one means the scenario that is
+/// compiled in. Throws ScenarioError.
+LoadedScenario LoadForHost(const std::string& path);
 /// The same of a text that was read already.
 LoadedScenario ReadForHost(std::string_view text, const std::string& name);
 

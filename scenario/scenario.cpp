@@ -2,6 +2,7 @@
 
 #include "platform/embedded_text.h"
 #include "platform/environment.h"
+#include "platform/platform.h"
 #include "scenario/parse.h"
 #include "scenario/sections.h"
 #include "scenario/simulator_hooks.h"
@@ -53,11 +54,10 @@ Scenario ParseScenario(std::string_view text, const std::string& file) {
   return scenario;
 }
 
-Scenario LoadScenario(const std::string& path, const std::string& name) {
+Scenario LoadScenario(const std::string& path) {
   if (path.empty()) return ParseScenario(embedded::default_scenario(), "compiled-in scenario");
-  const std::string& shown = name.empty() ? path : name;
   try {
-    return ParseNamed(ReadTextFile(path, shown), shown);
+    return ParseNamed(ReadTextFile(path), path);
   } catch (const FileError& error) {
     throw ScenarioError(error.what());
   }
@@ -72,8 +72,8 @@ std::optional<Scenario> ScenarioOfEnvironment() {
   }
 }
 
-LoadedScenario LoadForHost(const std::string& path, const std::string& name) {
-  return ForHost(LoadScenario(path, name));
+LoadedScenario LoadForHost(const std::string& path) {
+  return ForHost(LoadScenario(path));
 }
 
 LoadedScenario ReadForHost(std::string_view text, const std::string& name) {

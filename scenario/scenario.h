@@ -131,9 +131,9 @@ struct Scenario {
 
 /// Reads and checks a scenario; `file` names it in errors. Throws ScenarioError.
 Scenario ParseScenario(std::string_view json, const std::string& file);
-/// Reads a scenario file, which `name` or else its path names in errors; an empty path means the
-/// scenario that is compiled in. Throws ScenarioError.
-Scenario LoadScenario(const std::string& path, const std::string& name = {});
+/// Reads a scenario file, whose path is UTF-8; an empty one means the scenario that is compiled in.
+/// Throws ScenarioError.
+Scenario LoadScenario(const std::string& path);
 /// The scenario that WIFI_SCENARIO names, or the one compiled in; none, after one line to the
 /// debugger's output, if it cannot be read.
 std::optional<Scenario> ScenarioOfEnvironment();

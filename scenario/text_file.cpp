@@ -8,7 +8,12 @@
 
 namespace simulator {
 
-std::string ReadTextFile(const std::string& path, const std::string& name) {
+std::filesystem::path FilePath(const std::string& utf8) {
+  return std::u8string(utf8.begin(), utf8.end());
+}
+
+std::string ReadTextFile(const std::string& name) {
+  const std::filesystem::path path = FilePath(name);
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) throw FileError(name + ": it is a folder");
   errno = 0;

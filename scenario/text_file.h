@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -11,8 +12,11 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The whole content of a file, a pipe too; `name` stands for it in errors. Throws FileError for
-/// one that is missing, forbidden or a folder.
-std::string ReadTextFile(const std::string& path, const std::string& name);
+/// A path of UTF-8 as the system's own calls take it.
+std::filesystem::path FilePath(const std::string& utf8);
+
+/// The whole content of a file, a pipe too; its path is UTF-8. Throws FileError for one that is
+/// missing, forbidden or a folder.
+std::string ReadTextFile(const std::string& name);
 
 }  // namespace simulator

@@ -19,6 +19,7 @@ struct CommandContext {
   std::ostream& output;
   std::ostream& errors;
   int width;                         ///< columns that a table may fill
+  int (*widthNow)() = nullptr;       ///< tells it, where it changes between commands
   bool color = false;                ///< whether tables are bold and dim in places
   ProviderHost* provider = nullptr;  ///< null with `session`, and where a session stands alone
   ScenarioFile* scenario = nullptr;  ///< null with `provider`
@@ -39,8 +40,8 @@ struct CommandContext {
     if (SUCCEEDED(result)) return Fail(kSuccess, message);
     return Fail(MeansNotFound(result) ? kNotFound : kRefused, message);
   }
-  /// The same for a request that names a class or, by its path, an instance; what was not found
-  /// gets a hint.
+  /// The same for a request that names an instance by its path, or a class that is not there; what
+  /// was not found gets a hint.
   ExitStatus ReportOf(const std::string& what, const std::string& classOrPath, HRESULT result) {
     if (!MeansNotFound(result)) return Report(what, result);
     const std::string className = ClassNameOfPath(classOrPath);
@@ -48,7 +49,7 @@ struct CommandContext {
     std::string hint;
     if (info == nullptr) {
       hint = repository.DidYouMeanClass(className);
-    } else if (className != classOrPath) {
+    } else {
       hint = "; " + info->KeyNames() + ", and the case of its letters counts";
     }
     return Fail(kNotFound, what + ": " + DescribeResult(result) + hint);

@@ -6,6 +6,7 @@
 #include "host/mof/product_schema.h"
 #include "host/mof/registration.h"
 #include "host/service/result_codes.h"
+#include "platform/environment.h"
 #include "platform/os_version.h"
 #include "platform/registry_key.h"
 #include "scenario/reported_adapters.h"
@@ -103,10 +104,11 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
         errors << "wmihost: provider defect: " << sentence << '\n';
       }) {
   if (options.Has("--trace")) {
-    os::SetEnvironment(kTraceVariable, SameName(options.Text("--trace"), "calls") ? "calls" : "1");
+    platform::SetEnvironmentText(kTraceVariable,
+                                 SameName(options.Text("--trace"), "calls") ? "calls" : "1");
     debugOutput_.emplace();
   }
-  if (os::IsTerminal(2)) progress_.emplace(errors);
+  if (os::ShowsEscapes(2)) progress_.emplace(errors);
   LoadNamedLibraries(options);
   const std::string classId =
       ProviderClassId(ParseMof(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof"));

@@ -96,8 +96,7 @@ ExitStatus RunQuery(const Command& command, CommandContext& context) {
   const std::vector<std::string> fields = FieldsOf(info, command.fields);
   Outcome outcome = context.session->Enumerate(query.className);
   std::erase_if(outcome.objects, [&](const CimObject& each) { return !query.Selects(each); });
-  return Show(context, "query", query.className, outcome, command,
-              fields.empty() ? query.columns : fields);
+  return Show(context, "query", "", outcome, command, fields.empty() ? query.columns : fields);
 }
 
 }  // namespace host

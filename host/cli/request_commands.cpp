@@ -12,8 +12,9 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
   const ClassInfo* info = context.repository.FindClass(className);
   CheckChart(context.repository, command, info);
   const std::vector<std::string> fields = FieldsOf(info, command.fields);
+  const std::string unknown = info == nullptr ? className : "";
   if (command.format != OutputFormat::kCsv) {
-    return Show(context, className, className, context.session->Enumerate(className), command,
+    return Show(context, className, unknown, context.session->Enumerate(className), command,
                 fields);
   }
   // A format without widths: instances need not be kept until the last has come.
@@ -22,7 +23,7 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
   const Outcome outcome = context.session->Enumerate(
       className, [&](const CimObject& object) { rows.Add(RowOf(object, fields, paths)); });
   rows.Write(context.output);
-  return context.ReportOf(className, className, outcome.status);
+  return context.ReportOf(className, unknown, outcome.status);
 }
 
 ExitStatus RunGet(const Command& command, CommandContext& context) {

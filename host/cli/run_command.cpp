@@ -15,6 +15,7 @@ class OutputScope {
  public:
   OutputScope(const Command& command, CommandContext& context)
       : context_(context), width_(context.width), color_(context.color) {
+    if (context.widthNow != nullptr) context.width = context.widthNow();
     if (const auto width = command.Find("--width")) context.width = std::stoi(*width);
     const std::string when = command.Text("--color");
     if (SameName(when, "always")) context.color = true;

@@ -1,7 +1,9 @@
 #include "host/cli/run_host.h"
 
 #include <charconv>
+#include <exception>
 
+#include "host/cli/command_line.h"
 #include "host/cli/command_table.h"
 #include "host/cli/provider_host.h"
 #include "host/cli/run_command.h"
@@ -43,11 +45,10 @@ ExitStatus Run(const Command& command, CommandContext& context) {
 
 ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& errors) {
   const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
-  CommandContext context = {repository, nullptr, output, errors, Width()};
-  context.color =
-      os::TerminalColors() && platform::EnvironmentText("NO_COLOR").value_or("").empty();
+  CommandContext context = {repository, nullptr, output, errors, kDefaultWidth, &Width};
+  context.color = os::ShowsEscapes(1) && platform::EnvironmentText("NO_COLOR").value_or("").empty();
   const std::optional<std::string> registry = command.Find("--registry");
-  if (registry && !platform::KeepRegistryIn(os::FileName(*registry))) {
+  if (registry && !platform::KeepRegistryIn(*registry)) {
     return context.Fail(kBadInput, "--registry: '" + *registry + "' cannot keep the registry here");
   }
   try {
@@ -59,6 +60,28 @@ ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& e
   } catch (const ModuleError& error) {
     return context.Fail(kRefused, error.what());
   }
+}
+
+ExitStatus RunProgram(const std::vector<std::string>& arguments, std::ostream& output,
+                      std::ostream& errors) {
+  ExitStatus status = kSuccess;
+  try {
+    const CommandLine commandLine = ParseCommandLine(arguments);
+    if (commandLine.information) {
+      output << *commandLine.information;
+    } else {
+      status = RunHost(commandLine.command, output, errors);
+    }
+  } catch (const CommandLineError& error) {
+    errors << "wmihost: " << error.what() << '\n';
+    status = kBadInput;
+  } catch (const std::exception& error) {
+    errors << "wmihost: " << error.what() << '\n';
+    status = kUnexpected;
+  }
+  if (output.flush()) return status;
+  errors << "wmihost: standard output could not be written whole\n";
+  return kNotWritten;
 }
 
 }  // namespace host

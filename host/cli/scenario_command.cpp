@@ -2,7 +2,6 @@
 #include <iterator>
 
 #include "host/cli/commands.h"
-#include "host/os/os.h"
 #include "scenario/from_dump.h"
 #include "scenario/from_iw.h"
 #include "scenario/text_file.h"
@@ -35,7 +34,7 @@ ExitStatus RunScenario(const Command& command, CommandContext& context) {
   const std::string source = isFile ? path : "standard input";
   std::string text;
   if (isFile) {
-    text = simulator::ReadTextFile(os::FileName(path), path);
+    text = simulator::ReadTextFile(path);
   } else {
     text.assign(std::istreambuf_iterator<char>(std::cin), {});
   }

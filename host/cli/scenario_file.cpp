@@ -4,13 +4,14 @@
 #include <iostream>
 #include <iterator>
 
-#include "host/os/os.h"
 #include "platform/environment.h"
+#include "scenario/text_file.h"
 
 namespace host {
 namespace {
 
-bool IsPipe(const std::string& path) {
+bool IsPipe(const std::string& file) {
+  const std::filesystem::path path = simulator::FilePath(file);
   std::error_code unknown;
   return std::filesystem::exists(path, unknown) &&
          !std::filesystem::is_regular_file(path, unknown) &&
@@ -19,19 +20,13 @@ bool IsPipe(const std::string& path) {
 
 }  // namespace
 
-ScenarioFile::ScenarioFile(const Command& options) {
-  if (const std::optional<std::string> named = options.Find("--scenario")) {
-    name_ = *named;
-    path_ = os::FileName(*named);
-  } else {
-    name_ = path_ = platform::EnvironmentText("WIFI_SCENARIO").value_or("");
-  }
-}
+ScenarioFile::ScenarioFile(const Command& options)
+    : path_(options.Has("--scenario") ? options.Text("--scenario")
+                                      : platform::EnvironmentText("WIFI_SCENARIO").value_or("")) {}
 
 simulator::LoadedScenario ScenarioFile::Load(const std::optional<std::string>& other) {
   if (!other && kept_) return *kept_;
-  const std::string name = other.value_or(name_);
-  const std::string path = other ? os::FileName(*other) : path_;
+  const std::string path = other.value_or(path_);
   const bool isInput = path == "-";
   const bool once = isInput || IsPipe(path);
   simulator::LoadedScenario loaded;
@@ -39,9 +34,8 @@ simulator::LoadedScenario ScenarioFile::Load(const std::optional<std::string>& o
     const std::string text(std::istreambuf_iterator<char>(std::cin), {});
     loaded = simulator::ReadForHost(text, "standard input");
   } else {
-    loaded = simulator::LoadForHost(path, name);
+    loaded = simulator::LoadForHost(path);
   }
-  name_ = name;
   path_ = path;
   kept_.reset();
   if (once) kept_ = loaded;

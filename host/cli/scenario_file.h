@@ -20,7 +20,6 @@ class ScenarioFile {
   simulator::LoadedScenario Load(const std::optional<std::string>& other = std::nullopt);
 
  private:
-  std::string name_;                               ///< as a person named it
   std::string path_;                               ///< empty for the scenario that is compiled in
   std::optional<simulator::LoadedScenario> kept_;  ///< of what cannot be read again
 };

@@ -40,7 +40,7 @@ ExitStatus RunCheck(const Command& command, CommandContext& context) {
   std::string text;
   try {
     text = name.empty() ? std::string(embedded::wifi_adapter_provider_mof())
-                        : simulator::ReadTextFile(name, name);
+                        : simulator::ReadTextFile(name);
     if (name.empty()) name = "wifi_adapter_provider.mof";
     ExitStatus status = kSuccess;
     for (const std::string& finding : CheckSchema(ParseMof(text, name))) {

@@ -78,7 +78,7 @@ ExitStatus Shell::RunLine(const std::string& line, const Command& defaults) {
 ExitStatus RunShell(const Command& command, CommandContext& context) {
   const std::optional<std::string> path = command.Find("FILE");
   if (path && *path != "-") {
-    std::istringstream lines(simulator::ReadTextFile(os::FileName(*path), *path));
+    std::istringstream lines(simulator::ReadTextFile(*path));
     return Shell(LinesOf(lines), context, *path, true).Run(command);
   }
   if (path || !os::IsTerminal(0)) {

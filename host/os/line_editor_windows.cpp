@@ -21,10 +21,12 @@ std::optional<std::string> ReadConsole(HANDLE input) {
   while (!line.ends_with(L'\n')) {
     wchar_t part[512];
     DWORD count = 0;
+    SetLastError(ERROR_SUCCESS);
     if (!ReadConsoleW(input, part, static_cast<DWORD>(std::size(part)), &count, nullptr) ||
         count == 0) {
-      // An interrupt ends the reading of a line without one.
-      if (interrupted.exchange(false)) return "";
+      // An interrupt ends the reading of a line without one; its handler runs beside this thread.
+      const bool aborted = GetLastError() == ERROR_OPERATION_ABORTED;
+      if (interrupted.exchange(false) || aborted) return "";
       if (line.empty()) return std::nullopt;
       break;
     }

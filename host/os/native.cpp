@@ -2,6 +2,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
@@ -9,20 +10,34 @@
 #include "host/os/os.h"
 
 namespace host::os {
+namespace {
+
+/// A name without a folder would be looked for beside the program.
+std::string FullPath(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path full = std::filesystem::absolute(path, error);
+  return error ? path : full.string();
+}
+
+}  // namespace
 
 std::vector<std::string> Arguments(int argc, char** argv) {
   return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
-void PrepareStreams() {}
+struct StandardStreams::State {};
+StandardStreams::StandardStreams() {
+  std::signal(SIGPIPE, SIG_IGN);  // a pipe that was closed is an error of writing
+}
+StandardStreams::~StandardStreams() = default;
 
 bool IsTerminal(int standardStream) {
   return isatty(standardStream) == 1;
 }
 
-bool TerminalColors() {
+bool ShowsEscapes(int standardStream) {
   const char* terminal = std::getenv("TERM");
-  return IsTerminal(STDOUT_FILENO) && terminal != nullptr && std::string_view(terminal) != "dumb";
+  return IsTerminal(standardStream) && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
 std::optional<int> TerminalWidth() {
@@ -38,14 +53,15 @@ std::string DefaultModulePath() {
 }
 
 HMODULE LoadModule(const std::string& path) {
-  return LoadLibraryA(path.c_str());
+  return LoadLibraryA(FullPath(path).c_str());
 }
 
 std::string LoadProblem(const std::string& path) {
   // The loader's own words say which file or symbol is missing; they may begin with the path.
   const char* words = dlerror();
   const std::string problem = words == nullptr ? "unknown reason" : words;
-  return problem.starts_with(path + ": ") ? problem.substr(path.size() + 2) : problem;
+  const std::string full = FullPath(path) + ": ";
+  return problem.starts_with(full) ? problem.substr(full.size()) : problem;
 }
 
 FARPROC FunctionByOrdinal(HMODULE module, WORD, const char* symbol) {
@@ -68,14 +84,6 @@ HMODULE LoadedModule(const std::string& path) {
   return static_cast<HMODULE>(module);
 }
 void UnloadUnusedModules() {}
-
-std::string FileName(const std::string& path) {
-  return path;
-}
-
-void SetEnvironment(const char* name, const std::string& value) {
-  SetEnvironmentVariableA(name, value.c_str());
-}
 
 // Debug output goes to standard error of its own accord.
 DebugOutputToStderr::DebugOutputToStderr() = default;

@@ -16,11 +16,24 @@ namespace host::os {
 /// The arguments after the program's name.
 std::vector<std::string> Arguments(int argc, char** argv);
 
-/// Makes standard output and standard error write bytes as they are, without line-end conversion.
-void PrepareStreams();
-bool IsTerminal(int standardStream);  ///< 0 input, 1 output, 2 error
-/// Whether standard output is a terminal that shows bold and dim text.
-bool TerminalColors();
+/// While it lives, standard output and standard error take bytes as they are, UTF-8 without
+/// conversion of line ends, and show them as characters where they are a console. It gives back
+/// what consoles had.
+class StandardStreams {
+ public:
+  StandardStreams();
+  StandardStreams(const StandardStreams&) = delete;
+  StandardStreams& operator=(const StandardStreams&) = delete;
+  ~StandardStreams();
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+// The standard streams are 0 for input, 1 for output, 2 for error.
+bool IsTerminal(int standardStream);
+/// Whether it is a terminal that understands escape sequences.
+bool ShowsEscapes(int standardStream);
 /// Columns of the terminal on standard output, none if there is none.
 std::optional<int> TerminalWidth();
 
@@ -44,9 +57,6 @@ HMODULE LoadedModule(const std::string& path);
 FARPROC FunctionByOrdinal(HMODULE module, WORD ordinal, const char* symbol);
 /// Lets the system unload the modules of registered classes that nobody needs any more.
 void UnloadUnusedModules();
-/// A path in the form that the standard library's files and the environment take.
-std::string FileName(const std::string& path);
-void SetEnvironment(const char* name, const std::string& value);
 
 /// While it lives, debug output of this process goes to standard error, one line each.
 class DebugOutputToStderr {

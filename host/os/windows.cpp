@@ -1,9 +1,7 @@
-#include <fcntl.h>
-#include <io.h>
 #include <objbase.h>
 #include <shellapi.h>
 
-#include <cstdio>
+#include <iostream>
 
 #include "host/os/os.h"
 #include "platform/text.h"
@@ -20,8 +18,7 @@ LONG CALLBACK PrintDebugOutput(EXCEPTION_POINTERS* pointers) {
     return EXCEPTION_CONTINUE_SEARCH;
   }
   const auto* text = reinterpret_cast<const char*>(record.ExceptionInformation[1]);
-  std::fprintf(stderr, "%s\n", text);
-  std::fflush(stderr);
+  std::cerr << platform::Utf8Text(platform::WideText(text)) + "\n" << std::flush;
   return EXCEPTION_CONTINUE_EXECUTION;
 }
 
@@ -36,29 +33,6 @@ std::vector<std::string> Arguments(int, char**) {
   for (int index = 1; index < count; ++index) arguments.push_back(platform::Utf8Text(wide[index]));
   LocalFree(wide);
   return arguments;
-}
-
-void PrepareStreams() {
-  for (const int stream : {0, 1, 2}) _setmode(stream, _O_BINARY);
-  SetConsoleOutputCP(CP_UTF8);
-  SetConsoleCP(CP_UTF8);
-}
-
-bool IsTerminal(int standardStream) {
-  return _isatty(standardStream) != 0;
-}
-
-bool TerminalColors() {
-  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-  DWORD mode = 0;
-  return GetConsoleMode(output, &mode) &&
-         SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
-}
-
-std::optional<int> TerminalWidth() {
-  CONSOLE_SCREEN_BUFFER_INFO info{};
-  if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info)) return std::nullopt;
-  return info.srWindow.Right - info.srWindow.Left + 1;
 }
 
 std::string DefaultModulePath() {
@@ -76,27 +50,6 @@ HMODULE LoadModule(const std::string& path) {
   }
   return LoadLibraryExW(full, nullptr,
                         LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
-}
-
-std::string LoadProblem(const std::string& path) {
-  const DWORD error = GetLastError();
-  const DWORD attributes = GetFileAttributesW(platform::WideFromUtf8(path).c_str());
-  std::string problem;
-  if (attributes == INVALID_FILE_ATTRIBUTES) {
-    problem = "there is no such file";
-  } else if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    problem = "it is a folder";
-  } else if (error == ERROR_BAD_EXE_FORMAT) {
-    problem = "it is no 64-bit module";
-  } else if (error == ERROR_PROC_NOT_FOUND) {
-    problem = "a library that it needs lacks a function";
-  } else if (error == ERROR_MOD_NOT_FOUND) {
-    problem = "a library that it needs is missing";
-  } else if (error == ERROR_ACCESS_DENIED) {
-    problem = "access denied";
-  }
-  const std::string number = "system error " + std::to_string(error);
-  return problem.empty() ? number : problem + " (" + number + ")";
 }
 
 FARPROC FunctionByOrdinal(HMODULE module, WORD ordinal, const char*) {
@@ -119,14 +72,6 @@ HMODULE LoadedModule(const std::string& path) {
 }
 void UnloadUnusedModules() {
   CoFreeUnusedLibrariesEx(0, 0);
-}
-
-std::string FileName(const std::string& path) {
-  return platform::AnsiText(platform::WideFromUtf8(path).c_str());
-}
-
-void SetEnvironment(const char* name, const std::string& value) {
-  SetEnvironmentVariableA(name, value.c_str());
 }
 
 DebugOutputToStderr::DebugOutputToStderr() {

@@ -41,7 +41,7 @@ std::string Nearest(std::string_view word, const std::vector<std::string>& names
 
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& names) {
   const std::string nearest = Nearest(word, names);
-  return nearest.empty() ? "" : "; did you mean " + nearest + "?";
+  return nearest.empty() ? "" : " (did you mean " + nearest + "?)";
 }
 
 }  // namespace host

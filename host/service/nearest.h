@@ -10,7 +10,7 @@ namespace host {
 /// not count. Empty if none is near.
 std::string Nearest(std::string_view word, const std::vector<std::string>& names);
 
-/// "; did you mean NAME?", nothing if none is near.
+/// " (did you mean NAME?)", nothing if none is near.
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& names);
 
 }  // namespace host

@@ -93,6 +93,8 @@ platform::ComPtr<IClassFactory> ProviderModule::Factory(const std::string& class
     }
     result = getClassObject(provider, IID_IClassFactory, factory.put_void());
   }
+  // The system's answer does not tell why a module was not loaded.
+  if (loadedByCom_ && FAILED(result)) FreeLibrary(Load(path_));
   if (FAILED(result) || !factory) {
     throw ModuleError("the module '" + path_ +
                       "' gives no class factory: " + DescribeResult(result));

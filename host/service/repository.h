@@ -48,7 +48,7 @@ class Repository {
 
   /// A class of the schema or of the platform, none if unknown.
   const ClassInfo* FindClass(std::string_view className) const;
-  /// "; did you mean CLASS?" for a class that is unknown, nothing if none is near.
+  /// " (did you mean CLASS?)" for a class that is unknown, nothing if none is near.
   std::string DidYouMeanClass(std::string_view className) const;
   /// The classes that the provider serves, in the order of the schema.
   const std::vector<const ClassInfo*>& served() const { return served_; }

@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "platform/environment.h"
+#include "platform/platform.h"
 
 namespace wifi {
 namespace {

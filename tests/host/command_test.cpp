@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iostream>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 
 #include "host/cli/command_line.h"
 #include "host/cli/command_table.h"
 #include "host/cli/help.h"
 #include "host/cli/run_command.h"
+#include "host/cli/run_host.h"
 #include "host/cli/shell.h"
 #include "host/cli/shell_words.h"
 #include "tests/host/fake_provider.h"
@@ -42,7 +45,7 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
       {{"emun", "A"}, "did you mean enum?"},
       {{"enum"}, "CLASS"},
       {{"enum", "A", "B"}, "'B' is one argument too many; see help enum"},
-      {{"enum", "A", "--feilds=x"}, "no option '--feilds' here; did you mean --fields?"},
+      {{"enum", "A", "--feilds=x"}, "no option '--feilds' here (did you mean --fields?)"},
       {{"set", "A"}, "there is no command 'set'"},
       {{"enum", "A", "--format", "xml"}, "--format: 'xml' is not table, list, json, csv or chart"},
       {{"enum", "A", "--fields", "A,,B"}, "--fields"},
@@ -63,6 +66,43 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
       EXPECT_EQ(message.find('\n'), std::string::npos) << message;
     }
   }
+}
+
+/// Takes nothing and gives nothing.
+class BrokenBuffer : public std::streambuf {
+ protected:
+  int_type underflow() override { throw std::runtime_error("broken"); }
+};
+
+TEST(ProgramTest, EndsWithEveryStatusOfTheTable) {
+  struct Row {
+    ExitStatus status;
+    std::vector<std::string> arguments;
+    const char* error;
+  };
+  const Row rows[] = {
+      {kSuccess, {"classes"}, ""},
+      {kUnexpected, {"--module", DEFECTIVE_MODULE, "shell", "-"}, "wmihost: broken\n"},
+      {kBadInput, {"fly"}, "there is no command 'fly'"},
+      {kNotFound, {"describe", "Nothing"}, "no such class"},
+      {kRefused, {"--module", "missing", "dump"}, "'missing' cannot be loaded"},
+      {kDefective, {"--module", DEFECTIVE_MODULE, "enum", "WiFi_SystemPolicies"}, "defect: "},
+      {kNotWritten, {"classes"}, "standard output could not be written whole"},
+  };
+  ASSERT_EQ(std::size(rows), std::size(kExitStatuses));
+  BrokenBuffer broken;
+  std::streambuf* const input = std::cin.rdbuf(&broken);
+  std::cin.exceptions(std::ios::badbit);
+  for (const Row& row : rows) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    std::ostream full(&broken);
+    EXPECT_EQ(RunProgram(row.arguments, row.status == kNotWritten ? full : output, errors),
+              row.status);
+    EXPECT_NE(errors.str().find(row.error), std::string::npos) << errors.str();
+  }
+  std::cin.exceptions(std::ios::goodbit);
+  std::cin.rdbuf(input);
 }
 
 /// A document's lines, each once.

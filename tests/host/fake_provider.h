@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/service/unsupported_services.h"
+#include "platform/bstr.h"
 
 namespace host {
 

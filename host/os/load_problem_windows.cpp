@@ -1,0 +1,90 @@
+#include <filesystem>
+
+#include "host/os/os.h"
+#include "platform/text.h"
+
+namespace host::os {
+namespace {
+
+constexpr int kDeepest = 8;  // libraries of libraries
+
+/// A module that is only mapped: nothing that it needs is loaded, and none of its code runs.
+class MappedModule {
+ public:
+  explicit MappedModule(const std::filesystem::path& file)
+      : module_(LoadLibraryExW(file.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES)) {}
+  MappedModule(const MappedModule&) = delete;
+  MappedModule& operator=(const MappedModule&) = delete;
+  ~MappedModule() {
+    if (module_ != nullptr) FreeLibrary(module_);
+  }
+
+  /// The names of the libraries that it imports from.
+  std::vector<std::string> Imports() const {
+    std::vector<std::string> names;
+    if (module_ == nullptr) return names;
+    const auto* base = reinterpret_cast<const char*>(module_);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+    const IMAGE_DATA_DIRECTORY& directory =
+        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    if (directory.VirtualAddress == 0) return names;
+    const auto* import =
+        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+    for (; import->Name != 0; ++import) names.emplace_back(base + import->Name);
+    return names;
+  }
+
+ private:
+  HMODULE module_;
+};
+
+/// Which library keeps the file from being loaded: "B.dll", or "B.dll, which A.dll needs"; empty if
+/// each is there. `needed` names the file itself where it is not the one that was asked for.
+std::string MissingLibrary(const std::filesystem::path& file, const std::string& needed,
+                           int depth) {
+  if (depth == kDeepest) return "";
+  for (const std::string& name : MappedModule(file).Imports()) {
+    const std::wstring wide = platform::WideFromUtf8(name);
+    if (const HMODULE found =
+            LoadLibraryExW(wide.c_str(), nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS)) {
+      FreeLibrary(found);
+      continue;
+    }
+    const std::filesystem::path beside = file.parent_path() / wide;
+    std::error_code unknown;
+    if (!std::filesystem::exists(beside, unknown)) {
+      return needed.empty() ? name : name + ", which " + needed + " needs,";
+    }
+    const std::string deeper = MissingLibrary(beside, name, depth + 1);
+    if (!deeper.empty()) return deeper;
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string LoadProblem(const std::string& path) {
+  const DWORD error = GetLastError();
+  const std::filesystem::path file = std::filesystem::absolute(platform::WideFromUtf8(path));
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  std::string problem;
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    problem = "there is no such file";
+  } else if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    problem = "it is a folder";
+  } else if (error == ERROR_BAD_EXE_FORMAT) {
+    problem = "it is no 64-bit module";
+  } else if (error == ERROR_PROC_NOT_FOUND) {
+    problem = "a library that it needs lacks a function";
+  } else if (error == ERROR_MOD_NOT_FOUND) {
+    const std::string missing = MissingLibrary(file, "", 0);
+    problem = missing.empty() ? "a library that it needs is missing" : missing + " is missing";
+  } else if (error == ERROR_ACCESS_DENIED) {
+    problem = "access denied";
+  }
+  const std::string number = "system error " + std::to_string(error);
+  return problem.empty() ? number : problem + " (" + number + ")";
+}
+
+}  // namespace host::os
