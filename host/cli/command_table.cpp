@@ -288,6 +288,12 @@ const std::vector<OptionRow>& HostOptions() {
        "Folder of QuarnApi and TolvaApi (default: where the system finds them)", Takes::kFolder},
       {"--registry", "FILE", "File that keeps the registry, where the system has none",
        Takes::kFile},
+      {"--service", "[NAMESPACE]",
+       "Ask the machine's own management service, on Windows (default: root\\cimv2; "
+       "\\\\HOST\\root\\cimv2 is another machine's)",
+       Takes::kText},
+      {"--user", "NAME", "With --service: as this user; the password is asked for or read",
+       Takes::kText},
       {"--os-version", "MAJOR.MINOR", "System version that the provider is told, such as 6.1",
        Takes::kVersion},
       {"--trace",

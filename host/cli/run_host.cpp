@@ -8,6 +8,7 @@
 #include "host/cli/provider_host.h"
 #include "host/cli/run_command.h"
 #include "host/cli/scenario_file.h"
+#include "host/cli/service_commands.h"
 #include "host/mof/product_schema.h"
 #include "host/os/os.h"
 #include "platform/environment.h"
@@ -27,6 +28,8 @@ int Width() {
 }
 
 ExitStatus Run(const Command& command, CommandContext& context) {
+  if (command.Has("--service")) return RunOnService(command, context);
+  if (command.Has("--user")) throw CommandLineError("--user goes with --service");
   const Needs needs = command.row->needs;
   if (needs == Needs::kNothing) return RunCommand(command, context);
   ScenarioFile scenario(command);
@@ -59,6 +62,10 @@ ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& e
     return context.Fail(kBadInput, std::string("scenario: ") + error.what());
   } catch (const ModuleError& error) {
     return context.Fail(kRefused, error.what());
+  } catch (const ValueError& error) {
+    return context.Fail(kBadInput, error.what());
+  } catch (const CommandLineError& error) {
+    return context.Fail(kBadInput, error.what());
   }
 }
 

@@ -89,6 +89,18 @@ void UnloadUnusedModules() {}
 DebugOutputToStderr::DebugOutputToStderr() = default;
 DebugOutputToStderr::~DebugOutputToStderr() = default;
 
+struct ServiceConnection::Identity {};
+ServiceConnection::ServiceConnection(const ServiceLogon&) : status_(E_NOTIMPL) {}
+ServiceConnection::~ServiceConnection() = default;
+bool ServiceConnection::Exists() {
+  return false;
+}
+void ServiceConnection::Secure(IUnknown*) const {}
+
+std::string ReadPassword(const std::string&) {
+  return "";
+}
+
 Apartment::Apartment() = default;
 Apartment::~Apartment() = default;
 

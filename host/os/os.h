@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/com_ptr.h"
 #include "platform/platform.h"
 
 namespace host::os {
@@ -75,6 +76,40 @@ class Apartment {
   Apartment& operator=(const Apartment&) = delete;
   ~Apartment();
 };
+
+/// Which management service, and as whom: an empty user is the one of this process.
+struct ServiceLogon {
+  std::string namespacePath;  ///< root\\cimv2, or \\\\HOST\\root\\cimv2
+  std::string user;
+  std::string password;
+};
+
+/// A connection with a management service. Needs an apartment.
+class ServiceConnection {
+ public:
+  explicit ServiceConnection(const ServiceLogon& logon);
+  ServiceConnection(const ServiceConnection&) = delete;
+  ServiceConnection& operator=(const ServiceConnection&) = delete;
+  ~ServiceConnection();
+
+  /// Whether the system has such a service at all.
+  static bool Exists();
+
+  HRESULT status() const { return status_; }
+  IWbemServices* get() const { return services_.get(); }
+  /// Lets calls of what the service gave go as the same user.
+  void Secure(IUnknown* proxy) const;
+
+ private:
+  struct Identity;
+
+  std::unique_ptr<Identity> identity_;
+  platform::ComPtr<IWbemServices> services_;
+  HRESULT status_ = S_OK;
+};
+
+/// A password that a person types unseen, or else the first line of standard input.
+std::string ReadPassword(const std::string& prompt);
 
 /// Reads lines that a person types. Ctrl-C abandons the line, and while it lives ends nothing else.
 class LineEditor {

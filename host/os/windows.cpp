@@ -81,6 +81,82 @@ DebugOutputToStderr::~DebugOutputToStderr() {
   RemoveVectoredExceptionHandler(debugOutputHandler);
 }
 
+/// What the security of a proxy refers to, as long as the proxy lives.
+struct ServiceConnection::Identity {
+  platform::OleString user;
+  platform::OleString domain;
+  platform::OleString password;
+  COAUTHIDENTITY data = {};
+};
+
+ServiceConnection::ServiceConnection(const ServiceLogon& logon) {
+  using platform::Bstr;
+  // Fails where something has set it already, which then holds.
+  CoInitializeSecurity(nullptr, -1, nullptr, nullptr, RPC_C_AUTHN_LEVEL_DEFAULT,
+                       RPC_C_IMP_LEVEL_IMPERSONATE, nullptr, EOAC_NONE, nullptr);
+  Bstr user;
+  Bstr password;
+  if (!logon.user.empty()) {
+    identity_ = std::make_unique<Identity>();
+    const std::size_t separator = logon.user.find('\\');
+    const bool split = separator != std::string::npos;
+    identity_->domain = platform::WideFromUtf8(split ? logon.user.substr(0, separator) : "");
+    identity_->user = platform::WideFromUtf8(split ? logon.user.substr(separator + 1) : logon.user);
+    identity_->password = platform::WideFromUtf8(logon.password);
+    const auto place = [](platform::OleString& text) {
+      return reinterpret_cast<USHORT*>(text.data());
+    };
+    identity_->data.User = place(identity_->user);
+    identity_->data.UserLength = static_cast<ULONG>(identity_->user.size());
+    identity_->data.Domain = place(identity_->domain);
+    identity_->data.DomainLength = static_cast<ULONG>(identity_->domain.size());
+    identity_->data.Password = place(identity_->password);
+    identity_->data.PasswordLength = static_cast<ULONG>(identity_->password.size());
+    identity_->data.Flags = SEC_WINNT_AUTH_IDENTITY_UNICODE;
+    user = Bstr(platform::WideFromUtf8(logon.user));
+    password = Bstr(identity_->password);
+  }
+  platform::ComPtr<IWbemLocator> locator;
+  status_ = CoCreateInstance(CLSID_WbemLocator, nullptr, CLSCTX_INPROC_SERVER, IID_IWbemLocator,
+                             locator.put_void());
+  if (FAILED(status_)) return;
+  const Bstr path(platform::WideFromUtf8(logon.namespacePath));
+  status_ = locator->ConnectServer(path.get(), user.get(), password.get(), nullptr, 0, nullptr,
+                                   nullptr, services_.put());
+  if (SUCCEEDED(status_)) Secure(services_.get());
+}
+ServiceConnection::~ServiceConnection() = default;
+
+bool ServiceConnection::Exists() {
+  return true;
+}
+
+void ServiceConnection::Secure(IUnknown* proxy) const {
+  // A service in this process gives no proxies, and refuses.
+  CoSetProxyBlanket(proxy, RPC_C_AUTHN_DEFAULT, RPC_C_AUTHZ_DEFAULT, COLE_DEFAULT_PRINCIPAL,
+                    RPC_C_AUTHN_LEVEL_PKT_PRIVACY, RPC_C_IMP_LEVEL_IMPERSONATE,
+                    identity_ ? &identity_->data : nullptr, EOAC_NONE);
+}
+
+std::string ReadPassword(const std::string& prompt) {
+  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD mode = 0;
+  const bool isConsole = GetConsoleMode(input, &mode) != FALSE;
+  if (isConsole) {
+    std::fputs(prompt.c_str(), stderr);
+    SetConsoleMode(input, mode & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
+  }
+  std::string password;
+  for (int letter = std::getchar(); letter != EOF && letter != '\n'; letter = std::getchar()) {
+    if (letter != '\r') password += static_cast<char>(letter);
+  }
+  if (isConsole) {
+    SetConsoleMode(input, mode);
+    std::fputs("\n", stderr);
+  }
+  return password;
+}
+
 Apartment::Apartment() {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
 }

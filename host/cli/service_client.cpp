@@ -1,0 +1,172 @@
+#include "host/cli/service_client.h"
+
+#include "host/mof/cim_types.h"
+#include "host/service/repository.h"
+#include "host/service/result_codes.h"
+#include "platform/safe_array.h"
+#include "platform/text.h"
+
+namespace host {
+namespace {
+
+using platform::Bstr;
+using platform::ComPtr;
+using platform::SafeArray;
+using platform::Variant;
+
+Bstr ServiceText(const std::string& text) {
+  return Bstr(platform::WideFromUtf8(text));
+}
+
+std::vector<std::string> OwnNames(IWbemClassObject& object) {
+  std::vector<std::string> names;
+  SAFEARRAY* given = nullptr;
+  if (FAILED(object.GetNames(nullptr, WBEM_FLAG_NONSYSTEM_ONLY, nullptr, &given))) return names;
+  const SafeArray owned(given);
+  LONG last = -1;
+  if (given == nullptr || FAILED(SafeArrayGetUBound(given, 1, &last))) return names;
+  for (LONG index = 0; index <= last; ++index) {
+    Bstr name;
+    if (SUCCEEDED(SafeArrayGetElement(given, &index, name.put()))) {
+      names.push_back(platform::Utf8Text(name.view()));
+    }
+  }
+  return names;
+}
+
+Json ValueOf(IWbemClassObject& object, const std::string& name) {
+  Variant value;
+  CIMTYPE type = CIM_EMPTY;
+  const platform::OleString wide = platform::WideFromUtf8(name);
+  if (FAILED(object.Get(wide.c_str(), 0, value.put(), &type, nullptr))) return nullptr;
+  Json json = ToJson(type, value.get());
+  if (!json.is_null() || value.type() == VT_NULL) return json;
+  // A type that the schema does not use, such as a real number.
+  if (SUCCEEDED(value.ChangeType(VT_BSTR))) json = ToJson(CIM_STRING, value.get());
+  return json;
+}
+
+}  // namespace
+
+ServiceAnswer ServiceClient::Collect(const std::function<HRESULT(IEnumWbemClassObject**)>& open) {
+  constexpr ULONG kAtOnce = 1;
+  ServiceAnswer answer;
+  ComPtr<IEnumWbemClassObject> enumeration;
+  answer.status = open(enumeration.put());
+  if (FAILED(answer.status) || !enumeration) return answer;
+  service_.Secure(enumeration.get());
+  while (true) {
+    ServiceObject object;
+    ULONG returned = 0;
+    const HRESULT next = enumeration->Next(WBEM_INFINITE, kAtOnce, object.put(), &returned);
+    if (next != S_OK || returned == 0 || !object) {
+      answer.status = FAILED(next) ? next : S_OK;
+      return answer;
+    }
+    answer.objects.push_back(std::move(object));
+  }
+}
+
+ServiceAnswer ServiceClient::Enumerate(const std::string& className) {
+  return Collect([&](IEnumWbemClassObject** enumeration) {
+    return service_.get()->CreateInstanceEnum(ServiceText(className).get(),
+                                              WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
+                                              nullptr, enumeration);
+  });
+}
+
+ServiceAnswer ServiceClient::Classes() {
+  return Collect([&](IEnumWbemClassObject** enumeration) {
+    return service_.get()->CreateClassEnum(
+        nullptr, WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr, enumeration);
+  });
+}
+
+ServiceAnswer ServiceClient::Query(const std::string& query) {
+  return Collect([&](IEnumWbemClassObject** enumeration) {
+    return service_.get()->ExecQuery(ServiceText("WQL").get(), ServiceText(query).get(),
+                                     WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
+                                     enumeration);
+  });
+}
+
+ServiceAnswer ServiceClient::Get(const std::string& classOrPath) {
+  ServiceAnswer answer;
+  ServiceObject object;
+  answer.status =
+      service_.get()->GetObject(ServiceText(classOrPath).get(), 0, nullptr, object.put(), nullptr);
+  if (SUCCEEDED(answer.status) && object) answer.objects.push_back(std::move(object));
+  return answer;
+}
+
+HRESULT ServiceClient::Put(const ServiceObject& instance) {
+  constexpr LONG kUpdateOnly = 1;
+  return service_.get()->PutInstance(instance.get(), kUpdateOnly, nullptr, nullptr);
+}
+
+ServiceAnswer ServiceClient::Call(const std::string& path, const std::string& method,
+                                  const TypedValues& values) {
+  ServiceAnswer answer = Get(ClassNameOfPath(path));
+  if (FAILED(answer.status) || answer.objects.empty()) return answer;
+  ServiceObject signature;
+  ServiceObject unused;
+  ServiceObject in;
+  const platform::OleString name = platform::WideFromUtf8(method);
+  answer.status = answer.objects.front()->GetMethod(name.c_str(), 0, signature.put(), unused.put());
+  answer.objects.clear();
+  if (FAILED(answer.status)) return answer;
+  if (signature) {
+    answer.status = signature->SpawnInstance(0, in.put());
+    if (FAILED(answer.status)) return answer;
+    for (const auto& [parameter, text] : values) PutTyped(in, parameter, text);
+  } else if (!values.empty()) {
+    throw ValueError(method + " takes no parameters");
+  }
+  ServiceObject out;
+  answer.status = service_.get()->ExecMethod(ServiceText(path).get(), ServiceText(method).get(), 0,
+                                             nullptr, in.get(), out.put(), nullptr);
+  if (SUCCEEDED(answer.status) && out) answer.objects.push_back(std::move(out));
+  return answer;
+}
+
+Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields) {
+  Json row = Json::object();
+  for (const std::string& name : fields.empty() ? OwnNames(*object.get()) : fields) {
+    row[name] = ValueOf(*object.get(), name);
+  }
+  return row;
+}
+
+std::string ClassNameOf(const ServiceObject& object) {
+  const Json name = ValueOf(*object.get(), "__CLASS");
+  return name.is_string() ? name.get<std::string>() : "";
+}
+
+Json PropertiesOf(const ServiceObject& classObject) {
+  Json rows = Json::array();
+  for (const std::string& name : OwnNames(*classObject.get())) {
+    CIMTYPE type = CIM_EMPTY;
+    const platform::OleString wide = platform::WideFromUtf8(name);
+    classObject->Get(wide.c_str(), 0, nullptr, &type, nullptr);
+    const CimType* known = FindCimType(type & ~CIM_FLAG_ARRAY);
+    std::string word = known == nullptr ? std::to_string(type) : std::string(known->word);
+    if ((type & CIM_FLAG_ARRAY) != 0) word += "[]";
+    rows.push_back({{"Name", name}, {"Type", word}});
+  }
+  return rows;
+}
+
+void PutTyped(const ServiceObject& object, const std::string& name, const std::string& text) {
+  const platform::OleString wide = platform::WideFromUtf8(name);
+  CIMTYPE type = CIM_EMPTY;
+  HRESULT result = object->Get(wide.c_str(), 0, nullptr, &type, nullptr);
+  if (FAILED(result)) throw ValueError(name + ": " + DescribeResult(result));
+  if (FindCimType(type & ~CIM_FLAG_ARRAY) == nullptr) {
+    throw ValueError(name + ": values of this type cannot be typed");
+  }
+  Variant value = FromTypedText(type, text);
+  result = object->Put(wide.c_str(), 0, value.in_place(), 0);
+  if (FAILED(result)) throw ValueError(name + ": " + DescribeResult(result));
+}
+
+}  // namespace host

@@ -1,0 +1,162 @@
+#include "host/cli/service_commands.h"
+
+#include <iterator>
+
+#include "host/cli/command_table.h"
+#include "host/cli/dump_origin.h"
+#include "host/cli/service_client.h"
+#include "host/report/report.h"
+
+namespace host {
+namespace {
+
+Json RowsOfService(const ServiceAnswer& answer, const std::vector<std::string>& fields) {
+  Json rows = Json::array();
+  for (const ServiceObject& object : answer.objects) rows.push_back(RowOfService(object, fields));
+  return rows;
+}
+
+ExitStatus ShowRows(const Command& command, CommandContext& context, const std::string& what,
+                    const ServiceAnswer& answer, const Json& rows) {
+  if (SUCCEEDED(answer.status) || !rows.empty()) {
+    context.output << FormatRows(rows, command.format, context.width, command.fields,
+                                 context.color);
+  }
+  return context.Report(what, answer.status);
+}
+
+ExitStatus ShowAnswer(const Command& command, CommandContext& context, const std::string& what,
+                      const ServiceAnswer& answer) {
+  return ShowRows(command, context, what, answer, RowsOfService(answer, command.fields));
+}
+
+TypedValues Typed(const Command& command) {
+  TypedValues values;
+  for (const std::string& assignment : command.All("NAME=VALUE")) {
+    const std::size_t equals = assignment.find('=');
+    if (equals == std::string::npos) throw ValueError("'" + assignment + "' is not NAME=VALUE");
+    values.emplace_back(assignment.substr(0, equals), assignment.substr(equals + 1));
+  }
+  return values;
+}
+
+ExitStatus EnumOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  const std::string name = command.Text("CLASS");
+  return ShowAnswer(command, context, name, service.Enumerate(name));
+}
+
+ExitStatus GetOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  const std::string path = command.Text("PATH");
+  return ShowAnswer(command, context, path, service.Get(path));
+}
+
+ExitStatus QueryOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  return ShowAnswer(command, context, "query", service.Query(command.Text("WQL")));
+}
+
+ExitStatus ClassesOnService(const Command& command, CommandContext& context,
+                            ServiceClient& service) {
+  const ServiceAnswer answer = service.Classes();
+  Json rows = Json::array();
+  for (const ServiceObject& each : answer.objects) rows.push_back({{"Name", ClassNameOf(each)}});
+  return ShowRows(command, context, "classes", answer, rows);
+}
+
+ExitStatus DescribeOnService(const Command& command, CommandContext& context,
+                             ServiceClient& service) {
+  const std::string name = command.Text("CLASS");
+  const ServiceAnswer answer = service.Get(name);
+  return ShowRows(command, context, name, answer,
+                  answer.objects.empty() ? Json::array() : PropertiesOf(answer.objects.front()));
+}
+
+/// All instances of the provider's classes, and where they come from.
+Json DumpOf(CommandContext& context, ServiceClient& service, ExitStatus* status) {
+  Json all = Json::object();
+  DumpOrigin origin;
+  *status = kSuccess;
+  for (const ClassInfo* info : context.repository.served()) {
+    const ServiceAnswer answer = service.Enumerate(info->name());
+    all[info->name()] = RowsOfService(answer, {});
+    const bool isEmpty = answer.status == WBEM_E_NOT_FOUND && answer.objects.empty();
+    const ExitStatus reported = context.Report(info->name(), answer.status);
+    if (isEmpty) continue;
+    *status = Worse(*status, reported);
+    origin.Visit(*info, {answer.status, {}});
+  }
+  all[kOriginMember] = Json::array({origin.ToJson(context)});
+  return all;
+}
+
+ExitStatus DumpOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  if (command.format != OutputFormat::kJson) {
+    throw CommandLineError("dump: of a service it takes --format json");
+  }
+  ExitStatus status = kSuccess;
+  const Json all = DumpOf(context, service, &status);
+  context.output << JsonText(all);
+  return status;
+}
+
+ExitStatus ReportOnService(const Command&, CommandContext& context, ServiceClient& service) {
+  ExitStatus status = kSuccess;
+  const Json all = DumpOf(context, service, &status);
+  context.output << ReportPage(context.repository, all);
+  return status;
+}
+
+ExitStatus PutOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  const std::string path = command.Text("PATH");
+  const ServiceAnswer found = service.Get(path);
+  if (FAILED(found.status) || found.objects.empty()) return context.Report(path, found.status);
+  for (const auto& [name, text] : Typed(command)) PutTyped(found.objects.front(), name, text);
+  const ExitStatus status = context.Report("put " + path, service.Put(found.objects.front()));
+  return status != kSuccess ? status : ShowAnswer(command, context, path, service.Get(path));
+}
+
+ExitStatus CallOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  const std::string path = command.Text("PATH");
+  const std::string method = command.Text("METHOD");
+  return ShowAnswer(command, context, path + " " + method,
+                    service.Call(path, method, Typed(command)));
+}
+
+struct ServiceCommand {
+  const char* name;
+  ExitStatus (*run)(const Command&, CommandContext&, ServiceClient&);
+};
+constexpr ServiceCommand kServiceCommands[] = {
+    {"enum", EnumOnService},       {"get", GetOnService},           {"query", QueryOnService},
+    {"classes", ClassesOnService}, {"describe", DescribeOnService}, {"dump", DumpOnService},
+    {"report", ReportOnService},   {"put", PutOnService},           {"call", CallOnService},
+};
+
+}  // namespace
+
+ExitStatus RunOnService(const Command& command, CommandContext& context) {
+  const auto* row = std::ranges::find_if(kServiceCommands, [&](const ServiceCommand& each) {
+    return SameName(each.name, command.row->name);
+  });
+  if (row == std::end(kServiceCommands)) {
+    throw CommandLineError(std::string("--service: it does nothing for ") + command.row->name);
+  }
+  if (command.format == OutputFormat::kChart || command.Has("--paths")) {
+    throw CommandLineError("--service goes with neither --format chart nor --paths");
+  }
+  if (!os::ServiceConnection::Exists()) {
+    throw CommandLineError("--service: there is no management service here, only on Windows");
+  }
+  os::ServiceLogon logon;
+  logon.namespacePath = command.Find("--service").value_or("");
+  if (logon.namespacePath.empty()) logon.namespacePath = "root\\cimv2";
+  if (const auto user = command.Find("--user")) {
+    logon.user = *user;
+    logon.password = os::ReadPassword("Password of " + *user + ": ");
+  }
+  const os::Apartment apartment;
+  ServiceClient service(logon);
+  if (FAILED(service.connected())) return context.Report(logon.namespacePath, service.connected());
+  return row->run(command, context, service);
+}
+
+}  // namespace host
