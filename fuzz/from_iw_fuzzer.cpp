@@ -1,18 +1,15 @@
 // Any bytes at all give a scenario that can be read, or are refused with ScenarioError.
 
-#include <cstddef>
-#include <cstdint>
-
+#include "fuzz/fuzz_target.h"
 #include "scenario/from_iw.h"
 #include "scenario/scenario.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Fuzz_from_iw(FuzzInput bytes) {
   std::string scenario;
   try {
-    scenario = simulator::ScenarioFromIw({reinterpret_cast<const char*>(data), size}, "input").json;
+    scenario = simulator::ScenarioFromIw(TextOf(bytes), "input").json;
   } catch (const simulator::ScenarioError&) {
-    return 0;
+    return;
   }
   simulator::ParseScenario(scenario, "made of the input");
-  return 0;
 }

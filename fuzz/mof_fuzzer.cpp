@@ -1,15 +1,12 @@
 // Any bytes are a MOF text or give a MofError; what is read can be checked and described.
 
-#include <cstddef>
-#include <cstdint>
-
+#include "fuzz/fuzz_target.h"
 #include "host/mof/check.h"
 #include "host/mof/reference.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Fuzz_mof(FuzzInput bytes) {
   try {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const host::Schema schema = host::ParseMof(text, "fuzz");
+    const host::Schema schema = host::ParseMof(TextOf(bytes), "fuzz");
     host::CheckSchema(schema);
     host::ClassReference(schema);
     for (const host::ClassDeclaration& declaration : schema.classes) {
@@ -17,5 +14,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   } catch (const host::MofError&) {
   }
-  return 0;
 }

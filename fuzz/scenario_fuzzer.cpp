@@ -1,14 +1,11 @@
 // Any bytes at all are a scenario, or are refused with ScenarioError.
 
-#include <cstddef>
-#include <cstdint>
-
+#include "fuzz/fuzz_target.h"
 #include "scenario/scenario.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Fuzz_scenario(FuzzInput bytes) {
   try {
-    simulator::ParseScenario({reinterpret_cast<const char*>(data), size}, "input");
+    simulator::ParseScenario(TextOf(bytes), "input");
   } catch (const simulator::ScenarioError&) {
   }
-  return 0;
 }

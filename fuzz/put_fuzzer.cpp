@@ -1,0 +1,14 @@
+// Instances whose properties hold values of any type, put under each class that can be updated.
+
+#include "fuzz/provider_world.h"
+
+void Fuzz_put(FuzzInput bytes) {
+  static constexpr const char* kClasses[] = {
+      "WiFi_NetworkAdapter", "WiFi_NetworkAdapterConfiguration", "WiFi_AdapterChannel",
+      "WiFi_SystemPolicies", "WiFi_NetworkAdapterSetting",       "WiFi_AdapterVersion"};
+  ByteSource source(bytes);
+  ProviderWorld world(source);
+  do {
+    world.Put(kClasses[source.Below(std::size(kClasses))]);
+  } while (!source.empty());
+}

@@ -1,0 +1,17 @@
+// Any bytes are a query or give a QueryError; one that is read decides on an instance.
+
+#include "fuzz/fuzz_target.h"
+#include "host/query/associators.h"
+#include "host/query/wql.h"
+#include "tests/host/toy.h"
+
+void Fuzz_wql(FuzzInput bytes) {
+  try {
+    if (host::ParseAssociators(TextOf(bytes), host::ToyRepository())) return;
+    const host::WqlQuery query = host::ParseWql(TextOf(bytes), host::ToyRepository());
+    if (query.className != "Toy") return;
+    query.Selects(host::NewToy("alpha", 5));
+    query.Selects(host::NewInstance("Toy"));
+  } catch (const host::QueryError&) {
+  }
+}
