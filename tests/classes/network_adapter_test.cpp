@@ -313,6 +313,11 @@ TEST_F(NetworkAdapter, LeavesDisableRfControlOutWhenItCannotBeRead) {
   EXPECT_EQ(Value("DisableRfControl"), "");
   EXPECT_TRUE(journal.Has("trace FillAdapter: Failed to Get DisableRfControl"));
   EXPECT_EQ(state.memory.lastKnown.disableRfControl, 0u);
+  for (const std::uint32_t flag : {0u, 1u, 2u}) {
+    api.onGetSettingValue = Gives(flag);
+    EXPECT_EQ(Value("DisableRfControl"), flag == 0 ? "flag:false" : "flag:true");
+    EXPECT_EQ(state.memory.lastKnown.disableRfControl, flag);
+  }
 }
 
 TEST_F(NetworkAdapter, StopsAtTheFirstFailedPut) {

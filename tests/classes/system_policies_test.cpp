@@ -37,6 +37,11 @@ TEST_F(SystemPolicies, TheOneInstanceWhateverTheKey) {
   EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
   ASSERT_EQ(sink->objects.size(), 1u);
   EXPECT_EQ(sink->objects[0]->puts.size(), 3u);
+  api.onGetPolicyValue = api.onGetSettingValue = Answers(0);  // and nothing is written
+  EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
+  ASSERT_EQ(sink->objects.size(), 1u);
+  EXPECT_EQ(sink->objects[0]->Last("AutoConnect"), "number:0");
+  EXPECT_EQ(sink->objects[0]->Last("SingleBSSMode"), "flag:false");
   script.putResults["Caption"] = E_ACCESSDENIED;
   journal.Clear();
   EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), E_ACCESSDENIED);

@@ -116,6 +116,8 @@ TEST_F(Methods, Questions) {
     return 1;
   };
   EXPECT_EQ(OnAdapterAnswer("IsAdapterSupported"), kTrue);
+  api.onIsAdapterSupported = Gives(1u, 0);
+  EXPECT_EQ(OnAdapterAnswer("IsAdapterSupported"), kTrue);
   api.onIsAdapterSupported = Gives(1u, -1);
   EXPECT_EQ(OnAdapterAnswer("IsAdapterSupported"), kFalse);
   api.onGetDeviceInfo = Answers(1);
@@ -275,7 +277,7 @@ class ProfileMethods : public Methods {
     library.onGetProfileToApply = [](ORVEL_WLAN_PROFILE& profile) {
       EXPECT_EQ(profile.bytes[0], 0);  // cleared
       std::memset(profile.bytes, 0x11, sizeof(profile.bytes));
-      return 5;
+      return 0;
     };
     api.onApplyProfile = [this](auto adapter, const ORVEL_WLAN_PROFILE* profile, auto... rest) {
       record = *profile;

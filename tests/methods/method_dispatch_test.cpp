@@ -129,6 +129,20 @@ TEST_F(MethodDispatch, TheObjectOfASecondOutParameterIsMadeFirst) {
   EXPECT_EQ(journal.events().front(), "call ResetStatistics");
 }
 
+TEST_F(MethodDispatch, ASuccessWithoutItsObjectIsAFailure) {
+  using testing_support::Step;
+  for (const Step step : {Step::kFetch, Step::kSignature, Step::kSpawn}) {
+    testing_support::FaultPlan plan{step, testing_support::Manner::kNothing, 1, false};
+    testing_support::FaultPlan::armed = &plan;
+    {
+      const testing_support::Side inside(true);
+      EXPECT_EQ(OnAdapter("ResetStatistics"), WBEM_E_FAILED) << static_cast<int>(step);
+    }
+    testing_support::FaultPlan::armed = nullptr;
+    EXPECT_EQ(plan.struck, 1);
+  }
+}
+
 TEST_F(MethodDispatch, NoNamespaceNoObject) {
   state.services.reset();
   ParsedPath path;
