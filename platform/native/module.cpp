@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
 
 #include "platform/native/system.h"
@@ -18,11 +19,9 @@ HMODULE UserenvModule() {
 }
 
 std::string ProgramPath() {
-  char* path = realpath("/proc/self/exe", nullptr);
-  if (path == nullptr) return {};
-  std::string copy(path);
-  std::free(path);
-  return copy;
+  const std::unique_ptr<char, decltype(&std::free)> path(realpath("/proc/self/exe", nullptr),
+                                                         &std::free);
+  return path ? std::string(path.get()) : std::string();
 }
 
 // The file of a module that LoadLibraryA gave, or of the one that holds the address, which is what
