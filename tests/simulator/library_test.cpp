@@ -95,7 +95,7 @@ TEST(Faults, RunOutAndTheNextOneFollows) {
 
 TEST(Faults, BeginAfterSomeCallsWhateverDecidesThose) {
   Library library(WithFaults(R"({"operation": "GetBand", "status": 1, "after": 3, "times": 1},
-                                {"operation": "GetBand", "adapter": 2, "status": 2, "after": 2},
+                                {"operation": "GetBand", "adapter": 2, "status": 2, "after": 3},
                                 {"operation": "GetBand", "status": 3, "times": 1})"));
   const struct {
     AdapterNumber adapter;
