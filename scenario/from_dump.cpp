@@ -123,7 +123,7 @@ class Maker {
   /// What the dump says, else the older of two systems that it can come from.
   std::string OsVersion() const {
     for (const json& origin : InstancesOf("wmihost")) {
-      const std::string version = TextIn(origin, "OsVersion");
+      std::string version = TextIn(origin, "OsVersion");
       if (ParseOsVersion(version)) return version;
     }
     for (const json& adapter : InstancesOf(kAdapterClass)) {
@@ -140,8 +140,8 @@ class Maker {
     std::string unused;
     const bool isAddress = MemberOf(address, *FieldNamed(kAdapterTable, "mac"), unused).has_value();
     if (isAddress && addresses_.insert(address).second) return address;
-    const std::string own = "02:00:00:00:" + UpperHex(static_cast<std::uint32_t>(number) >> 8, 2) +
-                            ":" + UpperHex(static_cast<std::uint32_t>(number) & 0xFF, 2);
+    std::string own = "02:00:00:00:" + UpperHex(static_cast<std::uint32_t>(number) >> 8, 2) + ":" +
+                      UpperHex(static_cast<std::uint32_t>(number) & 0xFF, 2);
     Say("adapter " + key + (isAddress ? " has the address of another: " : " shows no address: ") +
         own + " is taken");
     addresses_.insert(own);

@@ -157,6 +157,8 @@ void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter
 
 std::optional<OsVersion> ParseOsVersion(std::string_view text) {
   OsVersion version;
+  // It takes the parsed numbers for views of their text.
+  // cppcheck-suppress danglingTemporaryLifetime
   const char* end = text.data() + text.size();
   const auto major = std::from_chars(text.data(), end, version.major);
   if (major.ec != std::errc() || major.ptr == end || *major.ptr != '.') return std::nullopt;

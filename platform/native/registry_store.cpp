@@ -40,7 +40,7 @@ std::u16string FoldedName(std::u16string_view name) {
 RegistryKeyRef MakeChild(const RegistryKeyRef& key, std::u16string_view name) {
   std::u16string folded = FoldedName(name);
   if (const auto found = key->keys.find(folded); found != key->keys.end()) return found->second;
-  const auto child = std::make_shared<RegistryKey>();
+  auto child = std::make_shared<RegistryKey>();
   child->name = name;
   child->parent = key.get();
   key->keys.emplace(std::move(folded), child);  // last: short of memory, there is no half a key
