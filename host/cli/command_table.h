@@ -61,15 +61,15 @@ enum class Place { kEverywhere, kCommandLine, kShell };
 struct CommandRow {
   const char* name;
   const char* help;  ///< one phrase in the imperative
-  std::vector<ArgumentRow> arguments;
-  std::vector<OptionRow> options;
-  Needs needs;
-  Place place;
+  std::vector<ArgumentRow> arguments = {};
+  std::vector<OptionRow> options = {};
+  Needs needs = Needs::kNothing;
+  Place place = Place::kEverywhere;
   /// The formats that it takes; empty for a command that shows no rows, which ignores them.
-  std::vector<OutputFormat> formats;
-  bool takesFields;
+  std::vector<OutputFormat> formats = {};
+  bool takesFields = false;
   /// Beside success, kUnexpected, kBadInput and kNotWritten, which every command has.
-  std::vector<ExitStatus> statuses;
+  std::vector<ExitStatus> statuses = {};
   ExitStatus (*run)(const Command& command, CommandContext& context);
 };
 
