@@ -116,9 +116,10 @@ void Provider(benchmark::State& state, const Class& shown) {
   if (FAILED(bench.sink->status) || instances == 0) state.SkipWithError("nothing was enumerated");
   for (auto _ : state) bench.Enumerate(name);
   CountInstances(state, instances);
-  state.counters["allocations"] =
-      static_cast<double>(AllocationsOf([&] { bench.Enumerate(name); })) /
-      static_cast<double>(instances);
+  const Memory memory = MemoryOf([&] { bench.Enumerate(name); });
+  const auto each = static_cast<double>(instances);
+  state.counters["allocations"] = static_cast<double>(memory.allocations) / each;
+  state.counters["bytes"] = static_cast<double>(memory.bytes) / each;
 }
 
 /// The texts of an array as one that is to be made anew, as any provider has to.

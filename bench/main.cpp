@@ -32,8 +32,10 @@ class Figures final : public benchmark::BenchmarkReporter {
               ? double{counted->second}
               : run.GetAdjustedCPUTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
       const std::string name = run.run_name.str();
-      const auto allocations = run.counters.find("allocations");
-      if (allocations != run.counters.end()) allocations_[name] = allocations->second;
+      for (const char* counter : {"allocations", "bytes"}) {
+        const auto found = run.counters.find(counter);
+        if (found != run.counters.end()) memory_[counter + name] = found->second;
+      }
       names_[{run.family_index, run.per_family_instance_index}] = name;
       // The least of the repetitions: noise only adds.
       double& least = seconds_.try_emplace(name, seconds).first->second;
@@ -52,9 +54,13 @@ class Figures final : public benchmark::BenchmarkReporter {
     return found == seconds_.end() ? std::nan("") : found->second;
   }
 
-  double AllocationsOf(const std::string& name) const {
-    const auto found = allocations_.find(name);
-    return found == allocations_.end() ? 0 : found->second;
+  /// Of "allocations" or "bytes"; empty if they were not counted.
+  std::string MemoryOf(const char* counter, const std::string& name) const {
+    const auto found = memory_.find(counter + name);
+    if (found == memory_.end() || found->second == 0) return {};
+    char text[16];
+    std::snprintf(text, sizeof(text), "%.1f", found->second);
+    return text;
   }
 
   bool failed = false;
@@ -62,7 +68,7 @@ class Figures final : public benchmark::BenchmarkReporter {
  private:
   std::map<std::pair<std::int64_t, std::int64_t>, std::string> names_;
   std::map<std::string, double> seconds_;
-  std::map<std::string, double> allocations_;  ///< an instance, those of the service included
+  std::map<std::string, double> memory_;  ///< an instance, what the service asks for included
 };
 
 double Nanoseconds(double seconds) {
@@ -85,23 +91,21 @@ double GoalOf(const std::string& className) {
 
 void PrintClasses(const Figures& figures) {
   std::puts(
-      "| Class | Instance, ns | Floor, ns | Library calls, ns | Floors | At most | Allocations |\n"
-      "|---|---:|---:|---:|---:|---:|---:|");
+      "| Class | Instance, ns | Floor, ns | Library calls, ns | Floors | At most | Allocations | "
+      "Bytes |\n|---|---:|---:|---:|---:|---:|---:|---:|");
   constexpr char kPrefix[] = "provider/";
   for (const std::string& name : figures.names()) {
     if (name.rfind(kPrefix, 0) != 0) continue;
     const std::string shown = name.substr(sizeof(kPrefix) - 1);
     const double provider = figures.Of(name);
     const double floor = figures.Of("floor/" + shown);
-    char allocations[16] = "";
-    if (figures.AllocationsOf(name) != 0) {
-      std::snprintf(allocations, sizeof(allocations), "%.1f", figures.AllocationsOf(name));
-    }
     char goal[16] = "";
     if (GoalOf(shown) != 0) std::snprintf(goal, sizeof(goal), "%g", GoalOf(shown));
-    std::printf("| `%s` | %.0f | %.0f | %.1f | %.2f | %s | %s |\n", shown.c_str(),
+    std::printf("| `%s` | %.0f | %.0f | %.1f | %.2f | %s | %s | %s |\n", shown.c_str(),
                 Nanoseconds(provider), Nanoseconds(floor),
-                Nanoseconds(figures.Of("calls/" + shown)), provider / floor, goal, allocations);
+                Nanoseconds(figures.Of("calls/" + shown)), provider / floor, goal,
+                figures.MemoryOf("allocations", name).c_str(),
+                figures.MemoryOf("bytes", name).c_str());
   }
 }
 

@@ -44,8 +44,8 @@ void RegisterPlatformProvider() {
   }
 }
 
-long AllocationsOf(const std::function<void()>&) {
-  return 0;
+Memory MemoryOf(const std::function<void()>&) {
+  return {};
 }
 
 }  // namespace bench

@@ -1,13 +1,6 @@
 #include "bench/service.h"
 
 namespace bench {
-namespace {
-
-bool SameName(const platform::OleString& left, const OLECHAR* right) {
-  return left == right;
-}
-
-}  // namespace
 
 ULONG Instance::Release() {
   const ULONG left = --references_;
@@ -16,13 +9,10 @@ ULONG Instance::Release() {
 }
 
 HRESULT Instance::Put(LPCWSTR name, LONG, VARIANT* value, CIMTYPE) {
-  std::size_t slot = next_;
-  if (slot == slots_.size() || !SameName(slots_[slot].name, name)) {
-    for (slot = 0; slot < slots_.size() && !SameName(slots_[slot].name, name);) ++slot;
-    if (slot == slots_.size()) slots_.push_back({name, {}});
-  }
-  next_ = slot + 1;
-  return VariantCopy(slots_[slot].value.put(), value);
+  if (next_ == slots_.size()) slots_.emplace_back();
+  PutValue& slot = slots_[next_++];
+  if (slot.name != name) slot.name = name;
+  return VariantCopy(slot.value.put(), value);
 }
 
 HRESULT Definition::SpawnInstance(LONG, IWbemClassObject** instance) {

@@ -1,7 +1,7 @@
 #pragma once
 // A management service that does as little as one can: one class definition, instances from a pool
-// that keep a copy of each value put to them, a sink that counts. What a request costs beyond it is
-// the provider's own.
+// that keep a copy of each value put to them, one after the other, a sink that counts. What a
+// request costs beyond it is the provider's own.
 
 #include <cstddef>
 #include <memory>
@@ -36,8 +36,8 @@ class Instance final : public testing_support::UnusedClassObject {
   friend class Definition;
   Definition& definition_;
   ULONG references_ = 0;
-  std::vector<PutValue> slots_;  ///< in the order of the first puts
-  std::size_t next_ = 0;         ///< where the next put is expected
+  std::vector<PutValue> slots_;  ///< one for each put, repeated ones included
+  std::size_t next_ = 0;
 };
 
 class Definition final : public testing_support::UnusedClassObject {
