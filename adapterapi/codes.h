@@ -3,12 +3,13 @@
 // Texts of bits that are shown one after the other end in their separator.
 
 #include <cstdint>
+#include <string_view>
 
 namespace adapterapi {
 
 struct CodeText {
   std::uint32_t code;
-  const char* text;
+  std::string_view text;
 };
 
 /// Settings and policies by number: GetSettingValue and SetBoosSeteing, GetPolicyValue and

@@ -12,8 +12,9 @@ using adapterapi::IbssPreferencesRecord;
 
 /// The channels of a bit set, each followed by ", ", the last one too.
 template <auto Member, const auto& Channels>
-platform::Variant ChannelList(const IbssPreferencesRecord& record) {
-  return platform::Variant::AnsiText(TextOfAllBits(Channels, NumberOf<Member>(record)));
+HRESULT ChannelList(PropertyWriter& writer, const OLECHAR* property,
+                    const IbssPreferencesRecord& record) {
+  return writer.PutAnsi(property, TextOfAllBits(Channels, NumberOf<Member>(record)));
 }
 
 constexpr FieldRow<IbssPreferencesRecord> kIbssFields[] = {
@@ -29,8 +30,8 @@ constexpr FieldRow<IbssPreferencesRecord> kIbssFields[] = {
 
 HRESULT PutChannels(IWbemClassObject* instance, const IbssPreferencesRecord& record) {
   PropertyWriter writer(instance, PutRule::kGoOn);
-  for (const auto& [property, value] : kIbssFields) {
-    if (FAILED(writer.Put(property, value(record)))) {
+  for (const auto& [property, put] : kIbssFields) {
+    if (FAILED(put(writer, property, record))) {
       platform::ShortText<64> line;
       line.Add("FillAdapterChannles:AddProperty ").Ascii(property).Add(" failed!");
       TraceMessage(line.c_str());

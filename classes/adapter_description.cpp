@@ -103,8 +103,8 @@ HRESULT FillConfigSettings(ProviderState& state, IWbemClassObject* instance, Ada
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
   PutFields(writer, kConfigFields, record);
   // Put after any failure, and alone the result.
-  return PutPropertyValue(instance, OLESTR("SocketNumber"),
-                          Number<&ConfigInfoRecord::socketNumber>(record));
+  PropertyWriter last(instance, PutRule::kGoOn);
+  return Number<&ConfigInfoRecord::socketNumber>(last, OLESTR("SocketNumber"), record);
 }
 
 HRESULT FillAdapterVersion(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {

@@ -12,14 +12,15 @@ using adapterapi::AssociationStatsRecord;
 using platform::Variant;
 
 /// The profile's name. An association made without one shows a blank, not an empty text.
-Variant Profile(const AssociationInfoRecord& record) {
+HRESULT Profile(PropertyWriter& writer, const OLECHAR* property,
+                const AssociationInfoRecord& record) {
   const std::string_view name = adapterapi::BoundedText(record.profileName);
-  return Variant::AnsiText(name == "@direct@" ? std::string_view(" ") : name);
+  return writer.PutAnsi(property, name == "@direct@" ? std::string_view(" ") : name);
 }
 
-Variant Rate(const AssociationInfoRecord& record) {
-  return Variant::AnsiText(
-      platform::ShortText<16>().Tenths(record.rate / 1'000'000.0).Add(" Mbps"));
+HRESULT Rate(PropertyWriter& writer, const OLECHAR* property, const AssociationInfoRecord& record) {
+  return writer.PutAnsi(property,
+                        platform::ShortText<16>().Tenths(record.rate / 1'000'000.0).Add(" Mbps"));
 }
 
 constexpr FieldRow<AssociationInfoRecord> kAssociationFields[] = {
@@ -72,9 +73,9 @@ HRESULT FillAssociationStats(ProviderState& state, IWbemClassObject* instance,
                              const AdapterEntry& entry, const AssociationStatsRecord& record) {
   TraceMessage("FillAssocStats");
   PropertyWriter writer(instance, PutRule::kGoOn);
-  writer.PutKey(kSettingId, platform::Variant::Text(entry.deviceId));
+  writer.PutKey(kSettingId, entry.deviceId);
   writer.PutAnsi(OLESTR("ApMacAddr"), AccessPointAddress(state, entry));
-  writer.Put(OLESTR("Rssi"), Dbm<&AssociationStatsRecord::rssi>(record));
+  Dbm<&AssociationStatsRecord::rssi>(writer, OLESTR("Rssi"), record);
   for (std::size_t index = 0; index < std::size(kCounters); ++index) {
     writer.PutNumber(kCounters[index], record.counters[index]);
   }

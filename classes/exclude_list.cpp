@@ -30,17 +30,15 @@ std::uint32_t Reason(std::uint32_t bits) {
 /// A name of 32 bytes ends at the byte behind its field, which is shown if it is not zero.
 constexpr std::size_t kShownNameRoom = sizeof(ExcludeEntryRecord::ssid) + 1;
 
-HRESULT FillExcludeEntry(IWbemClassObject* instance, const AdapterEntry& adapter,
-                         const ExcludeEntryRecord& entry) {
+void FillExcludeEntry(PropertyWriter& writer, const AdapterEntry& adapter,
+                      const ExcludeEntryRecord& entry) {
   TraceMessage("FillAdapterExcludeList");
-  PropertyWriter writer(instance, PutRule::kStopAtFailure);
   PutAdapterTexts(writer, adapter);
   writer.PutAnsi(kNetworkName, adapterapi::BoundedText(&entry, kShownNameRoom));
   const auto macAddress = adapterapi::MacText(entry.macAddress);
   TraceMessage(macAddress.c_str());
   writer.PutAnsi(OLESTR("MacAddress"), macAddress);
   writer.PutNumber(OLESTR("Reason"), Reason(entry.reasonBits));
-  return writer.result();
 }
 
 /// Letter case counts, and never more than the 32 bytes of the field.

@@ -6,7 +6,7 @@
 
 #include "adapterapi/operations.h"
 #include "platform/foreign_memory.h"
-#include "provider/core/instance.h"
+#include "provider/core/property_writer.h"
 #include "provider/core/trace.h"
 
 namespace wifi {
@@ -30,8 +30,8 @@ struct ListClass {
   const char* enumerateLine;       ///< traced before the call for an enumeration
   const char* getLine;             ///< traced before the call for a get by key
   const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be none
-  HRESULT (*fill)(IWbemClassObject*, const AdapterEntry&, const Entry&);
-  const OLECHAR* key;  ///< the path's second one
+  void (*fill)(PropertyWriter&, const AdapterEntry&, const Entry&);  ///< until a put fails
+  const OLECHAR* key;                                                ///< the path's second one
   bool (*matches)(const Entry&, const WantedKey&);
 };
 
@@ -48,10 +48,12 @@ const adapterapi::LibraryList<Entry>* ReadList(ProviderState& state, const Adapt
 
 template <class Entry>
 HRESULT DeliverEntry(const ProviderState& state, const Delivery& delivery,
-                     const ListClass<Entry>& shown, const AdapterEntry& adapter,
-                     const Entry& entry) {
+                     const ListClass<Entry>& shown, PropertyWriter& writer,
+                     const AdapterEntry& adapter, const Entry& entry) {
   return DeliverInstance(state, delivery, shown.name, [&](IWbemClassObject* instance) {
-    return shown.fill(instance, adapter, entry);
+    writer.Begin(instance);
+    shown.fill(writer, adapter, entry);
+    return writer.result();
   });
 }
 
@@ -61,6 +63,7 @@ HRESULT DeliverEntry(const ProviderState& state, const Delivery& delivery,
 template <class Entry>
 HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
                        const ListClass<Entry>& shown) {
+  PropertyWriter writer(PutRule::kStopAtFailure);
   return VisitAdapters(state, [&](AdapterEntry& adapter) {
     const auto* list = ReadList(state, adapter, shown, shown.enumerateLine);
     HRESULT result = WBEM_E_NOT_FOUND;
@@ -68,7 +71,7 @@ HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
     ListStep step = ListStep::kEntry;
     for (std::int32_t index = 0;
          (step = platform::ReadListEntry(list, index, entry)) == ListStep::kEntry; ++index) {
-      result = DeliverEntry(state, delivery, shown, adapter, entry);
+      result = DeliverEntry(state, delivery, shown, writer, adapter, entry);
     }
     return step == ListStep::kEnd ? result : WBEM_E_NOT_FOUND;
   });
@@ -85,7 +88,9 @@ HRESULT GetListEntry(ProviderState& state, const Delivery& delivery, const Parse
   Entry entry;
   for (std::int32_t index = 0; platform::ReadListEntry(list, index, entry) == ListStep::kEntry;
        ++index) {
-    if (shown.matches(entry, wanted)) return DeliverEntry(state, delivery, shown, *adapter, entry);
+    if (!shown.matches(entry, wanted)) continue;
+    PropertyWriter writer(PutRule::kStopAtFailure);
+    return DeliverEntry(state, delivery, shown, writer, *adapter, entry);
   }
   return WBEM_E_NOT_FOUND;
 }

@@ -9,7 +9,7 @@
 #include "platform/short_text.h"
 #include "provider/core/code_table.h"
 #include "provider/core/guarded_call.h"
-#include "provider/core/instance.h"
+#include "provider/core/property_writer.h"
 
 namespace wifi {
 namespace {
@@ -25,12 +25,8 @@ constexpr const char* kNoCcxVersion = "0.0.0";
 
 struct Filling {
   ProviderState& state;
-  IWbemClassObject* instance;
+  PropertyWriter& writer;
   const AdapterEntry& entry;
-
-  HRESULT Put(const OLECHAR* property, Variant value) const {
-    return PutPropertyValue(instance, property, std::move(value));
-  }
 };
 
 /// What a guarded getter left: its value, 0 if it raised, and whether it answered success.
@@ -58,14 +54,14 @@ template <const auto& Getter, Slot Cached = nullptr>
 HRESULT PutFlag(const Filling& filling, const OLECHAR* property) {
   const std::uint32_t flag = Read(filling, Getter).value;
   Remember(filling, Cached, flag);
-  return filling.Put(property, Variant::Boolean(flag != 0));
+  return filling.writer.PutFlag(property, flag);
 }
 
 /// A code as a text; its status is not looked at.
 template <const auto& Getter, const auto& Texts>
 HRESULT PutCode(const Filling& filling, const OLECHAR* property) {
-  return filling.Put(property, Variant::AnsiText(TextOfCode(Texts, Read(filling, Getter).value,
-                                                            kBracketedUnknown)));
+  return filling.writer.PutAnsi(property,
+                                TextOfCode(Texts, Read(filling, Getter).value, kBracketedUnknown));
 }
 
 /// A number that is 0 when the status is not.
@@ -74,20 +70,19 @@ HRESULT PutPreference(const Filling& filling, const OLECHAR* property) {
   const auto reading = Read(filling, Getter);
   const std::uint32_t value = reading.succeeded ? reading.value : 0;
   Remember(filling, Cached, value);
-  return filling.Put(property, Variant::Integer(static_cast<LONG>(value)));
+  return filling.writer.PutNumber(property, value);
 }
 
 /// A signed number as text; its status is not looked at.
 template <const auto& Getter>
 HRESULT PutSigned(const Filling& filling, const OLECHAR* property) {
-  return filling.Put(property,
-                     Variant::AnsiText(ShortText<16>().Decimal(Read(filling, Getter).value)));
+  return filling.writer.PutDecimal(property, Read(filling, Getter).value);
 }
 
 HRESULT PutSupportedRates(const Filling& filling, const OLECHAR* property) {
   const auto rates = Read(filling, operation::GetSupportedRates);
-  return filling.Put(
-      property, Variant::AnsiText(TextOfAllBits(codes::kRates, rates.succeeded ? rates.value : 0)));
+  return filling.writer.PutAnsi(property,
+                                TextOfAllBits(codes::kRates, rates.succeeded ? rates.value : 0));
 }
 
 HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
@@ -96,14 +91,14 @@ HRESULT PutPspMode(const Filling& filling, const OLECHAR* property) {
       GuardedCall(filling.state.api, operation::GetPspInfo, filling.entry.number, record);
   const std::uint32_t mode = result.succeeded() ? record.mode : 0;
   Remember(filling, &LastKnownValues::pspMode, mode);
-  return filling.Put(property, Variant::Integer(static_cast<LONG>(mode)));
+  return filling.writer.PutNumber(property, mode);
 }
 
 HRESULT PutAuthenticationStatus(const Filling& filling, const OLECHAR* property) {
   const auto status = Read(filling, operation::GetAuthenticationStatus);
-  return filling.Put(property, Variant::AnsiText(TextOfCode(codes::kAuthenticationStatuses,
-                                                            status.succeeded ? status.value : 0,
-                                                            kBracketedUnknown)));
+  return filling.writer.PutAnsi(
+      property, TextOfCode(codes::kAuthenticationStatuses, status.succeeded ? status.value : 0,
+                           kBracketedUnknown));
 }
 
 HRESULT PutCcxVersion(const Filling& filling, const OLECHAR* property) {
@@ -116,7 +111,7 @@ HRESULT PutCcxVersion(const Filling& filling, const OLECHAR* property) {
   } else {
     text.Decimal(version.major).Add(".").Decimal(version.minor).Add(".").Decimal(version.build);
   }
-  return filling.Put(property, Variant::AnsiText(text));
+  return filling.writer.PutAnsi(property, text);
 }
 
 /// The levels in milliwatts: "10.0, 100.0 mW".
@@ -136,18 +131,18 @@ HRESULT PutCcxPowerLevels(const Filling& filling, const OLECHAR* property) {
   const GuardedResult result =
       GuardedCall(filling.state.api, operation::GetCcxPowerLevels, filling.entry.number, record);
   const bool failed = result.raised || result.status < 0;
-  return filling.Put(property, Variant::OrOutOfMemory([&] {
-                       return Variant::AnsiText(failed ? kNoCcxVersion : PowerLevelsText(record));
-                     }));
+  return filling.writer.Put(
+      property, Variant::OrOutOfMemory([&] {
+        return Variant::AnsiText(failed ? kNoCcxVersion : PowerLevelsText(record));
+      }));
 }
 
 HRESULT PutLastAppliedProfile(const Filling& filling, const OLECHAR* property) {
   ORVEL_WLAN_PROFILE profile = {};
   const GuardedResult result = GuardedCall(filling.state.api, operation::GetLastAppliedProfile,
                                            filling.entry.number, profile);
-  return filling.Put(property,
-                     Variant::AnsiText(result.raised || result.status < 0 ? std::string_view()
-                                                                          : ProfileName(profile)));
+  return filling.writer.PutAnsi(
+      property, result.raised || result.status < 0 ? std::string_view() : ProfileName(profile));
 }
 
 /// The second pass of two properties: unguarded, the output as the library left it.
@@ -155,7 +150,7 @@ template <const auto& Getter>
 HRESULT PutUnfiltered(const Filling& filling, const OLECHAR* property) {
   std::uint32_t value = 0;
   (filling.state.api.*Getter.call)(filling.entry.number, &value);
-  return filling.Put(property, Variant::Integer(static_cast<LONG>(value)));
+  return filling.writer.PutNumber(property, value);
 }
 
 struct PropertyRow {
@@ -219,7 +214,7 @@ HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
   const adapterapi::ApiStatus status =
       filling.state.api.GetSettingValue(adapterapi::setting::kDisableRfControl, &flag);
   Remember(filling, &LastKnownValues::disableRfControl, flag);
-  if (status == 0) return filling.Put(OLESTR("DisableRfControl"), Variant::Boolean(flag != 0));
+  if (status == 0) return filling.writer.PutFlag(OLESTR("DisableRfControl"), flag);
   TraceMessage("FillAdapter: Failed to Get DisableRfControl");
   return lastPut;
 }
@@ -227,10 +222,11 @@ HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
 }  // namespace
 
 HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
-  const Filling filling{state, instance, entry};
+  PropertyWriter writer(instance, PutRule::kGoOn);
+  const Filling filling{state, writer, entry};
   TraceMessage("Filling adapter information for WiFi_NetworkAdapter");
   TraceMessage(entry.key);
-  HRESULT result = filling.Put(OLESTR("DeviceID"), Variant::Text(entry.deviceId));
+  HRESULT result = writer.PutText(OLESTR("DeviceID"), entry.deviceId);
   for (const PropertyRow& row : kPropertyRows) {
     if (FAILED(result)) return result;
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;

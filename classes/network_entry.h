@@ -6,7 +6,7 @@ namespace wifi {
 
 /// Opens the instance of one network in an adapter's list: the key and the adapter's two texts.
 inline void PutAdapterTexts(PropertyWriter& writer, const AdapterEntry& adapter) {
-  writer.PutKey(kSettingId, platform::Variant::Text(adapter.deviceId));
+  writer.PutKey(kSettingId, adapter.deviceId);
   writer.PutText(OLESTR("Caption"), adapter.caption);
   writer.PutText(OLESTR("Description"), adapter.description);
 }

@@ -17,14 +17,14 @@ namespace wifi {
 template <class Record>
 struct FieldRow {
   const OLECHAR* property;
-  platform::Variant (*value)(const Record&);
+  HRESULT (*put)(PropertyWriter&, const OLECHAR* property, const Record&);
 };
 
 /// Puts the rows in order under the writer's rule.
 template <class Record>
 void PutFields(PropertyWriter& writer, std::type_identity_t<std::span<const FieldRow<Record>>> rows,
                const Record& record) {
-  for (const FieldRow<Record>& row : rows) writer.Put(row.property, row.value(record));
+  for (const FieldRow<Record>& row : rows) row.put(writer, row.property, record);
 }
 
 template <class MemberPointer>
@@ -49,64 +49,60 @@ auto NumberOf(const RecordOf<Member>& record) {
 
 /// VT_BOOL: true for anything but 0.
 template <auto Member>
-platform::Variant Flag(const RecordOf<Member>& record) {
-  return platform::Variant::Boolean(NumberOf<Member>(record) != 0);
+HRESULT Flag(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutFlag(property, NumberOf<Member>(record));
 }
 
 /// VT_I4: a number above 0x7FFFFFFF comes out negative.
 template <auto Member>
-platform::Variant Number(const RecordOf<Member>& record) {
-  return platform::Variant::Integer(static_cast<LONG>(NumberOf<Member>(record)));
-}
-
-inline platform::Variant DecimalText(std::int32_t number) {
-  return platform::Variant::AnsiText(platform::ShortText<16>().Decimal(number));
+HRESULT Number(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutNumber(property, static_cast<std::uint32_t>(NumberOf<Member>(record)));
 }
 
 /// Decimal text; a number of 32 bits counts as signed.
 template <auto Member>
-platform::Variant Decimal(const RecordOf<Member>& record) {
-  return DecimalText(static_cast<std::int32_t>(NumberOf<Member>(record)));
+HRESULT Decimal(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutDecimal(property, static_cast<std::int32_t>(NumberOf<Member>(record)));
 }
 
 /// Upper-case hexadecimal text of four digits.
 template <auto Member>
-platform::Variant Hex4(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(platform::ShortText<8>().Hex(NumberOf<Member>(record), 4));
+HRESULT Hex4(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, platform::ShortText<8>().Hex(NumberOf<Member>(record), 4));
 }
 
 /// Upper-case hexadecimal text of eight digits.
 template <auto Member>
-platform::Variant Hex8(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(platform::ShortText<8>().Hex(NumberOf<Member>(record), 8));
+HRESULT Hex8(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, platform::ShortText<8>().Hex(NumberOf<Member>(record), 8));
 }
 
 /// Decimal text with the unit dBm.
 template <auto Member>
-platform::Variant Dbm(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(
-      platform::ShortText<16>().Decimal(NumberOf<Member>(record)).Add(" dBm"));
+HRESULT Dbm(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property,
+                        platform::ShortText<16>().Decimal(NumberOf<Member>(record)).Add(" dBm"));
 }
 
 /// The narrow text of a member, which may fill it without a terminator.
 template <auto Member>
-platform::Variant Text(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(adapterapi::BoundedText(record.*Member));
+HRESULT Text(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, adapterapi::BoundedText(record.*Member));
 }
 
 template <auto Member>
-platform::Variant Mac(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(adapterapi::MacText(record.*Member));
+HRESULT Mac(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, adapterapi::MacText(record.*Member));
 }
 
 template <auto Member, const auto& Texts, const auto& Unknown = kUnknown>
-platform::Variant Code(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(TextOfCode(Texts, NumberOf<Member>(record), Unknown));
+HRESULT Code(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, TextOfCode(Texts, NumberOf<Member>(record), Unknown));
 }
 
 template <auto Member, const auto& Texts, const auto& Unknown = kUnknown>
-platform::Variant FirstBit(const RecordOf<Member>& record) {
-  return platform::Variant::AnsiText(TextOfFirstBit(Texts, NumberOf<Member>(record), Unknown));
+HRESULT FirstBit(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
+  return writer.PutAnsi(property, TextOfFirstBit(Texts, NumberOf<Member>(record), Unknown));
 }
 
 }  // namespace wifi

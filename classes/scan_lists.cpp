@@ -11,7 +11,6 @@ namespace {
 namespace codes = adapterapi::codes;
 namespace operation = adapterapi::operation;
 using adapterapi::ScanListEntry;
-using platform::Variant;
 
 constexpr const OLECHAR* kMacAddress = OLESTR("MacAddress");
 
@@ -25,8 +24,8 @@ constexpr FieldRow<ScanListEntry> kCommonFields[] = {
 };
 
 /// The cached scan list has a channel of one byte; the byte behind it is not part of it.
-Variant ChannelByte(const ScanListEntry& entry) {
-  return DecimalText(entry.channel & 0xFF);
+HRESULT ChannelByte(PropertyWriter& writer, const OLECHAR* property, const ScanListEntry& entry) {
+  return writer.PutDecimal(property, entry.channel & 0xFF);
 }
 
 constexpr FieldRow<ScanListEntry> kCachedFields[] = {
@@ -45,12 +44,10 @@ constexpr FieldRow<ScanListEntry> kAvailableFields[] = {
 };
 
 template <const auto& OwnFields>
-HRESULT Fill(IWbemClassObject* instance, const AdapterEntry& adapter, const ScanListEntry& entry) {
-  PropertyWriter writer(instance, PutRule::kStopAtFailure);
+void Fill(PropertyWriter& writer, const AdapterEntry& adapter, const ScanListEntry& entry) {
   PutAdapterTexts(writer, adapter);
   PutFields(writer, kCommonFields, entry);
   PutFields(writer, OwnFields, entry);
-  return writer.result();
 }
 
 /// Letter case counts: a key in lower case names no network.

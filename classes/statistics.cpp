@@ -63,7 +63,8 @@ void TraceStoreFailure(HRESULT code) {
       {static_cast<std::uint32_t>(E_INVALIDARG), "Error is E_INVALIDARG"},
   };
   const auto other = platform::ShortText<24>().Add("Error is ").Decimal(code);
-  TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other.c_str()));
+  // Every one of them ends in a zero.
+  TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other).data());
 }
 
 /// Puts an array that stays its slot's.

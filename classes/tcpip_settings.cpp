@@ -11,11 +11,11 @@ namespace {
 namespace operation = adapterapi::operation;
 using adapterapi::TcpipConfigRecord;
 using adapterapi::Tcpipv6ConfigRecord;
-using platform::Variant;
 
 /// The texts of `count` slots from `first` on, two blanks behind each. The count is the library's
 /// and may exceed the array: the slots then go on over what follows it, to the record's end.
-Variant JoinedTexts(const Tcpipv6ConfigRecord& record, std::size_t first, std::uint32_t count) {
+HRESULT PutJoined(PropertyWriter& writer, const OLECHAR* property,
+                  const Tcpipv6ConfigRecord& record, std::size_t first, std::uint32_t count) {
   constexpr std::size_t kSlot = sizeof(record.ipAddresses[0]);
   static_assert(sizeof(record.gateways[0]) == kSlot);
   constexpr std::size_t kMostSlots = sizeof(record) / kSlot + 1;  // the last one cut short
@@ -25,20 +25,26 @@ Variant JoinedTexts(const Tcpipv6ConfigRecord& record, std::size_t first, std::u
                                      std::min(kSlot, sizeof(record) - slot)));
     text.Add("  ");
   }
-  return Variant::AnsiText(text);
+  return writer.PutAnsi(property, text);
 }
 
-Variant IpAddress(const TcpipConfigRecord& record) {
-  return Text<&TcpipConfigRecord::ipAddress>(record);
+HRESULT IpAddress(PropertyWriter& writer, const OLECHAR* property,
+                  const TcpipConfigRecord& record) {
+  return Text<&TcpipConfigRecord::ipAddress>(writer, property, record);
 }
-Variant IpAddress(const Tcpipv6ConfigRecord& record) {
-  return JoinedTexts(record, offsetof(Tcpipv6ConfigRecord, ipAddresses), record.addressCount);
+HRESULT IpAddress(PropertyWriter& writer, const OLECHAR* property,
+                  const Tcpipv6ConfigRecord& record) {
+  return PutJoined(writer, property, record, offsetof(Tcpipv6ConfigRecord, ipAddresses),
+                   record.addressCount);
 }
-Variant DefaultGateway(const TcpipConfigRecord& record) {
-  return Text<&TcpipConfigRecord::defaultGateway>(record);
+HRESULT DefaultGateway(PropertyWriter& writer, const OLECHAR* property,
+                       const TcpipConfigRecord& record) {
+  return Text<&TcpipConfigRecord::defaultGateway>(writer, property, record);
 }
-Variant DefaultGateway(const Tcpipv6ConfigRecord& record) {
-  return JoinedTexts(record, offsetof(Tcpipv6ConfigRecord, gateways), record.gatewayCount);
+HRESULT DefaultGateway(PropertyWriter& writer, const OLECHAR* property,
+                       const Tcpipv6ConfigRecord& record) {
+  return PutJoined(writer, property, record, offsetof(Tcpipv6ConfigRecord, gateways),
+                   record.gatewayCount);
 }
 
 /// Put whatever becomes of them.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,14 @@ using OleStringView = std::basic_string_view<OLECHAR>;
 /// The characters of a text that may be missing; a missing one is empty.
 inline OleStringView ViewOf(const OLECHAR* text) {
   return text == nullptr ? OleStringView() : OleStringView(text);
+}
+
+/// Gives a BSTR another length, of at most as many characters as it was made with.
+inline void SetTextLength(BSTR text, UINT length) noexcept {
+  // In bytes, right before the first character.
+  const UINT bytes = length * static_cast<UINT>(sizeof(OLECHAR));
+  std::memcpy(reinterpret_cast<char*>(text) - sizeof(bytes), &bytes, sizeof(bytes));
+  text[length] = OLECHAR{};
 }
 
 /// Owns a BSTR. Holds none after a failed allocation.

@@ -1,5 +1,8 @@
 #include "platform/text.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace platform {
 namespace {
 
@@ -35,16 +38,23 @@ std::string AnsiText(const OLECHAR* text) {
 OleString WideText(std::string_view ansi) {
   return Widen(CP_ACP, ansi);
 }
+std::size_t WidenAnsi(std::string_view ansi, OLECHAR* wide) noexcept {
+  // No converter needs to be asked about ASCII, which goes by eight characters and then by one.
+  std::size_t ascii = 0;
+  for (std::uint64_t eight; ascii + sizeof(eight) <= ansi.size(); ascii += sizeof(eight)) {
+    std::memcpy(&eight, ansi.data() + ascii, sizeof(eight));
+    if ((eight & 0x8080808080808080) != 0) break;
+    std::copy_n(ansi.data() + ascii, sizeof(eight), wide + ascii);
+  }
+  for (; ascii < ansi.size() && static_cast<unsigned char>(ansi[ascii]) < 0x80; ++ascii) {
+    wide[ascii] = static_cast<OLECHAR>(ansi[ascii]);
+  }
+  return ascii + WidenInto(CP_ACP, ansi.substr(ascii), wide + ascii);
+}
 Bstr AnsiBstr(std::string_view ansi) noexcept {
   Bstr wide = Bstr::OfLength(static_cast<UINT>(ansi.size()));
   if (!wide) return wide;
-  // No converter needs to be asked about ASCII.
-  OLECHAR* next = wide.get();
-  std::size_t ascii = 0;
-  for (; ascii < ansi.size() && static_cast<unsigned char>(ansi[ascii]) < 0x80; ++ascii) {
-    *next++ = static_cast<OLECHAR>(ansi[ascii]);
-  }
-  const std::size_t length = ascii + WidenInto(CP_ACP, ansi.substr(ascii), next);
+  const std::size_t length = WidenAnsi(ansi, wide.get());
   // Only where characters have several bytes is the text shorter than its room.
   return length == ansi.size() ? std::move(wide) : Bstr(OleStringView(wide.get(), length));
 }

@@ -14,6 +14,8 @@ namespace platform {
 std::string AnsiText(const OLECHAR* text);
 /// The wide form of an ANSI text.
 OleString WideText(std::string_view ansi);
+/// The same, into room for as many characters as the text has bytes; answers how many there are.
+std::size_t WidenAnsi(std::string_view ansi, OLECHAR* wide) noexcept;
 /// The same as a BSTR, converted straight into it; none if there is no memory for it.
 Bstr AnsiBstr(std::string_view ansi) noexcept;
 

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-Variant Variant::TextOf(Bstr text) noexcept {
+Variant Variant::Owning(Bstr text) noexcept {
   if (!text) return Error(E_OUTOFMEMORY);
   Variant variant;
   variant.value_.vt = VT_BSTR;
@@ -13,11 +13,10 @@ Variant Variant::TextOf(Bstr text) noexcept {
 }
 
 Variant Variant::Text(OleStringView text) {
-  return TextOf(Bstr(text.data() == nullptr ? OleStringView(OLESTR("")) : text));
+  return Owning(Bstr(text.data() == nullptr ? OleStringView(OLESTR("")) : text));
 }
 
-Variant Variant::AnsiText(const char* text) {
-  if (text != nullptr) return AnsiText(std::string_view(text));
+Variant Variant::NoText() noexcept {
   Variant variant;
   variant.value_.vt = VT_BSTR;
   variant.value_.bstrVal = nullptr;
@@ -25,7 +24,7 @@ Variant Variant::AnsiText(const char* text) {
 }
 
 Variant Variant::AnsiText(std::string_view text) {
-  return TextOf(AnsiBstr(text));
+  return Owning(AnsiBstr(text));
 }
 
 Variant Variant::Boolean(bool value) noexcept {

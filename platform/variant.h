@@ -23,10 +23,12 @@ class Variant {
 
   /// A text. One that cannot be allocated gives VT_ERROR with E_OUTOFMEMORY.
   static Variant Text(OleStringView text);
-  /// An ANSI text as VT_BSTR; none gives a VT_BSTR that holds no text. One that cannot be allocated
-  /// gives VT_ERROR with E_OUTOFMEMORY.
-  static Variant AnsiText(const char* text);
+  /// Takes over the text; VT_ERROR with E_OUTOFMEMORY if it holds none.
+  static Variant Owning(Bstr text) noexcept;
+  /// An ANSI text as VT_BSTR; VT_ERROR with E_OUTOFMEMORY if it cannot be allocated.
   static Variant AnsiText(std::string_view text);
+  /// A VT_BSTR that holds no text.
+  static Variant NoText() noexcept;
   /// What `make` gives; VT_ERROR with E_OUTOFMEMORY if it finds no memory.
   template <class Make>
   static Variant OrOutOfMemory(Make&& make) {
@@ -59,7 +61,6 @@ class Variant {
   HRESULT ChangeType(VARTYPE type) noexcept { return VariantChangeType(&value_, &value_, 0, type); }
 
  private:
-  static Variant TextOf(Bstr text) noexcept;
   /// The platform is asked only where there may be something to free: values are moved often.
   void Clear() noexcept {
     if (value_.vt != VT_EMPTY) VariantClear(&value_);

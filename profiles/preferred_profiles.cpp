@@ -11,8 +11,6 @@
 namespace wifi {
 namespace {
 
-using platform::Variant;
-
 constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
 
 constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
@@ -40,35 +38,38 @@ constexpr Store kStores[] = {
 // search goes on behind statuses that are neither a profile nor the end.
 constexpr int kMostSteps = 10000;
 
-Variant ProfileText(PreferredProfile& profile, const char* (CPreferredProfile::*getter)() const) {
+void PutText(PropertyWriter& writer, const OLECHAR* property, PreferredProfile& profile,
+             const char* (CPreferredProfile::*getter)() const) {
   const char* text = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
-  return text == nullptr ? Variant::AnsiText(text) : Variant::AnsiText(platform::ForeignText(text));
+  if (text == nullptr) {
+    writer.Put(property, platform::Variant::NoText());
+  } else {
+    writer.PutAnsi(property, platform::ForeignText(text));
+  }
 }
 
 template <class Code>
-Variant CodeOf(PreferredProfile& profile, Code (CPreferredProfile::*getter)() const,
-               std::span<const CodeText> rows) {
+void PutCode(PropertyWriter& writer, const OLECHAR* property, PreferredProfile& profile,
+             Code (CPreferredProfile::*getter)() const, std::span<const CodeText> rows) {
   const Code code = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
-  return Variant::AnsiText(TextOfCode(rows, static_cast<std::uint32_t>(code), kUnknown));
+  writer.PutAnsi(property, TextOfCode(rows, static_cast<std::uint32_t>(code), kUnknown));
 }
 
-HRESULT FillPreferredProfile(IWbemClassObject* instance, PreferredProfile& profile,
-                             const char* storeType) {
-  PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  writer.Put(OLESTR("Name"), ProfileText(profile, &CPreferredProfile::Name));
-  writer.Put(OLESTR("SSID"), ProfileText(profile, &CPreferredProfile::Ssid));
-  writer.Put(OLESTR("MandatoryAp"), ProfileText(profile, &CPreferredProfile::MandatoryAp));
-  writer.Put(OLESTR("OperationMode"), CodeOf(profile, &CPreferredProfile::OpMode, kModes));
+void FillPreferredProfile(PropertyWriter& writer, PreferredProfile& profile,
+                          const char* storeType) {
+  PutText(writer, OLESTR("Name"), profile, &CPreferredProfile::Name);
+  PutText(writer, OLESTR("SSID"), profile, &CPreferredProfile::Ssid);
+  PutText(writer, OLESTR("MandatoryAp"), profile, &CPreferredProfile::MandatoryAp);
+  PutCode(writer, OLESTR("OperationMode"), profile, &CPreferredProfile::OpMode, kModes);
   const LONG stealth = profile.Call([](const CPreferredProfile& held) { return held.Stealth(); });
-  writer.Put(OLESTR("Stealth"), Variant::Boolean(stealth != 0));
-  writer.Put(OLESTR("Encryption"),
-             CodeOf(profile, &CPreferredProfile::WepAlgorithm, adapterapi::codes::kEncryptions));
-  writer.Put(OLESTR("Authentication"),
-             CodeOf(profile, &CPreferredProfile::AuthMode, kAuthentications));
+  writer.PutFlag(OLESTR("Stealth"), static_cast<std::uint32_t>(stealth));
+  PutCode(writer, OLESTR("Encryption"), profile, &CPreferredProfile::WepAlgorithm,
+          adapterapi::codes::kEncryptions);
+  PutCode(writer, OLESTR("Authentication"), profile, &CPreferredProfile::AuthMode,
+          kAuthentications);
   writer.PutAnsi(OLESTR("Caption"), "Preferred Profile List");
   writer.PutAnsi(OLESTR("Description"), "Provides the list of all Preferred Profiles");
   writer.PutAnsi(OLESTR("Type"), storeType);
-  return writer.result();
 }
 
 /// What both routines work with, from the library's construction to its end.
@@ -78,11 +79,14 @@ struct ProfileRequest {
   PreferredProfile profile = {};
   ProfileLibrary library = {};
   StoreGates gates = ReadStoreGates(state.api);
+  PropertyWriter writer{PutRule::kStopAtFailure};
 
   HRESULT Deliver(const Store& store) {
     return DeliverInstance(state, delivery, OLESTR("WiFi_PreferredProfile"),
                            [&](IWbemClassObject* instance) {
-                             return FillPreferredProfile(instance, profile, store.type);
+                             writer.Begin(instance);
+                             FillPreferredProfile(writer, profile, store.type);
+                             return writer.result();
                            });
   }
 

@@ -12,13 +12,13 @@ namespace wifi {
 using adapterapi::CodeText;
 
 // The words for a code or a bit that a table lacks; each class has its own.
-inline constexpr char kUnknown[] = "Unknown";
-inline constexpr char kBracketedUnknown[] = "<Unknown>";
-inline constexpr char kUnKnown[] = "UnKnown";  // with the capital in the middle
+inline constexpr std::string_view kUnknown = "Unknown";
+inline constexpr std::string_view kBracketedUnknown = "<Unknown>";
+inline constexpr std::string_view kUnKnown = "UnKnown";  // with the capital in the middle
 
 /// The text of the row with this code, `unknown` without one.
-constexpr const char* TextOfCode(std::span<const CodeText> rows, std::uint32_t code,
-                                 const char* unknown) {
+constexpr std::string_view TextOfCode(std::span<const CodeText> rows, std::uint32_t code,
+                                      std::string_view unknown) {
   for (const CodeText& row : rows) {
     if (row.code == code) return row.text;
   }
@@ -26,8 +26,8 @@ constexpr const char* TextOfCode(std::span<const CodeText> rows, std::uint32_t c
 }
 
 /// The text of the first row, in table order, that shares a bit with `bits`; `unknown` without one.
-constexpr const char* TextOfFirstBit(std::span<const CodeText> rows, std::uint32_t bits,
-                                     const char* unknown) {
+constexpr std::string_view TextOfFirstBit(std::span<const CodeText> rows, std::uint32_t bits,
+                                          std::string_view unknown) {
   for (const CodeText& row : rows) {
     if ((row.code & bits) != 0) return row.text;
   }

@@ -46,10 +46,10 @@ HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, const VARIA
       [&] { return instance->Put(name, 0, const_cast<VARIANT*>(&value), 0); });
 }
 
-HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, Variant value) {
+HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, VARIANT* value) {
   if (instance == nullptr || name == nullptr) return E_FAIL;
   HRESULT result = E_FAIL;
-  platform::Survives([&] { result = instance->Put(name, 0, value.in_place(), 0); });
+  platform::Survives([&] { result = instance->Put(name, 0, value, 0); });
   return result;
 }
 

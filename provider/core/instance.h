@@ -29,7 +29,11 @@ HRESULT GetPropertyValue(IWbemClassObject& instance, const OLECHAR* name, platfo
 
 /// Writes one property with the class's own type. E_FAIL without an instance or a name, and when
 /// the instance throws; otherwise the instance's answer.
-HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, platform::Variant value);
+HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name, VARIANT* value);
+inline HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name,
+                                platform::Variant value) {
+  return PutPropertyValue(instance, name, value.in_place());
+}
 
 /// The same, but what the instance throws ends the request. The value stays the caller's.
 HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value);

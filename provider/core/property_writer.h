@@ -3,6 +3,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/reused_text.h"
+#include "platform/short_text.h"
 #include "provider/core/instance.h"
 
 namespace wifi {
@@ -13,25 +15,36 @@ enum class PutRule {
   kGoOn,           ///< all are made; the result is the last one's
 };
 
-/// Writes the properties of one instance, a line each, under one rule for failing puts.
+/// Writes the properties of an instance, a line each, under one rule for failing puts, then those
+/// of the next. All its texts share one allocation.
 class PropertyWriter {
  public:
+  explicit PropertyWriter(PutRule rule) : rule_(rule) {}
   PropertyWriter(IWbemClassObject* instance, PutRule rule) : instance_(instance), rule_(rule) {}
 
+  /// Goes on with another instance.
+  void Begin(IWbemClassObject* instance) {
+    instance_ = instance;
+    result_ = S_OK;
+  }
+
   HRESULT Put(const OLECHAR* name, platform::Variant value) {
-    if (open()) result_ = PutPropertyValue(instance_, name, std::move(value));
-    return result_;
+    return PutInPlace(name, value.in_place());
   }
   /// For the key: what the instance throws ends the request.
-  HRESULT PutKey(const OLECHAR* name, const platform::Variant& value) {
-    if (open()) result_ = PutDirectly(instance_, name, value.get());
+  HRESULT PutKey(const OLECHAR* name, platform::OleStringView text) {
+    if (open()) result_ = PutDirectly(instance_, name, *text_.Text(text));
     return result_;
   }
   HRESULT PutText(const OLECHAR* name, platform::OleStringView text) {
-    return Put(name, platform::Variant::Text(text));
+    return open() ? PutInPlace(name, text_.Text(text)) : result_;
   }
   HRESULT PutAnsi(const OLECHAR* name, std::string_view text) {
-    return Put(name, platform::Variant::AnsiText(text));
+    return open() ? PutInPlace(name, text_.AnsiText(text)) : result_;
+  }
+  /// Decimal text.
+  HRESULT PutDecimal(const OLECHAR* name, std::int32_t number) {
+    return PutAnsi(name, platform::ShortText<16>().Decimal(number));
   }
   /// A 32-bit number; one above 0x7FFFFFFF comes out negative.
   HRESULT PutNumber(const OLECHAR* name, std::uint32_t value) {
@@ -46,9 +59,15 @@ class PropertyWriter {
   HRESULT result() const { return result_; }
 
  private:
-  IWbemClassObject* instance_;
+  HRESULT PutInPlace(const OLECHAR* name, VARIANT* value) {
+    if (open()) result_ = PutPropertyValue(instance_, name, value);
+    return result_;
+  }
+
+  IWbemClassObject* instance_ = nullptr;
   PutRule rule_;
   HRESULT result_ = S_OK;
+  platform::ReusedText text_;
 };
 
 }  // namespace wifi

@@ -27,7 +27,7 @@ TEST(Value, PutsWhatFitsTheDeclaredTypeAndRefusesTheRest) {
   };
   Row rows[] = {
       {"Id", Text("a"), S_OK, R"("a")"},
-      {"Id", Variant::AnsiText(static_cast<const char*>(nullptr)), S_OK, R"("")"},
+      {"Id", Variant::NoText(), S_OK, R"("")"},
       {"Id", Empty(VT_NULL), S_OK, "null"},
       {"Id", Variant::Integer(-11), S_OK, R"("-11")"},
       {"Id", Variant::Boolean(true), kMismatch, "null"},

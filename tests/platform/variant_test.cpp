@@ -236,7 +236,7 @@ TEST(Variant, ChangesTexts) {
     Variant value = Variant::AnsiText(row.text);
     EXPECT_EQ(row.expected, Changed(value, row.to));
   }
-  Variant missing = Variant::AnsiText(nullptr);
+  Variant missing = Variant::NoText();
   EXPECT_EQ("mismatch", Changed(missing, VT_I4));
   EXPECT_EQ(nullptr, missing.text());
 }

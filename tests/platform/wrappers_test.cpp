@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/com_ptr.h"
+#include "platform/reused_text.h"
 #include "platform/text.h"
 #include "platform/variant.h"
 #include "tests/platform/counted_object.h"
@@ -62,8 +63,8 @@ TEST(Bstr, OwnsItsText) {
 TEST(Variant, IsMadeOfTextsAndNumbers) {
   using platform::Variant;
   EXPECT_TRUE(platform::ViewOf(Variant::AnsiText("\x80x").text()) == OLESTR("\u20ACx"));
-  EXPECT_EQ(VT_BSTR, Variant::AnsiText(nullptr).type());
-  EXPECT_EQ(nullptr, Variant::AnsiText(nullptr).text());
+  EXPECT_EQ(VT_BSTR, Variant::NoText().type());
+  EXPECT_EQ(nullptr, Variant::NoText().text());
   EXPECT_NE(nullptr, Variant::AnsiText("").text());
   EXPECT_NE(nullptr, Variant::Text({}).text());
   EXPECT_EQ(VARIANT_TRUE, Variant::Boolean(true).get().boolVal);
@@ -73,6 +74,50 @@ TEST(Variant, IsMadeOfTextsAndNumbers) {
   Variant text = Variant::Text(OLESTR("held"));
   text = Variant(Variant::Integer(3));
   EXPECT_EQ(nullptr, text.text());
+}
+
+TEST(ReusedText, HandsOutEachTextWhole) {
+  platform::ReusedText reused;
+  const std::string longText(200, 'x');
+  for (const std::string_view text :
+       {std::string_view("first, and long"), std::string_view("2nd"), std::string_view(),
+        std::string_view("12345678\x80"), std::string_view(longText), std::string_view("\0b", 2)}) {
+    const platform::OleString wide = platform::WideText(text);
+    for (VARIANT *(*handOut)(platform::ReusedText&, std::string_view) :
+         {+[](platform::ReusedText&by, std::string_view ansi) { return by.AnsiText(ansi); },
+          +[](platform::ReusedText&by, std::string_view ansi) {
+            return by.Text(platform::WideText(ansi));
+          }}) {
+      const VARIANT& value = *handOut(reused, text);
+      ASSERT_EQ(VT_BSTR, value.vt);
+      EXPECT_EQ(wide.size(), SysStringLen(value.bstrVal));
+      EXPECT_TRUE(wide == platform::OleStringView(value.bstrVal, wide.size()));
+      EXPECT_EQ(OLECHAR{}, value.bstrVal[wide.size()]);
+    }
+  }
+}
+
+TEST(ReusedText, MayBeTakenOver) {
+  for (void (*take)(VARIANT&) : {
+           +[](VARIANT& value) { VariantClear(&value); },
+           +[](VARIANT& value) {
+             VariantClear(&value);
+             value.vt = VT_BSTR;
+             value.bstrVal = SysAllocString(OLESTR("t"));
+           },
+           +[](VARIANT& value) {
+             VariantClear(&value);
+             value.vt = VT_I4;
+           },
+       }) {
+    platform::ReusedText reused;
+    take(*reused.AnsiText("text"));
+    const VARIANT& next =
+        *reused.AnsiText("longer than one character, in whose room it may not be put");
+    ASSERT_EQ(VT_BSTR, next.vt);
+    EXPECT_EQ(platform::AnsiText(next.bstrVal),
+              "longer than one character, in whose room it may not be put");
+  }
 }
 
 }  // namespace
