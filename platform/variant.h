@@ -6,10 +6,12 @@
 
 #include "platform/bstr.h"
 #include "platform/safe_array.h"
+#include "platform/structured_exception.h"
 
 namespace platform {
 
-/// Owns a VARIANT and what it holds.
+/// Owns a VARIANT and what it holds. Objects that a client's value holds are called behind the
+/// fence.
 class Variant {
  public:
   Variant() noexcept = default;
@@ -58,12 +60,19 @@ class Variant {
     return &value_;
   }
   /// Converts in place, as VariantChangeType does; after a failure the old value stays.
-  HRESULT ChangeType(VARTYPE type) noexcept { return VariantChangeType(&value_, &value_, 0, type); }
+  HRESULT ChangeType(VARTYPE type) noexcept {
+    HRESULT result = DISP_E_TYPEMISMATCH;  // of an object that raises when it is asked
+    Survives([&] { result = VariantChangeType(&value_, &value_, 0, type); });
+    return result;
+  }
 
  private:
   /// The platform is asked only where there may be something to free: values are moved often.
   void Clear() noexcept {
-    if (value_.vt != VT_EMPTY) VariantClear(&value_);
+    if (value_.vt == VT_EMPTY) return;
+    // An object that raises when it is released is gone all the same.
+    Survives([this] { VariantClear(&value_); });
+    value_.vt = VT_EMPTY;
   }
 
   VARIANT value_ = {};

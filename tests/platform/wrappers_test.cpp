@@ -40,6 +40,35 @@ TEST(ComPtr, KeepsOneReferenceEach) {
   EXPECT_EQ(1u, object.references);
 }
 
+/// Throws whenever it is counted.
+class ThrowingObject final : public CountedObject {
+ public:
+  int calls = 0;
+  ULONG STDMETHODCALLTYPE AddRef() override { throw ++calls; }
+  ULONG STDMETHODCALLTYPE Release() override { throw ++calls; }
+};
+
+TEST(ComPtr, OutlivesAnObjectThatThrows) {
+  ThrowingObject object;
+  {
+    Pointer first(&object);
+    const Pointer second = first;
+    first.put();
+    EXPECT_EQ(3, object.calls);
+  }
+  EXPECT_EQ(4, object.calls);
+}
+
+TEST(Variant, OutlivesAnObjectThatThrows) {
+  ThrowingObject object;
+  platform::Variant value;
+  value.in_place()->vt = VT_UNKNOWN;
+  value.in_place()->punkVal = &object;
+  value.put();
+  EXPECT_EQ(1, object.calls);
+  EXPECT_EQ(VT_EMPTY, value.type());
+}
+
 TEST(Bstr, OwnsItsText) {
   Bstr text(OLESTR("text"));
   const BSTR raw = text.get();
