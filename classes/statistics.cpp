@@ -30,20 +30,33 @@ constexpr ArrayProperty kArrays[] = {
 };
 static_assert(std::size(kArrays) == std::tuple_size_v<decltype(ProviderMemory::statisticsArrays)>);
 
-/// A new array in the property's slot, none for an unknown name or without memory. The slots own
-/// the arrays: the one before stays until the next fill, the one before that goes now.
-SAFEARRAY* NewArray(ProviderState& state, const OLECHAR* property) {
-  for (std::size_t index = 0; index < std::size(kArrays); ++index) {
-    if (kArrays[index].name != platform::ViewOf(property)) continue;
-    ArraySlots& slots = state.memory.statisticsArrays[index];
-    if (slots.previous) TraceMessage(kArrays[index].deletingLine);
-    slots.previous = std::move(slots.current);
-    SAFEARRAYBOUND bound = {static_cast<ULONG>(kRateCount), 0};
-    slots.current = SafeArray(SafeArrayCreate(VT_BSTR, 1, &bound));
-    return slots.current.get();
+/// A new array for one property, none for an unknown name or without memory. It goes into the
+/// property's slot with this object: until then no other fill, which a put may let in, destroys it.
+/// In the slots the one before stays until the next fill, the one before that goes now.
+class NewArray {
+ public:
+  NewArray(ProviderState& state, const OLECHAR* property) {
+    for (std::size_t index = 0; index < std::size(kArrays); ++index) {
+      if (kArrays[index].name != platform::ViewOf(property)) continue;
+      slots_ = &state.memory.statisticsArrays[index];
+      if (slots_->previous) TraceMessage(kArrays[index].deletingLine);
+      slots_->previous = std::move(slots_->current);
+      SAFEARRAYBOUND bound = {static_cast<ULONG>(kRateCount), 0};
+      array_ = SafeArray(SafeArrayCreate(VT_BSTR, 1, &bound));
+      return;
+    }
   }
-  return nullptr;
-}
+  NewArray(const NewArray&) = delete;
+  NewArray& operator=(const NewArray&) = delete;
+  ~NewArray() {
+    if (slots_ != nullptr) slots_->current = std::move(array_);
+  }
+  SAFEARRAY* get() const { return array_.get(); }
+
+ private:
+  ArraySlots* slots_ = nullptr;
+  SafeArray array_;
+};
 
 HRESULT StoreTexts(SAFEARRAY* array, std::span<const std::int32_t, kRateCount> values) {
   for (LONG index = 0; index < static_cast<LONG>(kRateCount); ++index) {
@@ -67,7 +80,7 @@ void TraceStoreFailure(HRESULT code) {
   TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other).data());
 }
 
-/// Puts an array that stays its slot's.
+/// Puts an array that stays ours.
 HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY* array) {
   VARIANT borrowed;
   VariantInit(&borrowed);
@@ -132,17 +145,17 @@ constexpr RecordClass<TxRxStatsRecord> kStatistics = {
 HRESULT FillSafeArray(ProviderState& state, IWbemClassObject* instance, const OLECHAR* property,
                       std::span<const std::int32_t, kRateCount> values) {
   TraceMessage("Inside the Fillsafearray");
-  SAFEARRAY* array = NewArray(state, property);
-  if (array == nullptr) {
+  const NewArray array(state, property);
+  if (array.get() == nullptr) {
     TraceMessage("Error out of memory");
     return E_OUTOFMEMORY;
   }
-  HRESULT result = StoreTexts(array, values);
+  HRESULT result = StoreTexts(array.get(), values);
   if (FAILED(result)) {
     TraceStoreFailure(result);
     result = WBEM_E_NOT_FOUND;
   } else {
-    result = PutArray(instance, property, array);
+    result = PutArray(instance, property, array.get());
   }
   TraceMessage("exiting the Fillsafearray");
   return result;

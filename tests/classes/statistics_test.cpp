@@ -81,6 +81,24 @@ TEST_F(Statistics, OnlyTheLastArrayDecides) {
   EXPECT_THROW(wifi::EnumerateStatistics(state, delivery()), std::runtime_error);
 }
 
+// The slots of an array belong to all requests.
+TEST_F(Statistics, AnArrayOutlivesTheFillsThatItsPutLetsIn) {
+  api.onGetTxRxStats = Gives(SomeStatistics());
+  FaultPlan plan{Step::kPut, Manner::kReenter, 2, false};
+  plan.reenter = [&] {
+    api.onGetTxRxStats = Gives(RecordBytes<TxRxStatsRecord>().record());
+    for (int fill = 0; fill < 2; ++fill) wifi::EnumerateStatistics(state, delivery());
+  };
+  FaultPlan::armed = &plan;
+  {
+    const Side inside(true);
+    EXPECT_EQ(wifi::EnumerateStatistics(state, delivery()), S_OK);
+  }
+  FaultPlan::armed = nullptr;
+  ASSERT_EQ(sink->objects.size(), 3u);
+  EXPECT_EQ(sink->objects[2]->ShownPuts()[1], "Rates" + Texts(0, "-1"));
+}
+
 TEST_F(Statistics, ByKey) {
   wifi::ParsedPath path;
   path.AddKey(OLESTR("SettingID"), platform::Variant::AnsiText("7").get());
