@@ -99,6 +99,10 @@ TEST_F(ChannelUpdate, WritesTheTwoChannelsOfItsAdapterAlone) {
   EXPECT_EQ(Put(without), S_OK);
   EXPECT_EQ(changes, (Strings{"112 1 149 3 4 11 6 7 8 112", "112 1 36 3 4 4294967295 6 7 8 112",
                               "112 1 36 3 4 1 6 7 8 112", "112 1 36 3 4 1 6 7 8 112"}));
+  api.onGetChannelInfo = testing_support::Answers(0);  // and nothing is written
+  testing_support::DirtyStack();
+  EXPECT_EQ(Put(Channel(Variant::Integer(1), Variant::Integer(2))), S_OK);
+  EXPECT_EQ(changes.back(), "112 0 1 0 0 2 0 0 0 0");
 }
 
 TEST_F(ChannelUpdate, FailuresAreTracedAndStopIt) {

@@ -1,10 +1,12 @@
 // What every filler of one guarded record does when the library refuses or throws, and when puts
 // fail: the rules that the classes deliberately do not share.
 
+#include "adapterapi/codes.h"
 #include "classes/adapter_channel.h"
 #include "classes/adapter_description.h"
 #include "classes/association.h"
 #include "classes/signal_parameters.h"
+#include "classes/statistics.h"
 #include "classes/tcpip_settings.h"
 #include "tests/classes/filler_fixture.h"
 
@@ -27,8 +29,11 @@ struct Rule {
   friend void PrintTo(const Rule& rule, std::ostream* out) { *out << rule.name; }
 };
 
-/// What the library wrote before it threw does not count.
+/// What the library wrote before it threw does not count. It is handed a cleared record, which may
+/// tell its size.
 ApiStatus RaiseAfterWriting(void* record, std::size_t size) {
+  const auto* bytes = static_cast<const char*>(record);
+  EXPECT_LE(std::count_if(bytes, bytes + size, [](char byte) { return byte != 0; }), 2);
   std::memset(record, 0xEE, size);
   throw std::runtime_error("library fault");
 }
@@ -81,6 +86,7 @@ TEST_P(RecordRules, ARefusalLeavesTheKeyAlone) {
 TEST_P(RecordRules, AnExceptionFillsFromTheClearedRecord) {
   const Rule& rule = GetParam();
   rule.raise(api);
+  DirtyStack();
   EXPECT_EQ(Fill(rule.fill), S_OK);
   EXPECT_EQ(journal.Of("exception "),
             Lines{std::string("Exception from Quarn API ") + rule.operation});
@@ -112,6 +118,22 @@ TEST_P(RecordRules, OnlyADirectKeyLetsAnExceptionOut) {
 
 INSTANTIATE_TEST_SUITE_P(Fillers, RecordRules, ::testing::ValuesIn(kRules),
                          [](const auto& rule) { return std::string(rule.param.name); });
+
+TEST_F(FillerFixture, WhatTheLibraryLeavesAloneIsZero) {
+  DirtyStack();
+  EXPECT_EQ(wifi::EnumerateStatistics(state, delivery()), S_OK);
+  EXPECT_EQ(sink->objects.back()->Last("RxNonDirectPackets"), "text:0");
+  DirtyStack();
+  EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), S_OK);
+  EXPECT_EQ(sink->objects.back()->Last("CrcErrs"), "number:0");
+  api.onGetAssociationInfo = [](auto, AssociationInfoRecord* record) {
+    record->opMode = adapterapi::codes::kInfrastructure;
+    return 0;
+  };
+  DirtyStack();
+  wifi::EnumerateAssociationStats(state, delivery());
+  EXPECT_EQ(sink->objects.back()->Last("ApMacAddr"), "text:00:00:00:00:00:00");
+}
 
 struct FailingPut {
   Filler fill;

@@ -41,6 +41,8 @@ TEST_F(SystemPolicies, TheOneInstanceWhateverTheKey) {
   EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
   ASSERT_EQ(sink->objects.size(), 1u);
   EXPECT_EQ(sink->objects[0]->Last("AutoConnect"), "number:0");
+  api.onGetPolicyValue = testing_support::Gives(2u);
+  EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
   EXPECT_EQ(sink->objects[0]->Last("SingleBSSMode"), "flag:false");
   script.putResults["Caption"] = E_ACCESSDENIED;
   journal.Clear();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "methods/method_dispatch.h"
 #include "tests/methods/method_fixture.h"
 
 namespace wifi {
@@ -63,6 +64,7 @@ TEST_F(Methods, CallsWithAFlag) {
     EXPECT_EQ(with(Typed(VT_UI1, 0x100)), kTrue + (" " + std::string(row.off)));
     EXPECT_EQ(with(Typed(VT_I2, 0x100)), kTrue + (" " + std::string(row.on)));
     EXPECT_EQ(with(Typed(VT_UI2, 0x8000)), kTrue + (" " + std::string(row.on)));
+    EXPECT_EQ(with(Typed(VT_UI4, 0x8000)), kTrue + (" " + std::string(row.on)));
     EXPECT_EQ(with(Variant::AnsiText("TRUE")), kFalse + std::string(" "));
     in->values.clear();
     EXPECT_EQ(Answer(row.className, row.method), kFalse);
@@ -133,6 +135,13 @@ TEST_F(Methods, Questions) {
             "ReturnValue=number:65538");
   api.onGetAssociationStatus = Gives(1u);
   EXPECT_EQ(Answer("WiFi_AdapterAssociationInfo", "IsAssociated"), kFalse);
+  AddAdapter("8", 108).associationFlag = Variant::Boolean(true);
+  ParsedPath path;
+  path.className = OLESTR("WiFi_AdapterAssociationInfo");
+  path.AddKey(kSettingId, Variant::AnsiText("8").get());
+  sink->objects.clear();
+  EXPECT_EQ(ExecuteMethod(state, delivery(), path, OLESTR("IsAssociated"), nullptr), S_OK);
+  EXPECT_EQ(Out(), Strings{kTrue});
 }
 
 TEST_F(Methods, IsCurrentProfileIgnoresLetterCase) {
@@ -257,13 +266,16 @@ TEST_F(Methods, ExcludeListQueries) {
   EXPECT_EQ(Out(), Strings{kFalse});
 
   api.onGetExcludeCandidate = [](auto, adapterapi::ExcludeCandidateRecord* candidate) {
-    EXPECT_EQ(candidate->unread[3647], 0);
+    const auto* bytes = reinterpret_cast<const char*>(candidate);
+    EXPECT_EQ(std::count(bytes, bytes + sizeof(*candidate), 0),
+              static_cast<std::ptrdiff_t>(sizeof(*candidate)));
     candidate->unread[3647] = 42;
     return 0;
   };
   api.onExcludeThisAP = [](auto adapter, adapterapi::ExcludeCandidateRecord* candidate) {
     return adapter == 107 && candidate->unread[3647] == 42 ? 0 : 1;
   };
+  testing_support::DirtyStack();
   EXPECT_EQ(Answer("WiFi_NetworkExcludeList", "ExcludeThisAP"), kTrue);
   api.onGetExcludeCandidate = Answers(-1);
   journal.Clear();

@@ -105,6 +105,7 @@ TEST_F(PreferredProfiles, ASearchGoesOnUntilTheEnd) {
   EXPECT_EQ(Listed("Name"), Strings{"text:Away"});
   for (int load = 1; load <= 20002; ++load) library.loadStatuses[load] = -7;
   EXPECT_EQ(Get("Logon"), S_OK);  // a store that never ends is given up
+  EXPECT_EQ(library.loads, 20003);
 }
 
 TEST_F(PreferredProfiles, AStoreWithoutAnEndIsGivenUp) {

@@ -73,6 +73,7 @@ TEST_F(SharedLibraries, WalkTheStores) {
   EXPECT_EQ(manager.GetNextPreferredProfile(profile, 1), kTolvaNoMoreProfiles);
   EXPECT_EQ(manager.GetFirstPreferredProfile(profile, 2), kTolvaNoMoreProfiles);
   EXPECT_EQ(manager.GetFirstPreferredProfile(profile, 8), kTolvaSuccess);
+  EXPECT_EQ(manager.GetNextPreferredProfile(profile, 1), E_INVALIDARG) << "another store";
   EXPECT_EQ(manager.GetFirstPreferredProfile(profile, 3), kTolvaNoMoreProfiles);
 
   ORVEL_WLAN_PROFILE record;
@@ -88,6 +89,10 @@ TEST_F(SharedLibraries, WalkTheStores) {
   EXPECT_LT(manager.GetProfileToApply("absent", record, 1), 0);
   EXPECT_LT(manager.GetProfileToApply(name, record, 0), 0) << "other flags";
   EXPECT_EQ(manager.Close(), kTolvaSuccess);
+  EXPECT_LT(manager.GetFirstPreferredProfile(profile, 1), 0);
+  EXPECT_NE(manager.GetNextPreferredProfile(profile, 0), kTolvaNoMoreProfiles);
+  EXPECT_LT(manager.GetProfileToApply(name, record, 1), 0);
+  EXPECT_EQ(manager.Open(3000), kTolvaSuccess) << "for the same networks again";
 }
 
 }  // namespace

@@ -154,6 +154,7 @@ HRESULT FakeNamespace::GetObject(const BSTR path, LONG flags, IWbemContext* cont
                                  IWbemClassObject** object, IWbemCallResult** result) {
   const Outgoing call(Step::kFetch);
   if (call.struck()) return call.code();
+  if (path == nullptr) script_.journal.Add("call without a class");
   const std::string name = Utf8Text(ViewOf(path));
   contexts.push_back(context);
   if (flags != 0 || result != nullptr) return E_INVALIDARG;
@@ -169,6 +170,7 @@ HRESULT FakeNamespace::CreateInstanceEnum(const BSTR name, LONG flags, IWbemCont
                                           IEnumWbemClassObject** enumeration) {
   const Outgoing call(Step::kOpen);
   if (call.struck()) return call.code();
+  if (name == nullptr) script_.journal.Add("call without a class");
   char entry[80];
   std::snprintf(entry, sizeof(entry), "%s %X", Utf8Text(ViewOf(name)).c_str(),
                 static_cast<unsigned>(flags));

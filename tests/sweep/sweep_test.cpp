@@ -176,7 +176,7 @@ class Sweep : public ProviderFixture {
       }
       return {};
     }
-    if (plan.step != Step::kHeap) return {};
+    if (plan.step != Step::kHeap && plan.step != Step::kText) return {};
     // Short of memory, nothing wrong is said and nothing else is done.
     for (const std::string& put : outcome.puts) {
       const auto name = put.substr(0, put.find('='));
@@ -202,7 +202,9 @@ class Sweep : public ProviderFixture {
     const Levels before;
     for (const auto& [step, manner] : kFaults) {
       if (calls[static_cast<std::size_t>(step)] == 0) continue;
-      if (kStructuredOnly != (manner == Manner::kStructured)) continue;
+      const bool structured = manner == Manner::kStructured || step == Step::kHeap;
+      if (kStructuredOnly && !structured) continue;
+      if (!kStructuredOnly && manner == Manner::kStructured) continue;
       for (const bool persistent : {false, true}) {
         if (persistent && manner == Manner::kReenter) continue;
         for (int nth = 1;; ++nth) {
@@ -277,6 +279,14 @@ const std::vector<Sweep::Fault> Sweep::kFaults = [] {
   }
   return faults;
 }();
+
+// Where memory is short the text is then missing, not the request.
+TEST_F(Sweep, TextsOfRecordsNeedNoMemoryBesides) {
+  for (const OLECHAR* name : {OLESTR("WiFi_AdapterVersion"), OLESTR("WiFi_AdapterTcpIpSettings")}) {
+    Run({Request::kEnumerate, "", platform::Bstr(name)});
+    EXPECT_EQ(FaultPlan::calls[static_cast<std::size_t>(Step::kHeap)], 0);
+  }
+}
 
 TEST_F(Sweep, EveryRequest) {
   for (const Request& request : AllRequests(script)) SweepOne(request);

@@ -137,6 +137,14 @@ TEST_F(Discovery, ReadsDirectlyExceptOnNt50) {
                "Win32_NetworkAdapter 230", "Win32_ComputerSystem 1", "Win32_NetworkAdapter 30"}));
 }
 
+TEST_F(Discovery, AMissingTableIsAnEmptyOne) {
+  Initialize({{1, "7", 1}});
+  api.onGetAdapterList = Answers(0);
+  InitializeOnly();
+  EXPECT_EQ(initStatuses, (std::vector<LONG>{0, 0}));
+  EXPECT_EQ(Served(), Strings{});
+}
+
 TEST_F(Discovery, AnotherInitializeStartsAfresh) {
   Initialize({{1, "7", 1}, {2, "8", 2}});
   fakeNamespace.platformObjects.clear();

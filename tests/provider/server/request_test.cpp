@@ -277,6 +277,24 @@ TEST_F(Request, OutlivesASinkThatThrows) {
   EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapterConfiguration")).result, S_OK);
 }
 
+TEST_F(Request, KeepsItsProviderToItsEnd) {
+  Initialize({{1, "1", 1}});
+  journal.Clear();
+  testing_support::FaultPlan plan{testing_support::Step::kIndicate,
+                                  testing_support::Manner::kReenter, 1, false};
+  plan.reenter = [&] { provider.reset(); };
+  testing_support::FaultPlan::armed = &plan;
+  const Bstr name(OLESTR("WiFi_NetworkAdapterConfiguration"));
+  {
+    const testing_support::Side inside(true);
+    provider->CreateInstanceEnumAsync(name.get(), 0, nullptr, sink.get());
+  }
+  testing_support::FaultPlan::armed = nullptr;
+  const Strings events = journal.events();
+  ASSERT_GE(events.size(), 2u);
+  EXPECT_EQ(Strings(events.end() - 2, events.end()), (Strings{"status 0", "call CloseLibrary"}));
+}
+
 TEST_F(Request, PassesTheRequestsContextOn) {
   Initialize({{1, "1", 1}});
   fakeNamespace.contexts.clear();
