@@ -22,6 +22,14 @@ class ByteSource {
     if (count != 0) std::memcpy(room, rest_.data(), count);
     rest_ = rest_.subspan(count);
   }
+  /// A record: any bytes, or one all over it, so that no text in it ends.
+  void Record(void* room, std::size_t size) {
+    if (Below(4) == 3) {
+      std::memset(room, Take<std::uint8_t>(), size);
+    } else {
+      Fill(room, size);
+    }
+  }
   template <class Number>
   Number Take() {
     Number number;

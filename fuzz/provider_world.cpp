@@ -110,7 +110,7 @@ adapterapi::ApiStatus ProviderWorld::Status() {
 
 template <class Value>
 void ProviderWorld::Give(Value* value) {
-  source_.Fill(value, sizeof(*value));
+  source_.Record(value, sizeof(*value));
 }
 
 // The count may say less than there is, never more: no memory behind the list is anybody's.
@@ -119,7 +119,7 @@ void ProviderWorld::GiveList(const List** list) {
   const unsigned entries = source_.Below(5);
   if (entries == 4) return;
   std::vector<std::uint8_t>& bytes = lists_.emplace_back(sizeof(Count) + entries * sizeof(Entry));
-  source_.Fill(bytes.data(), bytes.size());
+  source_.Record(bytes.data(), bytes.size());
   Count count;
   std::memcpy(&count, bytes.data(), sizeof(count));
   if (static_cast<Count>(entries) < count) count = static_cast<Count>(entries);
