@@ -25,4 +25,13 @@ class PrivateLocalMachine {
   ~PrivateLocalMachine();
 };
 
+/// While it lives, this thread may call COM objects of the apartment threading model.
+class Apartment {
+ public:
+  Apartment();
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+  ~Apartment();
+};
+
 }  // namespace platform

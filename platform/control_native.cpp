@@ -19,4 +19,7 @@ PrivateLocalMachine::~PrivateLocalMachine() {
   native::ClearRegistry();
 }
 
+Apartment::Apartment() = default;
+Apartment::~Apartment() = default;
+
 }  // namespace platform

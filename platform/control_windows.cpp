@@ -48,4 +48,11 @@ PrivateLocalMachine::~PrivateLocalMachine() {
   RegDeleteKeyW(HKEY_CURRENT_USER, kScratchFolder);  // stays while another host uses it
 }
 
+Apartment::Apartment() {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+}
+Apartment::~Apartment() {
+  CoUninitialize();
+}
+
 }  // namespace platform

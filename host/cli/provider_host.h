@@ -50,7 +50,7 @@ class ProviderHost {
   const Repository& repository_;
   std::ostream& errors_;
   Defects defects_;
-  os::Apartment apartment_;
+  platform::Apartment apartment_;
   std::optional<os::DebugOutputToStderr> debugOutput_;
   std::unique_ptr<const ProviderModule> module_;
   platform::ComPtr<IClassFactory> factory_;

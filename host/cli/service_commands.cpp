@@ -6,6 +6,7 @@
 #include "host/cli/dump_origin.h"
 #include "host/cli/service_client.h"
 #include "host/report/report.h"
+#include "platform/control.h"
 
 namespace host {
 namespace {
@@ -153,7 +154,7 @@ ExitStatus RunOnService(const Command& command, CommandContext& context) {
     logon.user = *user;
     logon.password = os::ReadPassword("Password of " + *user + ": ");
   }
-  const os::Apartment apartment;
+  const platform::Apartment apartment;
   ServiceClient service(logon);
   if (FAILED(service.connected())) return context.Report(logon.namespacePath, service.connected());
   return row->run(command, context, service);

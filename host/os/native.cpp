@@ -101,7 +101,4 @@ std::string ReadPassword(const std::string&) {
   return "";
 }
 
-Apartment::Apartment() = default;
-Apartment::~Apartment() = default;
-
 }  // namespace host::os

@@ -68,15 +68,6 @@ class DebugOutputToStderr {
   ~DebugOutputToStderr();
 };
 
-/// While it lives, this thread may call COM objects of the apartment threading model.
-class Apartment {
- public:
-  Apartment();
-  Apartment(const Apartment&) = delete;
-  Apartment& operator=(const Apartment&) = delete;
-  ~Apartment();
-};
-
 /// Which management service, and as whom: an empty user is the one of this process.
 struct ServiceLogon {
   std::string namespacePath;  ///< root\\cimv2, or \\\\HOST\\root\\cimv2

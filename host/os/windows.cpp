@@ -157,11 +157,4 @@ std::string ReadPassword(const std::string& prompt) {
   return password;
 }
 
-Apartment::Apartment() {
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-}
-Apartment::~Apartment() {
-  CoUninitialize();
-}
-
 }  // namespace host::os

@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "platform/control.h"
 #include "platform/environment.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_wbem.h"
@@ -160,7 +161,7 @@ void SoakCycles(std::size_t times) {
 void SoakThreads(std::size_t times) {
   const Module module;
   const auto serve = [&] {
-    const Apartment apartment;
+    const platform::Apartment apartment;
     Service service;
     const ComPtr<IWbemServices> provider = module.MakeProvider();
     service.Initialize(*provider.get());
@@ -186,7 +187,7 @@ int main(int count, char** arguments) {
     return 2;
   }
   SetEnvironmentVariableA("WIFI_SCENARIO", SCENARIO_FILE);
-  const Apartment apartment;
+  const platform::Apartment apartment;
   soak(std::strtoull(arguments[2], nullptr, 10));
   return failed ? 1 : 0;
 }

@@ -12,13 +12,4 @@ struct Held {
 };
 Held HeldByProcess();
 
-/// What a thread has to enter before it uses COM objects, where there is COM.
-class Apartment {
- public:
-  Apartment();
-  Apartment(const Apartment&) = delete;
-  Apartment& operator=(const Apartment&) = delete;
-  ~Apartment();
-};
-
 }  // namespace testing_support

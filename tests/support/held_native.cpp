@@ -13,9 +13,6 @@ unsigned Entries(const char* folder) {
 
 }  // namespace
 
-testing_support::Apartment::Apartment() = default;
-testing_support::Apartment::~Apartment() = default;
-
 testing_support::Held testing_support::HeldByProcess() {
   return {mallinfo2().uordblks, Entries("/proc/self/fd"), Entries("/proc/self/task")};
 }

@@ -7,13 +7,6 @@
 
 #include "tests/support/held.h"
 
-testing_support::Apartment::Apartment() {
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-}
-testing_support::Apartment::~Apartment() {
-  CoUninitialize();
-}
-
 testing_support::Held testing_support::HeldByProcess() {
   Held held;
   HANDLE heaps[256];

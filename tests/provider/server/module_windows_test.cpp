@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "platform/com_ptr.h"
+#include "platform/control.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_wbem.h"
 #include "tests/support/held.h"
@@ -53,7 +54,7 @@ void LoadUseUnload() {
 
 // A service unloads idle providers and loads them again, for as long as the machine runs.
 TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
-  const testing_support::Apartment apartment;
+  const platform::Apartment apartment;
   constexpr int kCycles = 100;
   for (const bool keepLibraries : {true, false}) {
     const Module quarn(keepLibraries ? LoadLibraryA("QuarnApi.dll") : nullptr);
