@@ -29,6 +29,7 @@ constexpr AdapterClass kAdapterClasses[] = {
     {OLESTR("WiFi_AdapterTcpIpSettings"), kSettingId, FillTcpIpSettings},
     {OLESTR("WiFi_AdapterTcpIpv6Settings"), kSettingId, FillTcpIpv6Settings},
 };
+static_assert(std::size(kAdapterClasses) == static_cast<std::size_t>(ClassSelector::kEnd));
 
 const AdapterClass* Selected(ClassSelector selector) {
   const auto index = static_cast<std::size_t>(selector);

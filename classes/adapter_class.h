@@ -1,5 +1,5 @@
 #pragma once
-// The ten classes with exactly one instance for each adapter: which class a selector names, and
+// The classes with exactly one instance for each adapter: which class a selector names, and
 // their shared enumeration and get by key.
 
 #include <cstdint>
@@ -19,10 +19,11 @@ enum class ClassSelector : std::uint32_t {
   kFeatures = 7,
   kTcpIpSettings = 8,
   kTcpIpv6Settings = 9,
+  kEnd,  ///< no class
 };
 
 /// Makes and fills the instance of one class for one adapter. E_FAIL without an entry,
-/// WBEM_E_INVALID_CLASS for a selector beyond the ten; otherwise the service's or filler's result.
+/// WBEM_E_INVALID_CLASS for kEnd and beyond; otherwise the service's or filler's result.
 HRESULT MakeAdapterInstance(ProviderState& state, IWbemContext* context, ClassSelector selector,
                             AdapterEntry* entry, platform::ComPtr<IWbemClassObject>& instance);
 

@@ -357,7 +357,7 @@ TEST_F(Request, MakesNoInstanceWithoutEntryOrClass) {
   EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kNetworkAdapter, nullptr, instance),
             E_FAIL);
   AdapterEntry& entry = AddAdapter("1", 1);
-  EXPECT_EQ(MakeAdapterInstance(state, nullptr, static_cast<ClassSelector>(10), &entry, instance),
+  EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kEnd, &entry, instance),
             WBEM_E_INVALID_CLASS);
   // Without a namespace there is nothing to put into.
   state.services.reset();
