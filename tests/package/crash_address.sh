@@ -6,7 +6,7 @@ source=$1
 build=$2
 tools=$3
 work=$build/crash-address
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" WINEPREFIX="$build/wineprefix"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" WINEPREFIX="$build/wineprefix"
 
 fail() {
   echo "crash_address: $*" >&2

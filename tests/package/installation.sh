@@ -2,7 +2,7 @@
 # own folder, $test the test's name.
 class='{3B14BAD6-C364-4576-8271-39B5850ABDA8}'
 library='{A9A3ACD3-02FF-4C28-8353-F0FDFC66E01A}'
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" WINEPREFIX="$work/wineprefix"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" WINEPREFIX="$work/wineprefix"
 unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
 system=$WINEPREFIX/drive_c/windows/system32
 

@@ -9,7 +9,7 @@ tools=$3
 list=$source/adapterapi/tolva_api.def
 abi=$source/tests/package/platform_abi
 work=$build/platform-names
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" WINEPREFIX="$build/wineprefix"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" WINEPREFIX="$build/wineprefix"
 unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
 
 fail() {
