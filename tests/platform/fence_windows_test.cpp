@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/structured_exception.h"
+#include "platform/variant.h"
 
 namespace {
 
@@ -38,6 +39,33 @@ TEST(StructuredFence, StopsAllKindsTimeAfterTime) {
     ASSERT_TRUE(Stops([] { return ReadNowhere(); }));
     ASSERT_TRUE(Stops([i] { return RaiseNumbered(0xE0000001u + i); }));
   }
+}
+
+/// Raises when it is asked for its value.
+class RaisingValue final : public IDispatch {
+ public:
+  virtual ~RaisingValue() = default;
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                   UINT*) override {
+    return ReadNowhere();
+  }
+};
+
+TEST(StructuredFence, HoldsAroundTheObjectOfAValue) {
+  RaisingValue object;
+  platform::Variant value;
+  value.in_place()->vt = VT_DISPATCH;
+  value.in_place()->pdispVal = &object;
+  EXPECT_EQ(value.ChangeType(VT_I4), DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(value.type(), VT_DISPATCH);
 }
 
 TEST(StructuredFence, Nests) {

@@ -1,11 +1,14 @@
 #include "tests/support/fake_profile_library.h"
 
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 
 using testing_support::FakeProfile;
 using testing_support::FakeProfileLibrary;
+using testing_support::FaultPlan;
 using testing_support::kPlannedFailure;
+using testing_support::Manner;
 using testing_support::Outgoing;
 using testing_support::Side;
 using testing_support::Step;
@@ -33,6 +36,16 @@ LONG Load(unsigned char* storage, ULONG store) {
   return kTolvaSuccess;
 }
 
+// A destructor may raise, but it never throws.
+void End(const char* call) {
+  std::optional<Outgoing> raising;
+  if (FaultPlan::armed != nullptr && FaultPlan::armed->manner == Manner::kStructured) {
+    raising.emplace(Step::kProfileLibrary);
+  }
+  const Side outside(false);
+  FakeProfileLibrary::NoteEnd(call);
+}
+
 }  // namespace
 
 void FakeProfileLibrary::Note(const std::string& call) {
@@ -52,8 +65,7 @@ CPreferredProfile::CPreferredProfile() : storage_{} {
   FakeProfileLibrary::Note("new profile");
 }
 CPreferredProfile::~CPreferredProfile() {
-  const Side outside(false);
-  FakeProfileLibrary::NoteEnd("end profile");
+  End("end profile");
 }
 const char* CPreferredProfile::Name() const {
   const Outgoing call(Step::kProfileLibrary);
@@ -89,8 +101,7 @@ CProfileMgr::CProfileMgr() : storage_{} {
   FakeProfileLibrary::Note("new manager");
 }
 CProfileMgr::~CProfileMgr() {
-  const Side outside(false);
-  FakeProfileLibrary::NoteEnd("end manager");
+  End("end manager");
 }
 void CProfileMgr::SetWiFiProvider(bool on) {
   const Outgoing call(Step::kProfileLibrary);

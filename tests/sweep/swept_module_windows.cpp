@@ -68,7 +68,7 @@ void* Noted(void* block) {
   return block;
 }
 void* Allocate(std::size_t size) {
-  return Noted(std::malloc(size));
+  return FaultPlan::Hit(Step::kHeap) ? nullptr : Noted(std::malloc(size));
 }
 void* AllocateCleared(std::size_t count, std::size_t size) {
   return Noted(std::calloc(count, size));

@@ -3,6 +3,8 @@
 
 #include <cstring>
 
+#include "platform/import_slot_windows.h"
+#include "platform/registry_key.h"
 #include "tests/support/fake_profile_library.h"
 #include "tests/support/last_bytes.h"
 #include "tests/support/provider_fixture.h"
@@ -21,9 +23,6 @@ class UnreadableMemory : public ProviderFixture {
   UnreadableMemory() {
     currentLibrary = &api;
     Initialize({{7, "7", 1}, {10, "10", 2}});
-    ComPtr<IClassFactory> factory;
-    constexpr CLSID kClass = {
-        0x3B14BAD6, 0xC364, 0x4576, {0x82, 0x71, 0x39, 0xB5, 0x85, 0x0A, 0xBD, 0xA8}};
     Module().getClassObject(kClass, IID_IClassFactory, factory.put_void());
     factory->CreateInstance(nullptr, IID_IWbemProviderInit, init.put_void());
     init->QueryInterface(IID_IWbemServices, served.put_void());
@@ -56,7 +55,10 @@ class UnreadableMemory : public ProviderFixture {
     EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapterConfiguration")), std::pair(S_OK, size_t{2}));
   }
 
+  static constexpr CLSID kClass = {
+      0x3B14BAD6, 0xC364, 0x4576, {0x82, 0x71, 0x39, 0xB5, 0x85, 0x0A, 0xBD, 0xA8}};
   FakeProfileLibrary profiles{journal};
+  ComPtr<IClassFactory> factory;
   ComPtr<IWbemProviderInit> init;
   ComPtr<IWbemServices> served;
   int cuts = 0;
@@ -93,6 +95,40 @@ TEST_F(UnreadableMemory, TextsThatAreNowhere) {
               std::pair(static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE), std::size_t{0}));
     EXPECT_EQ(ImpersonationDepth(), 0);
   }
+}
+
+// A client's addresses are as foreign as a library's.
+TEST_F(UnreadableMemory, ArgumentsThatAreNowhere) {
+  void** const nowhere = reinterpret_cast<void**>(16);
+  EXPECT_EQ(Module().getClassObject(kClass, IID_IClassFactory, nowhere), E_UNEXPECTED);
+  EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nowhere), E_UNEXPECTED);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nowhere), E_UNEXPECTED);
+  EXPECT_EQ(init->QueryInterface(IID_IUnknown, nowhere), E_UNEXPECTED);
+  const ComPtr<FakeSink> client = MakeSink(script);
+  const auto name = reinterpret_cast<BSTR>(nowhere);
+  EXPECT_EQ(served->CreateInstanceEnumAsync(name, 0, nullptr, client.get()),
+            static_cast<HRESULT>(WBEM_E_PROVIDER_FAILURE));
+}
+
+HRESULT WINAPI RefuseTypeLibrary(LPCOLESTR, REGKIND, ITypeLib** library) {
+  *library = nullptr;
+  return TYPE_E_CANTLOADLIBRARY;
+}
+
+// The keys are written by then.
+TEST(ModuleRegistration, GoesBackWhereTheTypeLibraryIsRefused) {
+  ULONGLONG* slot = platform::ImportSlot(Module().handle, "oleaut32.dll", "LoadTypeLibEx");
+  ASSERT_NE(slot, nullptr);
+  const ULONGLONG before = *slot;
+  platform::RegistryKey key;
+  constexpr const char* kKey = "CLSID\\{3B14BAD6-C364-4576-8271-39B5850ABDA8}";
+  ASSERT_NE(key.Open(HKEY_CLASSES_ROOT, kKey, KEY_READ), LSTATUS{0});
+  platform::ReplaceImport(Module().handle, "oleaut32.dll", "LoadTypeLibEx", &RefuseTypeLibrary);
+  EXPECT_EQ(Module().registerServer(), TYPE_E_CANTLOADLIBRARY);
+  platform::ReplaceImport(Module().handle, "oleaut32.dll", "LoadTypeLibEx",
+                          reinterpret_cast<void*>(before));
+  EXPECT_NE(key.Open(HKEY_CLASSES_ROOT, kKey, KEY_READ), LSTATUS{0});
+  Module().unregisterServer();
 }
 
 }  // namespace

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
+#include <latch>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 #include "platform/com_ptr.h"
 #include "platform/control.h"
@@ -67,6 +72,41 @@ TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
     EXPECT_LT((after.bytes - before.bytes) / kCycles, 200u) << "bytes a cycle";
     EXPECT_EQ(after.handles, before.handles);
   }
+}
+
+// A service uses threads without end; in each of these an exception is thrown. The system gives the
+// numbers of some that have ended to new ones, so only many at a time have many numbers.
+TEST(Module, ServesMoreThreadsThanItHasRoomForAtATime) {
+  const platform::Apartment apartment;
+  const Module kept(LoadLibraryA("WiFiAdapterProvider.dll"));
+  for (int round = 0; round < 2; ++round) {
+    std::vector<std::thread> threads;
+    std::latch all(900);
+    for (std::ptrdiff_t thread = 0; thread < 900; ++thread) {
+      threads.emplace_back([&] {
+        LoadUseUnload();
+        all.arrive_and_wait();
+      });
+    }
+    for (std::thread& thread : threads) thread.join();
+  }
+}
+
+// The module does not keep a host from starting: requests tell what is wrong.
+TEST(Module, IsLoadedThoughTheLibraryRaisesAtItsStart) {
+  constexpr const char* kScenario = "raising.json";
+  std::ofstream(kScenario)
+      << R"({"faults": [{"operation": "SetLibraryMode", "structured": "access-violation"}]})";
+  SetEnvironmentVariableA("WIFI_SCENARIO", kScenario);
+  const Module quarn(LoadLibraryA("QuarnApi.dll"));
+  using GetApiVersion = std::int32_t(std::uint32_t*);
+  std::uint32_t version = 0;  // asking for it has the scenario read
+  EXPECT_EQ(reinterpret_cast<GetApiVersion*>(reinterpret_cast<void*>(
+                GetProcAddress(quarn.get(), MAKEINTRESOURCEA(23))))(&version),
+            0);
+  EXPECT_TRUE(Module(LoadLibraryA("WiFiAdapterProvider.dll")));
+  SetEnvironmentVariableA("WIFI_SCENARIO", nullptr);
+  std::remove(kScenario);
 }
 
 }  // namespace
