@@ -57,6 +57,7 @@ function constants(number,    mask, start, at, size, value, before) {
     size = RLENGTH
     before = at == 1 ? " " : substr(mask, at - 1, 1)
     start = at + size
+    if (mask ~ /^ *virtual .*\) .*= 0;/) continue
     if (before ~ /[A-Za-z0-9_.]/ || substr(mask, start, 1) ~ /[A-Za-z_.]/) continue
     value = substr(lines[number], at, size)
     fault(number, "constant", substr(lines[number], 1, at - 1) "(" value " + 1)" substr(lines[number], start))
@@ -135,19 +136,27 @@ function shape_of(mask,    shape) {
   gsub(/[0-9][0-9A-Fa-fx]*/, "n", shape)
   return shape
 }
-function swaps(number,    other, here, there, left, right, size) {
+# The line without its comment.
+function code_of(number,    mask) {
+  mask = masks[number]
+  sub(/ +$/, "", mask)
+  return substr(lines[number], 1, length(mask))
+}
+function swaps(number,    other, here, there, left, right, size, rest) {
   other = masks[number + 1] ~ /[A-Za-z]/ && shape_of(masks[number]) == shape_of(masks[number + 1]) ? number + 1 : number - 1
   if (other < 1 || masks[number] !~ /[A-Za-z]/ || shape_of(masks[number]) != shape_of(masks[other])) return
-  here = lines[number]
-  there = lines[other]
+  here = code_of(number)
+  there = code_of(other)
+  rest = substr(lines[number], length(here) + 1)
   if (here == there) return
   # From the first difference to the last; then only the last word of that.
   for (right = 0; substr(here, length(here) - right, 1) == substr(there, length(there) - right, 1); ++right) {}
+  rest = substr(here, length(here) - right + 1) rest
   here = substr(here, 1, length(here) - right)
   there = substr(there, 1, length(there) - right)
   for (left = length(here); left > 0 && substr(here, left, 1) ~ /[A-Za-z0-9_]/; --left) {}
   for (size = length(there); size > 0 && substr(there, size, 1) ~ /[A-Za-z0-9_]/; --size) {}
-  fault(number, "swapped", substr(here, 1, left) substr(there, size + 1) substr(lines[number], length(lines[number]) - right + 1))
+  fault(number, "swapped", substr(here, 1, left) substr(there, size + 1) rest)
 }
 
 function answers(number) {

@@ -6,8 +6,8 @@
 #   --sample N  only N of them, chosen by --seed S (1)      --again  those that once survived, anew
 #   --list      only list them                              FILE…    only the faults of these files
 #
-# The tests are those of the product's own floors, and the sweep over what may fail. Everything happens in
-# build/mutation: a copy of the sources, a build of its own, and results.tsv,
+# The tests are those of the product's own floors, the sweep over what may fail, and the expected outputs of
+# wmihost. Everything happens in build/mutation: a copy of the sources, a build of its own, and results.tsv,
 # which holds every verdict. A fault with a verdict is not tried again, so that a run that was
 # interrupted goes on; --again is for those that survived, after the tests have changed.
 set -euo pipefail
@@ -15,7 +15,6 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 here=$root/tests/mutation
 work=$root/build/mutation
 tree=$work/tree
-build=$work/build
 results=$work/results.tsv
 
 sample=0 seed=1 again=0 list=0 files=()
@@ -32,7 +31,7 @@ while [ $# -gt 0 ]; do
 done
 cd "$root"
 [ ${#files[@]} -gt 0 ] || mapfile -t files < <(git ls-files |
-  grep -E '^(provider|classes|methods|profiles|adapterapi)/.*\.(h|cpp|inc)$')
+  grep -E '^(provider|classes|methods|profiles|adapterapi)/.*\.(h|cpp|inc)$' | grep -vE '_(mingw|windows)\.cpp$')
 
 # A row a fault: KEY FILE LINE KIND FAULTY-LINE. The key stays when lines move.
 faults() {
@@ -62,45 +61,58 @@ copy() { # FROM TO: what differs
 git ls-files -co --exclude-standard >"$work/files"
 copy "$root" "$source"
 copy "$source" "$tree"
-[ -f "$build/build.ninja" ] ||
-  cmake -S "$tree" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
-    -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=OFF $(command -v ld.lld >/dev/null && for kind in EXE SHARED; do
-      echo "-DCMAKE_${kind}_LINKER_FLAGS=-fuse-ld=lld"; done) >/dev/null
+# Each source is compiled for itself; for a header's faults all sources of a target are joined, since most
+# of them would be compiled anew.
+fastest=$(command -v ld.lld >/dev/null && for kind in EXE SHARED; do
+  echo "-DCMAKE_${kind}_LINKER_FLAGS=-fuse-ld=lld"; done)
+for unity in OFF ON; do
+  folder=$([ $unity = ON ] && echo "$work/joined" || echo "$work/build")
+  [ -f "$folder/build.ninja" ] ||
+    cmake -S "$tree" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w" \
+      -DCMAKE_UNITY_BUILD=$unity -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 $fastest >/dev/null
+done
+build_for() { # FILE
+  case $1 in
+    *.cpp) echo "$work/build" ;;
+    *) echo "$work/joined" ;;
+  esac
+}
 ulimit -v 8000000
 
-# What may notice a fault, quickest first: the tests of its own folder before the others.
+# What may notice a fault, quickest first: the tests of its own folder, those of the others, what wmihost
+# prints, and the sweep.
 suites_for() {
-  local own=
-  case $1 in
-    provider/*) own=provider ;;
-    classes/*) own=classes ;;
-    methods/*) own=methods ;;
-    profiles/*) own=profiles ;;
-    adapterapi/*) own=adapterapi ;;
-  esac
-  echo $own
+  local own=${1%%/*}
+  echo "$own"
   printf '%s\n' classes provider methods profiles adapterapi | grep -vx "$own"
+  echo outputs
+  echo sweep
+}
+target_of() { [ "$1" = outputs ] && echo expected_outputs || echo "test_$1"; }
+passes() { # SUITE BUILD
+  cd "$work"
+  case $1 in
+    outputs) timeout 120 ctest --test-dir "$2" -L expected_output --stop-on-failure ;;
+    *) timeout 120 "$2/bin/test_$1" --gtest_fail_fast ;;
+  esac
 }
 # What notices the fault that is in the tree: "killed SUITE", "survived" or "did not build".
-verdict() {
-  local suite
+verdict() { # FILE
+  local suite build
+  build=$(build_for "$1")
   for suite in $(suites_for "$1"); do
-    timeout 600 ninja -C "$build" "test_$suite" >"$work/log" 2>&1 || { echo "did not build"; return; }
-    (cd "$work" && timeout 60 "$build/bin/test_$suite" --gtest_fail_fast >"$work/log" 2>&1) ||
-      { echo "killed $suite"; return; }
+    timeout 600 ninja -C "$build" "$(target_of "$suite")" >"$work/log" 2>&1 || { echo "did not build"; return; }
+    (passes "$suite" "$build") >"$work/log" 2>&1 || { echo "killed $suite"; return; }
   done
-  timeout 600 ninja -C "$build" test_sweep >"$work/log" 2>&1 || { echo "did not build"; return; }
-  (cd "$work" && timeout 600 "$build/bin/test_sweep" --gtest_fail_fast >"$work/log" 2>&1) ||
-    { echo "killed sweep"; return; }
   echo survived
 }
 
 echo "building without a fault" >&2
-ninja -C "$build" test_provider test_classes test_methods test_profiles test_adapterapi test_sweep >"$work/log" 2>&1 ||
-  { tail -n 20 "$work/log"; exit 1; }
-pristine=$(verdict provider/)
-[ "$pristine" = survived ] ||
-  { tail -n 20 "$work/log"; echo "the tests fail without a fault: $pristine"; exit 1; }
+for file in provider/x.cpp provider/x.h; do
+  pristine=$(verdict $file)
+  [ "$pristine" = survived ] ||
+    { tail -n 20 "$work/log"; echo "without a fault: $pristine"; exit 1; }
+done
 
 trap '[ -z "${now:-}" ] || cp "$source/$now" "$tree/$now"' EXIT
 trap 'exit 130' INT TERM
