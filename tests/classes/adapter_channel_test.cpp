@@ -37,6 +37,20 @@ TEST_F(AdapterChannel, ChannelsAndTheirOptions) {
   EXPECT_EQ(object->Last("ChannelB_Options"), "text:");
 }
 
+TEST_F(AdapterChannel, EachChannelHasItsBit) {
+  const char* const channels[] = {"34, ",  "36, ",  "38, ",  "40, ",  "42, ",  "44, ",  "46, ",
+                                  "48, ",  "52, ",  "56, ",  "60, ",  "64, ",  "100, ", "104, ",
+                                  "108, ", "112, ", "116, ", "120, ", "124, ", "128, ", "132, ",
+                                  "136, ", "140, ", "149, ", "153, ", "157, ", "161, ", "165, "};
+  for (std::uint32_t bit = 0; bit < std::size(channels); ++bit) {
+    api.onGetChannelInfo = Gives(Channels(1u << bit, 1u << bit));
+    Fill(wifi::FillAdapterChannel);
+    EXPECT_EQ(object->Last("ChannelA_Options"), std::string("text:") + channels[bit]);
+    EXPECT_EQ(object->Last("ChannelB_Options"),
+              bit < 14 ? "text:" + std::to_string(bit + 1) + ", " : "text:");
+  }
+}
+
 TEST_F(AdapterChannel, ChannelsTraceFailures) {
   script.putResults = {{"ChannelB_Options", E_FAIL}};
   Fill(wifi::FillAdapterChannel);

@@ -201,6 +201,12 @@ TEST_F(NetworkAdapter, TextsOfCodes) {
     EXPECT_EQ(Value(row.property), "text:" + std::string(row.text))
         << row.property << " " << row.code;
   }
+  const char* const rates[] = {"1, ",  "2, ", "5.5, ", "6, ",  "9, ",  "11, ", "12, ",
+                               "18, ", "",    "24, ",  "36, ", "48, ", "54, "};
+  for (std::uint32_t bit = 0; bit < std::size(rates); ++bit) {
+    api.onGetSupportedRates = Gives(1u << bit);
+    EXPECT_EQ(Value("SupportedRates"), std::string("text:") + rates[bit]);
+  }
 }
 
 TEST_F(NetworkAdapter, FailingAndRaisingGetters) {

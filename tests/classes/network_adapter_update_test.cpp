@@ -124,6 +124,7 @@ TEST_F(NetworkAdapterUpdate, AnUnchangedLastPropertyAnswersAsItWasRead) {
 TEST_F(NetworkAdapterUpdate, ValuesThatSayNothingChangeNothing) {
   for (const Property& property : kProperties) {
     EXPECT_EQ(PutOne(property.name, Raw(VT_NULL, -1)), S_OK);
+    EXPECT_EQ(PutOne(property.name, Raw(VT_ERROR, 1)), S_OK);
     EXPECT_EQ(PutOne(property.name, Variant::AnsiText("none")), S_OK);
     if (property.highest == 0) continue;
     EXPECT_EQ(PutOne(property.name, Variant::Integer(property.highest + 1)), S_OK);
@@ -179,6 +180,8 @@ TEST_F(NetworkAdapterUpdate, ARefusalIsTracedAndTriedAgain) {
       EXPECT_EQ(PutHighest(property), last ? kProviderFailure : S_OK);
       EXPECT_EQ(changes.size(), 1u);
       EXPECT_TRUE(journal.Has(std::string("trace ") + property.refused));
+      EXPECT_EQ(last, journal.Has("trace UpdateAdapterProperty: SetBoosSeteing failed to set "
+                                  "DisableRfControl!"));
     }
   }
 }

@@ -3,6 +3,7 @@
 #include "classes/adapter_class.h"
 #include "classes/adapter_configuration.h"
 #include "platform/native/observe.h"
+#include "provider/server/discovery.h"
 #include "tests/classes/filler_fixture.h"
 
 namespace testing_support {
@@ -47,6 +48,21 @@ TEST_F(OutOfMemory, TextsOfRecords) {
   PutsTheValueOrAnError([](wifi::ProviderState& filled, const wifi::Delivery& to) {
     return wifi::EnumerateAdapterClass(filled, to, wifi::ClassSelector::kAssociationInfo);
   });
+}
+
+TEST_F(OutOfMemory, AClassIsNotAskedForWithoutItsName) {
+  platform::ComPtr<IWbemClassObject> definition;
+  native::FailAllocation(1);
+  EXPECT_EQ(wifi::GetClassDefinition(state, OLESTR("WiFi_X"), nullptr, definition), E_OUTOFMEMORY);
+  native::FailAllocation(0);
+  EXPECT_EQ(journal.events(), Lines{});
+  native::FailAllocation(1);
+  EXPECT_EQ(wifi::DiscoverAdapters(state), WBEM_E_INVALID_CLASS);
+  native::FailAllocation(2);
+  EXPECT_EQ(wifi::DiscoverAdapters(state), E_OUTOFMEMORY);
+  native::FailAllocation(0);
+  EXPECT_EQ(fakeNamespace.enumerations,
+            (Lines{"Win32_NetworkAdapter 230", "Win32_ComputerSystem 1"}));
 }
 
 }  // namespace

@@ -55,6 +55,8 @@ TEST_F(TcpIpSettings, TcpIpv6) {
   };
   EXPECT_EQ(Fill(wifi::FillTcpIpv6Settings), S_OK);
   EXPECT_EQ(Puts(), expected);
+  EXPECT_EQ(journal.traces(),
+            Lines{"Getting TCP/IPV6 information for WiFi_AdapterTcpIpv6Settings"});
 }
 
 TEST_F(TcpIpSettings, Ipv6CountsBeyondTheRecordEndWithIt) {

@@ -89,6 +89,8 @@ const Row kRows[] = {
     {"\\\\HOST\\", kAbsolute, kSyntax, ""},
     {"\\\\HOST\\root:", kAbsolute, kSyntax, ""},
     {"?", kAbsolute, kSyntax, ""},
+    {"C{", kAbsolute, kSyntax, ""},
+    {"C`", kAbsolute, kSyntax, ""},
     {"\\root C", kAny, kSyntax, ""},
     {"root\\:C", kAny, kSyntax, ""},
     {"root\\cimv2 C", kAny, kSyntax, ""},

@@ -22,7 +22,7 @@ constexpr const char* kScript = R"(HKCR
       {
         val Model = s 'apartment'
       }
-      Empty
+      Empty~1
     }
   }
 })";
@@ -53,7 +53,7 @@ const testing_support::RegistryContent kWritten = {
     {"\\Plain\\Child", "C:\\It's here\\module.dll"},
     {"\\Shared", ""},
     {"\\Shared\\{1234}", "Own"},
-    {"\\Shared\\{1234}\\Empty", ""},
+    {"\\Shared\\{1234}\\Empty~1", ""},
     {"\\Shared\\{1234}\\Server", "before C:\\It's here\\module.dll after"},
     {"\\Shared\\{1234}\\Server@Model", "apartment"},
 };
@@ -105,19 +105,21 @@ TEST(RegistrationScript, SaysWhereItIsWrong) {
       {"HKLM { }", "line 1: expected HKCR, found 'HKLM'"},
       {"HKCR\n{\n  Key = 'x'\n}", "line 3: expected s, found 'x'"},
       {"HKCR {\n Key = s x }", "line 2: expected a quoted text, found 'x'"},
-      {"HKCR {\n Key = s 'open }", "line 2: expected a closing quote"},
+      {"HKCR {\n Key = s 'open }", "line 2: expected a closing quote, found ''open }'"},
       {"HKCR {\n Key {\n", "line 3: expected a name, found ''"},
-      {"HKCR { 'Key' }", "expected a name, found 'Key'"},
-      {"HKCR { NoRemove { } }", "expected a name, found '{'"},
-      {"HKCR { val V = s 'x' }", "expected no value beside the keys"},
-      {"HKCR { } more", "expected the end, found 'more'"},
+      {"HKCR { 'Key' }", "line 1: expected a name, found 'Key'"},
+      {"HKCR { NoRemove { } }", "line 1: expected a name, found '{'"},
+      {"HKCR { NoRemove } }", "line 1: expected a name, found '}'"},
+      {"HKCR { = s 'x' }", "line 1: expected a name, found '='"},
+      {"HKCR { val V = s 'x' }", "line 1: expected no value beside the keys, found ''"},
+      {"HKCR { } more", "line 1: expected the end, found 'more'"},
   };
   for (const auto& row : rows) {
     try {
       ParseRegistrationScript(row.text, {});
       ADD_FAILURE() << "accepted: " << row.text;
     } catch (const ScriptError& error) {
-      EXPECT_NE(std::string(error.what()).find(row.message), std::string::npos) << error.what();
+      EXPECT_EQ(std::string("registration script, ") + row.message, error.what());
     }
   }
 }

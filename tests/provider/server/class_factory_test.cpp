@@ -28,12 +28,13 @@ class ClassFactory : public ::testing::Test {
 TEST_F(ClassFactory, GivesTheOneClassOnly) {
   CLSID other = kInstanceProviderClass;
   other.Data1 ^= 1;
-  ComPtr<IUnknown> object;
-  EXPECT_EQ(GetClassFactory(api, other, IID_IClassFactory, object.put_void()),
-            CLASS_E_CLASSNOTAVAILABLE);
-  EXPECT_FALSE(object);
-  EXPECT_EQ(GetClassFactory(api, kInstanceProviderClass, IID_IWbemServices, object.put_void()),
+  void* object = this;  // what a caller's variable held before
+  EXPECT_EQ(GetClassFactory(api, other, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(object, nullptr);
+  object = this;
+  EXPECT_EQ(GetClassFactory(api, kInstanceProviderClass, IID_IWbemServices, &object),
             E_NOINTERFACE);
+  EXPECT_EQ(object, nullptr);
   EXPECT_EQ(GetClassFactory(api, kInstanceProviderClass, IID_IUnknown, nullptr), E_POINTER);
   EXPECT_TRUE(ModuleLock::None());
 }
