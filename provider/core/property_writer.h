@@ -31,10 +31,9 @@ class PropertyWriter {
   HRESULT Put(const OLECHAR* name, platform::Variant value) {
     return PutInPlace(name, value.in_place());
   }
-  /// For the key: what the instance throws ends the request.
-  HRESULT PutKey(const OLECHAR* name, platform::OleStringView text) {
-    if (open()) result_ = PutDirectly(instance_, name, *text_.Text(text));
-    return result_;
+  /// For the key, which comes first: what the instance throws ends the request.
+  void PutKey(const OLECHAR* name, platform::OleStringView text) {
+    result_ = PutDirectly(instance_, name, *text_.Text(text));
   }
   HRESULT PutText(const OLECHAR* name, platform::OleStringView text) {
     return open() ? PutInPlace(name, text_.Text(text)) : result_;

@@ -97,6 +97,10 @@ const Row kRows[] = {
     {"C=1 2", kAbsolute, kSyntax, ""},
     {"C.1 2", kAbsolute, kSyntax, ""},
     {"C.K=0x1G", kAbsolute, kSyntax, ""},
+    {"C.K=0x1_", kAbsolute, kSyntax, ""},
+    {"C.K=1x1", kAbsolute, kSyntax, ""},
+    {"C\b", kAbsolute, kSyntax, ""},  // no blank
+    {"C\x1F", kAbsolute, kSyntax, ""},
     {"C.K=0x1-", kAbsolute, kSyntax, ""},
     {"C.K=-", kAbsolute, kSyntax, ""},
 };

@@ -53,6 +53,8 @@ TEST_F(ClassFactory, MakesProvidersWithTheirInterfaces) {
   ASSERT_EQ(services->QueryInterface(IID_IUnknown, other.put_void()), S_OK);
   EXPECT_EQ(one.get(), other.get());
 
+  EXPECT_EQ(factory->AddRef(), 2u);
+  EXPECT_EQ(factory->Release(), 1u);
   ComPtr<IUnknown> none;
   EXPECT_EQ(init->QueryInterface(IID_IWbemObjectSink, none.put_void()), E_NOINTERFACE);
   EXPECT_EQ(init->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
