@@ -72,6 +72,7 @@ const Row kRows[] = {
     {"", kAbsolute, kInvalid, ""},
     {"C.K=1 ", kAbsolute, kInvalid, ""},
     {"\tC", kAbsolute, kInvalid, ""},
+    {"C\r", kAbsolute, kInvalid, ""},
     {"C.", kAbsolute, kSyntax, ""},
     {"C.K", kAbsolute, kSyntax, ""},
     {"C.K=", kAbsolute, kSyntax, ""},

@@ -55,8 +55,10 @@ TEST_F(ClassFactory, MakesProvidersWithTheirInterfaces) {
 
   EXPECT_EQ(factory->AddRef(), 2u);
   EXPECT_EQ(factory->Release(), 1u);
+  void* place = this;
+  EXPECT_EQ(init->QueryInterface(IID_IWbemObjectSink, &place), E_NOINTERFACE);
+  EXPECT_EQ(place, nullptr);
   ComPtr<IUnknown> none;
-  EXPECT_EQ(init->QueryInterface(IID_IWbemObjectSink, none.put_void()), E_NOINTERFACE);
   EXPECT_EQ(init->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
