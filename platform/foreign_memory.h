@@ -3,7 +3,6 @@
 // the platform has no structured exceptions, only a missing address is noticed.
 
 #include <cstring>
-#include <string_view>
 #include <type_traits>
 
 #include "platform/structured_exception.h"
@@ -31,13 +30,6 @@ ListStep ReadListEntry(const void* list, Count index, Entry& entry) noexcept {
   return CopyForeign(entries + static_cast<std::size_t>(index) * sizeof(entry), entry)
              ? ListStep::kEntry
              : ListStep::kUnreadable;
-}
-
-/// A library's text as far as its terminator, if any; empty if there is none. Throws
-/// StructuredException for one that cannot be read.
-inline std::string_view ForeignText(const char* text) {
-  if (text == nullptr) return {};
-  return {text, CallFenced([text] { return std::strlen(text); })};
 }
 
 }  // namespace platform

@@ -67,11 +67,12 @@ class Variant {
   }
 
  private:
-  /// The platform is asked only where there may be something to free: values are moved often.
+  /// The platform is asked only where there is something to free: values are made and moved often.
   void Clear() noexcept {
-    if (value_.vt == VT_EMPTY) return;
-    // An object that raises when it is released is gone all the same.
-    Survives([this] { VariantClear(&value_); });
+    if (value_.vt != VT_EMPTY && value_.vt != VT_I4 && value_.vt != VT_BOOL) {
+      // An object that raises when it is released is gone all the same.
+      Survives([this] { VariantClear(&value_); });
+    }
     value_.vt = VT_EMPTY;
   }
 

@@ -1,6 +1,5 @@
 #include "profiles/preferred_profiles.h"
 
-#include "platform/foreign_memory.h"
 #include "profiles/feature_set.h"
 #include "profiles/profile_library.h"
 #include "provider/core/code_table.h"
@@ -16,7 +15,7 @@ constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
 constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
 
 struct Store {
-  const char* type;
+  platform::OleStringView type;
   bool StoreGates::*gate;  ///< none: always open
   ULONG flag;
   bool searched;  ///< whether a get by key looks here
@@ -26,25 +25,35 @@ struct Store {
 
 // In the order in which they are listed.
 constexpr Store kStores[] = {
-    {"user", nullptr, 1, true},
-    {"persistent", &StoreGates::persistent, 2, true},
-    {"prelogon", &StoreGates::prelogon, 4, true},
+    {OLESTR("user"), nullptr, 1, true},
+    {OLESTR("persistent"), &StoreGates::persistent, 2, true},
+    {OLESTR("prelogon"), &StoreGates::prelogon, 4, true},
     // Listed, yet not found by key: that is what clients know.
-    {"postlogon", nullptr, 8, false},
-    {"itprofile", nullptr, 16, false},
+    {OLESTR("postlogon"), nullptr, 8, false},
+    {OLESTR("itprofile"), nullptr, 16, false},
 };
 
 // Profiles of one store. A library that answers the same for ever must not hold the service up: a
 // search goes on behind statuses that are neither a profile nor the end.
 constexpr int kMostSteps = 10000;
 
+/// A text of the profile, which stays the library's; one without characters to point to if it has
+/// none. Read behind the same fence as it is asked for.
+std::string_view HeldText(PreferredProfile& profile,
+                          const char* (CPreferredProfile::*getter)() const) {
+  return profile.Call([&](const CPreferredProfile& held) {
+    const char* text = (held.*getter)();
+    return text == nullptr ? std::string_view() : std::string_view(text);
+  });
+}
+
 void PutText(PropertyWriter& writer, const OLECHAR* property, PreferredProfile& profile,
              const char* (CPreferredProfile::*getter)() const) {
-  const char* text = profile.Call([&](const CPreferredProfile& held) { return (held.*getter)(); });
-  if (text == nullptr) {
+  const std::string_view text = HeldText(profile, getter);
+  if (text.data() == nullptr) {
     writer.Put(property, platform::Variant::NoText());
   } else {
-    writer.PutAnsi(property, platform::ForeignText(text));
+    writer.PutAnsi(property, text);
   }
 }
 
@@ -56,7 +65,7 @@ void PutCode(PropertyWriter& writer, const OLECHAR* property, PreferredProfile& 
 }
 
 void FillPreferredProfile(PropertyWriter& writer, PreferredProfile& profile,
-                          const char* storeType) {
+                          platform::OleStringView storeType) {
   PutText(writer, OLESTR("Name"), profile, &CPreferredProfile::Name);
   PutText(writer, OLESTR("SSID"), profile, &CPreferredProfile::Ssid);
   PutText(writer, OLESTR("MandatoryAp"), profile, &CPreferredProfile::MandatoryAp);
@@ -67,9 +76,9 @@ void FillPreferredProfile(PropertyWriter& writer, PreferredProfile& profile,
           adapterapi::codes::kEncryptions);
   PutCode(writer, OLESTR("Authentication"), profile, &CPreferredProfile::AuthMode,
           kAuthentications);
-  writer.PutAnsi(OLESTR("Caption"), "Preferred Profile List");
-  writer.PutAnsi(OLESTR("Description"), "Provides the list of all Preferred Profiles");
-  writer.PutAnsi(OLESTR("Type"), storeType);
+  writer.PutText(OLESTR("Caption"), OLESTR("Preferred Profile List"));
+  writer.PutText(OLESTR("Description"), OLESTR("Provides the list of all Preferred Profiles"));
+  writer.PutText(OLESTR("Type"), storeType);
 }
 
 /// What both routines work with, from the library's construction to its end.
@@ -124,8 +133,8 @@ struct ProfileRequest {
   bool LoadNamed(const Store& store, const std::string& name) {
     LONG status = library.GetFirst(profile, store.flag);
     for (int step = 0; step < kMostSteps && status != kTolvaNoMoreProfiles; ++step) {
-      const char* held = profile.Call([](const CPreferredProfile& one) { return one.Name(); });
-      if (held != nullptr && name == platform::ForeignText(held)) return true;
+      const std::string_view held = HeldText(profile, &CPreferredProfile::Name);
+      if (held.data() != nullptr && name == held) return true;
       status = library.GetNext(profile, store.flag);
     }
     return false;
