@@ -5,6 +5,7 @@
 #include "classes/adapter_channel.h"
 #include "classes/adapter_description.h"
 #include "classes/association.h"
+#include "classes/network_adapter.h"
 #include "classes/signal_parameters.h"
 #include "classes/statistics.h"
 #include "classes/tcpip_settings.h"
@@ -133,6 +134,10 @@ TEST_F(FillerFixture, WhatTheLibraryLeavesAloneIsZero) {
   DirtyStack();
   wifi::EnumerateAssociationStats(state, delivery());
   EXPECT_EQ(sink->objects.back()->Last("ApMacAddr"), "text:00:00:00:00:00:00");
+  DirtyStack();
+  Fill(wifi::FillNetworkAdapter);
+  EXPECT_EQ(object->Last("PSPMode"), "number:0");
+  EXPECT_EQ(object->Last("CcxVersion"), "text:0.0.0");
 }
 
 struct FailingPut {

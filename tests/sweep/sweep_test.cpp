@@ -282,7 +282,8 @@ const std::vector<Sweep::Fault> Sweep::kFaults = [] {
 
 // Where memory is short the text is then missing, not the request.
 TEST_F(Sweep, TextsOfRecordsNeedNoMemoryBesides) {
-  for (const OLECHAR* name : {OLESTR("WiFi_AdapterVersion"), OLESTR("WiFi_AdapterTcpIpSettings")}) {
+  for (const OLECHAR* name : {OLESTR("WiFi_AdapterVersion"), OLESTR("WiFi_AdapterTcpIpSettings"),
+                              OLESTR("WiFi_AdapterTxRxStats")}) {
     Run({Request::kEnumerate, "", platform::Bstr(name)});
     EXPECT_EQ(FaultPlan::calls[static_cast<std::size_t>(Step::kHeap)], 0);
   }
