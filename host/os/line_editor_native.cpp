@@ -1,6 +1,7 @@
 #include <histedit.h>
 #include <langinfo.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,7 +19,7 @@ namespace host::os {
 namespace {
 
 constexpr int kKeptLines = 1000;
-constexpr wchar_t kAbandonKey = 0x03;  // Ctrl-C, which the terminal turns into a signal
+constexpr wchar_t kAbandonKey = 0x03;  // Ctrl-C
 
 volatile std::sig_atomic_t interrupted = 0;
 
@@ -34,13 +35,28 @@ void UseUtf8() {
   std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
+/// Has the terminal give its interrupt key like any other, until the editor gives the terminal
+/// back. As a signal it would throw away the keys before it, and one that comes between the look
+/// for it and the wait for a key would not be seen. Answers with the key.
+int TakeInterruptKey() {
+  static int key = kAbandonKey;
+  termios modes{};
+  if (tcgetattr(STDIN_FILENO, &modes) == 0 && modes.c_cc[VINTR] != _POSIX_VDISABLE) {
+    key = modes.c_cc[VINTR];
+    modes.c_cc[VINTR] = _POSIX_VDISABLE;
+    tcsetattr(STDIN_FILENO, TCSANOW, &modes);
+  }
+  return key;
+}
+
 /// Reads one character of UTF-8; an interrupt counts as the key that abandons the line.
 int ReadCharacter(EditLine*, wchar_t* character) {
+  const int interruptKey = TakeInterruptKey();
   std::mbstate_t state{};
   while (true) {
     char byte = 0;
-    const ssize_t count = read(STDIN_FILENO, &byte, 1);
-    if (interrupted != 0) {
+    const ssize_t count = interrupted != 0 ? 0 : read(STDIN_FILENO, &byte, 1);
+    if (interrupted != 0 || (count == 1 && static_cast<unsigned char>(byte) == interruptKey)) {
       interrupted = 0;
       *character = kAbandonKey;
       return 1;
