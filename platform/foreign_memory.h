@@ -19,10 +19,9 @@ bool CopyForeign(const void* theirs, Record& ours) noexcept {
 enum class ListStep { kEntry, kEnd, kUnreadable };
 
 /// Copies the entry at `index` of a list: a count, then as many entries without gaps. The count is
-/// read anew at every step, as the list belongs to its library; a missing list is empty.
+/// read anew at every step, as the list belongs to its library; a missing list cannot be read.
 template <class Count, class Entry>
 ListStep ReadListEntry(const void* list, Count index, Entry& entry) noexcept {
-  if (list == nullptr) return ListStep::kEnd;
   Count count = 0;
   if (!CopyForeign(list, count)) return ListStep::kUnreadable;
   if (index >= count) return ListStep::kEnd;

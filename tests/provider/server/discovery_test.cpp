@@ -137,12 +137,12 @@ TEST_F(Discovery, ReadsDirectlyExceptOnNt50) {
                "Win32_NetworkAdapter 230", "Win32_ComputerSystem 1", "Win32_NetworkAdapter 30"}));
 }
 
-TEST_F(Discovery, AMissingTableIsAnEmptyOne) {
+TEST_F(Discovery, AMissingTableIsAFailure) {
   Initialize({{1, "7", 1}});
   api.onGetAdapterList = Answers(0);
   InitializeOnly();
   EXPECT_TRUE(journal.Has("trace Number of Adapter:0"));
-  EXPECT_EQ(initStatuses, (std::vector<LONG>{0, 0}));
+  EXPECT_EQ(initStatuses, (std::vector<LONG>{0, WBEM_E_FAILED}));
   EXPECT_EQ(Served(), Strings{});
 }
 
