@@ -30,8 +30,8 @@ struct ListClass {
   const char* enumerateLine;       ///< traced before the call for an enumeration
   const char* getLine;             ///< traced before the call for a get by key
   const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be none
-  void (*fill)(PropertyWriter&, const AdapterEntry&, const Entry&);  ///< until a put fails
-  const OLECHAR* key;                                                ///< the path's second one
+  void (*fill)(PropertyWriter&, const AdapterEntry&, const Entry&);
+  const OLECHAR* key;  ///< the path's second one
   bool (*matches)(const Entry&, const WantedKey&);
 };
 

@@ -14,10 +14,14 @@
 
 namespace wifi {
 
+/// Puts a property in the form that its value takes.
+template <class Record>
+using FieldForm = HRESULT (*)(PropertyWriter&, const OLECHAR* property, const Record&);
+
 template <class Record>
 struct FieldRow {
   const OLECHAR* property;
-  HRESULT (*put)(PropertyWriter&, const OLECHAR* property, const Record&);
+  FieldForm<Record> put;
 };
 
 /// Puts the rows in order under the writer's rule.

@@ -12,39 +12,21 @@ namespace operation = adapterapi::operation;
 using adapterapi::TcpipConfigRecord;
 using adapterapi::Tcpipv6ConfigRecord;
 
-/// The texts of `count` slots from `first` on, two blanks behind each. The count is the library's
+/// The texts of as many slots as the count says, two blanks behind each. The count is the library's
 /// and may exceed the array: the slots then go on over what follows it, to the record's end.
-HRESULT PutJoined(PropertyWriter& writer, const OLECHAR* property,
-                  const Tcpipv6ConfigRecord& record, std::size_t first, std::uint32_t count) {
-  constexpr std::size_t kSlot = sizeof(record.ipAddresses[0]);
-  static_assert(sizeof(record.gateways[0]) == kSlot);
+template <auto Slots, auto Count>
+HRESULT Joined(PropertyWriter& writer, const OLECHAR* property, const Tcpipv6ConfigRecord& record) {
+  constexpr std::size_t kSlot = sizeof((record.*Slots)[0]);
   constexpr std::size_t kMostSlots = sizeof(record) / kSlot + 1;  // the last one cut short
   platform::ShortText<kMostSlots*(kSlot + 2)> text;
-  for (std::size_t slot = first; count > 0 && slot < sizeof(record); slot += kSlot, --count) {
-    text.Add(adapterapi::BoundedText(reinterpret_cast<const char*>(&record) + slot,
-                                     std::min(kSlot, sizeof(record) - slot)));
-    text.Add("  ");
+  const auto* slot = reinterpret_cast<const char*>(&(record.*Slots));
+  const auto* end = reinterpret_cast<const char*>(&record) + sizeof(record);
+  for (std::uint32_t left = NumberOf<Count>(record); left > 0 && slot < end; --left) {
+    const std::size_t room = std::min(kSlot, static_cast<std::size_t>(end - slot));
+    text.Add(adapterapi::BoundedText(slot, room)).Add("  ");
+    slot += room;
   }
   return writer.PutAnsi(property, text);
-}
-
-HRESULT IpAddress(PropertyWriter& writer, const OLECHAR* property,
-                  const TcpipConfigRecord& record) {
-  return Text<&TcpipConfigRecord::ipAddress>(writer, property, record);
-}
-HRESULT IpAddress(PropertyWriter& writer, const OLECHAR* property,
-                  const Tcpipv6ConfigRecord& record) {
-  return PutJoined(writer, property, record, offsetof(Tcpipv6ConfigRecord, ipAddresses),
-                   record.addressCount);
-}
-HRESULT DefaultGateway(PropertyWriter& writer, const OLECHAR* property,
-                       const TcpipConfigRecord& record) {
-  return Text<&TcpipConfigRecord::defaultGateway>(writer, property, record);
-}
-HRESULT DefaultGateway(PropertyWriter& writer, const OLECHAR* property,
-                       const Tcpipv6ConfigRecord& record) {
-  return PutJoined(writer, property, record, offsetof(Tcpipv6ConfigRecord, gateways),
-                   record.gatewayCount);
 }
 
 /// Put whatever becomes of them.
@@ -54,7 +36,7 @@ constexpr FieldRow<Record> kUnexaminedFields[] = {
     {OLESTR("DNS"), Flag<&Record::dnsFromDhcp>},
 };
 
-template <class Record>
+template <class Record, FieldForm<Record> IpAddress, FieldForm<Record> DefaultGateway>
 constexpr FieldRow<Record> kTcpipFields[] = {
     {OLESTR("DHCP_WINS"), Flag<&Record::winsFromDhcp>},
     {OLESTR("IPAddress"), IpAddress},
@@ -69,12 +51,21 @@ constexpr FieldRow<Record> kTcpipFields[] = {
     {OLESTR("ScopeID"), Text<&Record::scopeId>},
 };
 
+constexpr std::span kIpv4Fields =
+    kTcpipFields<TcpipConfigRecord, Text<&TcpipConfigRecord::ipAddress>,
+                 Text<&TcpipConfigRecord::defaultGateway>>;
+constexpr std::span kIpv6Fields =
+    kTcpipFields<Tcpipv6ConfigRecord,
+                 Joined<&Tcpipv6ConfigRecord::ipAddresses, &Tcpipv6ConfigRecord::addressCount>,
+                 Joined<&Tcpipv6ConfigRecord::gateways, &Tcpipv6ConfigRecord::gatewayCount>>;
+
 template <class Record>
-HRESULT PutSettings(IWbemClassObject* instance, const Record& record) {
+HRESULT PutSettings(IWbemClassObject* instance, std::span<const FieldRow<Record>> fields,
+                    const Record& record) {
   PropertyWriter unexamined(instance, PutRule::kGoOn);
   PutFields(unexamined, kUnexaminedFields<Record>, record);
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
-  PutFields(writer, kTcpipFields<Record>, record);
+  PutFields(writer, fields, record);
   return writer.result();
 }
 
@@ -86,7 +77,7 @@ HRESULT FillTcpIpSettings(ProviderState& state, IWbemClassObject* instance, Adap
   const HRESULT status =
       ReadRecord(state, entry, "Getting TCP/IP information for WiFi_AdapterTcpIpSettings",
                  operation::GetTcpipConfigInfo, record, keyPut);
-  return status != 0 ? status : PutSettings(instance, record);
+  return status != 0 ? status : PutSettings<TcpipConfigRecord>(instance, kIpv4Fields, record);
 }
 
 HRESULT FillTcpIpv6Settings(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
@@ -100,7 +91,7 @@ HRESULT FillTcpIpv6Settings(ProviderState& state, IWbemClassObject* instance, Ad
     TraceMessage("error in getting the IPv6 value ");
     return WBEM_E_NOT_FOUND;
   }
-  return PutSettings(instance, record);
+  return PutSettings<Tcpipv6ConfigRecord>(instance, kIpv6Fields, record);
 }
 
 }  // namespace wifi
