@@ -364,6 +364,7 @@ TEST_F(Request, MakesNoInstanceWithoutEntryOrClass) {
   EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kNetworkAdapter, &entry, instance),
             E_FAIL);
   EXPECT_FALSE(instance);
+  script.putThrows = "nothing";  // not what has no name
   const auto object = MakeObject();
   EXPECT_EQ(PutPropertyValue(object.get(), nullptr, Variant::Integer(1)), E_FAIL);
   EXPECT_EQ(PutDirectly(object.get(), nullptr, Variant::Integer(1).get()), E_FAIL);
