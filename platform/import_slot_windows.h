@@ -8,19 +8,24 @@
 
 namespace platform {
 
+/// From which libraries a module imports, mapped alone or loaded: up to a row without a name, whose
+/// offsets count from the module's start.
+inline const IMAGE_IMPORT_DESCRIPTOR* ImportsOf(HMODULE module) {
+  static constexpr IMAGE_IMPORT_DESCRIPTOR kNone = {};
+  const auto* base = reinterpret_cast<const std::byte*>(module);
+  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+  const DWORD place =
+      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+  return place == 0 ? &kNone : reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + place);
+}
+
 /// The module's slot for an imported function, by name or, as MAKEINTRESOURCEA(n), by ordinal; null
 /// if it imports none such. Without a library, of whichever. Without a module, of this program.
 inline ULONGLONG* ImportSlot(HMODULE module, const char* library, const char* function) {
   if (module == nullptr) module = GetModuleHandleW(nullptr);
   auto* base = reinterpret_cast<std::byte*>(module);
-  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& directory =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  if (directory.VirtualAddress == 0) return nullptr;
-  const auto* import =
-      reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-  for (; import->Name != 0; ++import) {
+  for (const auto* import = ImportsOf(module); import->Name != 0; ++import) {
     if (import->OriginalFirstThunk == 0) continue;
     if (library != nullptr &&
         lstrcmpiA(reinterpret_cast<const char*>(base + import->Name), library) != 0) {

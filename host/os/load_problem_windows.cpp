@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "host/os/os.h"
+#include "platform/import_slot_windows.h"
 #include "platform/text.h"
 
 namespace host::os {
@@ -24,14 +25,9 @@ class MappedModule {
     std::vector<std::string> names;
     if (module_ == nullptr) return names;
     const auto* base = reinterpret_cast<const char*>(module_);
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
-    const IMAGE_DATA_DIRECTORY& directory =
-        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    if (directory.VirtualAddress == 0) return names;
-    const auto* import =
-        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-    for (; import->Name != 0; ++import) names.emplace_back(base + import->Name);
+    for (const auto* import = platform::ImportsOf(module_); import->Name != 0; ++import) {
+      names.emplace_back(base + import->Name);
+    }
     return names;
   }
 
