@@ -64,7 +64,6 @@ class ProviderWorld {
   void GiveList(const List** list);
   adapterapi::ApiStatus Status();
 
-  struct Alive;
   ByteSource& source_;
   const int textsBefore_;
   testing_support::Journal journal_;

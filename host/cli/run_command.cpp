@@ -2,6 +2,7 @@
 
 #include "host/cli/command_table.h"
 #include "host/cli/provider_host.h"
+#include "host/cli/service_commands.h"
 #include "host/query/wql.h"
 #include "host/service/provider_module.h"
 #include "scenario/platform_objects.h"
@@ -40,7 +41,8 @@ ExitStatus RunCommand(const Command& command, CommandContext& context) {
   const OutputScope scope(command, context);
   if (context.provider != nullptr) context.provider->BeginCommand();
   try {
-    return command.row->run(command, context);
+    return command.Has("--service") ? RunOnService(command, context)
+                                    : command.row->run(command, context);
   } catch (const ValueError& error) {
     return context.Fail(kBadInput, error.what());
   } catch (const UnknownClassError& error) {

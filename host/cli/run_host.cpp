@@ -8,7 +8,6 @@
 #include "host/cli/provider_host.h"
 #include "host/cli/run_command.h"
 #include "host/cli/scenario_file.h"
-#include "host/cli/service_commands.h"
 #include "host/mof/product_schema.h"
 #include "host/os/os.h"
 #include "platform/environment.h"
@@ -28,10 +27,10 @@ int Width() {
 }
 
 ExitStatus Run(const Command& command, CommandContext& context) {
-  if (command.Has("--service")) return RunOnService(command, context);
-  if (command.Has("--user")) throw CommandLineError("--user goes with --service");
+  const bool onService = command.Has("--service");
+  if (command.Has("--user") && !onService) throw CommandLineError("--user goes with --service");
   const Needs needs = command.row->needs;
-  if (needs == Needs::kNothing) return RunCommand(command, context);
+  if (onService || needs == Needs::kNothing) return RunCommand(command, context);
   ScenarioFile scenario(command);
   const simulator::LoadedScenario loaded = scenario.Load();
   if (needs == Needs::kScenario) return RunCommand(command, context);
@@ -44,8 +43,8 @@ ExitStatus Run(const Command& command, CommandContext& context) {
   return Worse(status, provider.Finish());
 }
 
-}  // namespace
-
+/// Does what a command line asks: loads the provider if it is needed, runs the command, releases
+/// everything and unloads the provider.
 ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& errors) {
   const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
   CommandContext context = {repository, nullptr, output, errors, kDefaultWidth, &Width};
@@ -62,12 +61,10 @@ ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& e
     return context.Fail(kBadInput, std::string("scenario: ") + error.what());
   } catch (const ModuleError& error) {
     return context.Fail(kRefused, error.what());
-  } catch (const ValueError& error) {
-    return context.Fail(kBadInput, error.what());
-  } catch (const CommandLineError& error) {
-    return context.Fail(kBadInput, error.what());
   }
 }
+
+}  // namespace
 
 ExitStatus RunProgram(const std::vector<std::string>& arguments, std::ostream& output,
                       std::ostream& errors) {

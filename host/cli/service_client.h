@@ -47,7 +47,7 @@ class ServiceClient {
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields);
 /// The name of a class.
 std::string ClassNameOf(const ServiceObject& object);
-/// The types of all properties: rows of Name, Type and Key.
+/// The types of all properties: rows of Name and Type.
 Json PropertiesOf(const ServiceObject& classObject);
 /// Puts a typed value. Throws ValueError for a name or value that does not fit.
 void PutTyped(const ServiceObject& object, const std::string& name, const std::string& text);

@@ -153,6 +153,29 @@ bool ShowsEscapes(int standardStream) {
   return console.changed;
 }
 
+std::string ReadPassword(const std::string& prompt) {
+  constexpr DWORD kLongest = 512;
+  std::string password;
+  Console& console = consoles[0];
+  const HANDLE handle = StandardHandle(0);
+  if (GetConsoleMode(handle, &console.before)) {
+    std::cerr << prompt << std::flush;
+    console.handle = handle;
+    console.changed = true;  // an interrupt gives the echo back too
+    SetConsoleMode(handle, console.before & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
+    wchar_t typed[kLongest];
+    DWORD count = 0;
+    ReadConsoleW(handle, typed, kLongest, &count, nullptr);
+    SetConsoleMode(handle, console.before);
+    std::cerr << std::endl;
+    password = platform::Utf8Text({typed, count});
+  } else {
+    std::getline(std::cin, password);
+  }
+  while (password.ends_with('\n') || password.ends_with('\r')) password.pop_back();
+  return password;
+}
+
 std::optional<int> TerminalWidth() {
   CONSOLE_SCREEN_BUFFER_INFO info{};
   if (!GetConsoleScreenBufferInfo(StandardHandle(1), &info)) return std::nullopt;

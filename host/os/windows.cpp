@@ -138,23 +138,4 @@ void ServiceConnection::Secure(IUnknown* proxy) const {
                     identity_ ? &identity_->data : nullptr, EOAC_NONE);
 }
 
-std::string ReadPassword(const std::string& prompt) {
-  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-  DWORD mode = 0;
-  const bool isConsole = GetConsoleMode(input, &mode) != FALSE;
-  if (isConsole) {
-    std::fputs(prompt.c_str(), stderr);
-    SetConsoleMode(input, mode & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
-  }
-  std::string password;
-  for (int letter = std::getchar(); letter != EOF && letter != '\n'; letter = std::getchar()) {
-    if (letter != '\r') password += static_cast<char>(letter);
-  }
-  if (isConsole) {
-    SetConsoleMode(input, mode);
-    std::fputs("\n", stderr);
-  }
-  return password;
-}
-
 }  // namespace host::os

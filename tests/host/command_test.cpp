@@ -68,7 +68,7 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
   }
 }
 
-/// Takes nothing and gives nothing.
+/// Takes nothing, and throws when it is read.
 class BrokenBuffer : public std::streambuf {
  protected:
   int_type underflow() override { throw std::runtime_error("broken"); }
@@ -100,6 +100,7 @@ TEST(ProgramTest, EndsWithEveryStatusOfTheTable) {
     EXPECT_EQ(RunProgram(row.arguments, row.status == kNotWritten ? full : output, errors),
               row.status);
     EXPECT_NE(errors.str().find(row.error), std::string::npos) << errors.str();
+    EXPECT_EQ(errors.str().empty(), row.status == kSuccess) << errors.str();
   }
   std::cin.exceptions(std::ios::goodbit);
   std::cin.rdbuf(input);

@@ -12,6 +12,7 @@ expect() {  # STATUS PATTERN ARGUMENT…: the exit status, and what the output o
   bad=1
 }
 expect 0 '"Manufacturer": "' enum Win32_BIOS --format json
+expect 0 $'\033\\[' enum Win32_BIOS --color always
 expect 0 '^Name,Manufacturer$' enum Win32_BIOS --format csv --fields Name,Manufacturer
 expect 0 '"DeviceId": "C:"' get 'Win32_LogicalDisk.DeviceID="C:"' --format json
 expect 0 '^C: ' query "SELECT DeviceID, FileSystem FROM Win32_LogicalDisk WHERE DeviceID = 'C:'" --fields DeviceID,FileSystem

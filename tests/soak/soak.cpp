@@ -1,8 +1,12 @@
 // soak requests N | cycles N | threads N: what a service host does with the module for months. It
-// fails if a request has not one status, or if memory, handles or threads grow.
-//   requests  N mixed requests to one provider
-//   cycles    N times: load the module, make and initialise a provider, one request, release,
-//   unload threads   two providers, each in a thread of its own, N requests to each
+// fails if a request has not one status; requests and cycles also if memory, handles or threads
+// grow.
+//
+// requests: N mixed requests to one provider.
+//
+// cycles: N times load the module, make and initialise a provider, one request, release, unload.
+//
+// threads: two providers, each in a thread of its own, N requests to each.
 
 #include <atomic>
 #include <cstdio>

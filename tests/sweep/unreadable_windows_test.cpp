@@ -5,6 +5,7 @@
 
 #include "platform/import_slot_windows.h"
 #include "platform/registry_key.h"
+#include "provider/server/class_factory.h"
 #include "tests/support/fake_profile_library.h"
 #include "tests/support/last_bytes.h"
 #include "tests/support/provider_fixture.h"
@@ -23,7 +24,7 @@ class UnreadableMemory : public ProviderFixture {
   UnreadableMemory() {
     currentLibrary = &api;
     Initialize({{7, "7", 1}, {10, "10", 2}});
-    Module().getClassObject(kClass, IID_IClassFactory, factory.put_void());
+    Module().getClassObject(wifi::kInstanceProviderClass, IID_IClassFactory, factory.put_void());
     factory->CreateInstance(nullptr, IID_IWbemProviderInit, init.put_void());
     init->QueryInterface(IID_IWbemServices, served.put_void());
     InitializeOnly(*init.get());
@@ -55,8 +56,6 @@ class UnreadableMemory : public ProviderFixture {
     EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapterConfiguration")), std::pair(S_OK, size_t{2}));
   }
 
-  static constexpr CLSID kClass = {
-      0x3B14BAD6, 0xC364, 0x4576, {0x82, 0x71, 0x39, 0xB5, 0x85, 0x0A, 0xBD, 0xA8}};
   FakeProfileLibrary profiles{journal};
   ComPtr<IClassFactory> factory;
   ComPtr<IWbemProviderInit> init;
@@ -100,7 +99,8 @@ TEST_F(UnreadableMemory, TextsThatAreNowhere) {
 // A client's addresses are as foreign as a library's.
 TEST_F(UnreadableMemory, ArgumentsThatAreNowhere) {
   void** const nowhere = reinterpret_cast<void**>(16);
-  EXPECT_EQ(Module().getClassObject(kClass, IID_IClassFactory, nowhere), E_UNEXPECTED);
+  EXPECT_EQ(Module().getClassObject(wifi::kInstanceProviderClass, IID_IClassFactory, nowhere),
+            E_UNEXPECTED);
   EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nowhere), E_UNEXPECTED);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nowhere), E_UNEXPECTED);
   EXPECT_EQ(init->QueryInterface(IID_IUnknown, nowhere), E_UNEXPECTED);
