@@ -9,7 +9,7 @@ namespace adapterapi {
 namespace {
 
 // Asked once, when the module is loaded.
-const bool traced = platform::EnvironmentText("WIFI_PROVIDER_TRACE") == "calls";
+const bool traced = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "calls");
 
 }  // namespace
 

@@ -90,13 +90,13 @@ struct ProfileRequest {
   StoreGates gates = ReadStoreGates(state.api);
   PropertyWriter writer{PutRule::kStopAtFailure};
 
-  HRESULT Deliver(const Store& store) {
-    return DeliverInstance(state, delivery, OLESTR("WiFi_PreferredProfile"),
-                           [&](IWbemClassObject* instance) {
-                             writer.Begin(instance);
-                             FillPreferredProfile(writer, profile, store.type);
-                             return writer.result();
-                           });
+  HRESULT Deliver(const Store& store, platform::ComPtr<IWbemClassObject>& instance) {
+    const auto fill = [&](IWbemClassObject* made) {
+      writer.Begin(made);
+      FillPreferredProfile(writer, profile, store.type);
+      return writer.result();
+    };
+    return DeliverInstance(state, delivery, OLESTR("WiFi_PreferredProfile"), fill, instance);
   }
 
   HRESULT List() {
@@ -106,7 +106,8 @@ struct ProfileRequest {
       if (!store.isOpen(gates)) continue;
       LONG status = library.GetFirst(profile, store.flag);
       for (int step = 0; step < kMostSteps && status == kTolvaSuccess; ++step) {
-        result = Deliver(store);
+        platform::ComPtr<IWbemClassObject> instance;  // goes once the next profile is loaded
+        result = Deliver(store, instance);
         status = library.GetNext(profile, store.flag);
       }
     }
@@ -122,7 +123,8 @@ struct ProfileRequest {
     for (const Store& store : kStores) {
       if (!store.searched || !store.isOpen(gates)) continue;
       if (!LoadNamed(store, name)) continue;
-      result = Deliver(store);
+      platform::ComPtr<IWbemClassObject> instance;
+      result = Deliver(store, instance);
       break;
     }
     library.Close();

@@ -61,14 +61,21 @@ inline HRESULT Indicate(const Delivery& delivery, IWbemClassObject* instance, HR
 }
 
 /// Spawns an instance of the class, has `fill` (IWbemClassObject* to HRESULT) fill it, and
-/// indicates it. Answers with the first failing step's code, otherwise with the sink's.
+/// indicates it. Answers with the first failing step's code, otherwise with the sink's. `instance`
+/// goes on holding it.
+template <class Fill>
+HRESULT DeliverInstance(const ProviderState& state, const Delivery& delivery,
+                        const OLECHAR* className, Fill&& fill,
+                        platform::ComPtr<IWbemClassObject>& instance) {
+  HRESULT result = SpawnClassInstance(state, className, instance, delivery.context);
+  if (SUCCEEDED(result)) result = fill(instance.get());
+  return FAILED(result) ? result : Indicate(delivery, instance.get(), result);
+}
 template <class Fill>
 HRESULT DeliverInstance(const ProviderState& state, const Delivery& delivery,
                         const OLECHAR* className, Fill&& fill) {
   platform::ComPtr<IWbemClassObject> instance;
-  HRESULT result = SpawnClassInstance(state, className, instance, delivery.context);
-  if (SUCCEEDED(result)) result = fill(instance.get());
-  return FAILED(result) ? result : Indicate(delivery, instance.get(), result);
+  return DeliverInstance(state, delivery, className, fill, instance);
 }
 
 /// Calls `visit` (AdapterEntry& to HRESULT) for every adapter in key order, until one answers

@@ -93,6 +93,17 @@ TEST_F(PreferredProfiles, AListingGoesOnBehindAFailure) {
   EXPECT_TRUE(sink->objects.empty());
 }
 
+TEST_F(PreferredProfiles, AnInstanceGoesOnceTheNextProfileIsLoaded) {
+  ULONG references = 0;
+  library.onCall = [&](const std::string& call) {
+    if (references != 0 || call.find("GetNext(1)") == std::string::npos) return;
+    references = sink->objects.at(0)->AddRef();
+    sink->objects[0]->Release();
+  };
+  EXPECT_EQ(List(), S_OK);
+  EXPECT_EQ(references, 3u);  // the sink's, the provider's and this one
+}
+
 TEST_F(PreferredProfiles, AStoreIsListedWhileTheLibrarySaysSuccess) {
   library.loadStatuses = {{1, -7}};  // instead of Home: the store is left
   EXPECT_EQ(List(), S_OK);
