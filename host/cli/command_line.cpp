@@ -97,12 +97,17 @@ CLI::Option* AddOption(CLI::App& app, const OptionRow& row) {
   return option;
 }
 
-void AddArgument(CLI::App& app, const ArgumentRow& row) {
-  const auto untouched = [](const std::vector<std::string>&) {};
+void AddArgument(CLI::App& app, const ArgumentRow& row, Command* command) {
+  // The library takes no '=' in a name of its own.
+  const std::string name(
+      std::string_view(row.name).substr(0, std::string_view(row.name).find('=')));
+  const auto keep = [command, &row](const std::vector<std::string>& values) {
+    command->Set(row.name, values);
+  };
   CLI::Option* option =
       row.count == ArgumentRow::Count::kAny
-          ? app.add_option_function<std::vector<std::string>>(row.name, untouched, row.help)
-          : app.add_option(row.name)->description(row.help);
+          ? app.add_option_function<std::vector<std::string>>(name, keep, row.help)
+          : app.add_option(name)->description(row.help);
   option->type_name("")->required(row.count == ArgumentRow::Count::kOne)->check(ValueCheck(row));
 }
 
@@ -154,7 +159,7 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
     if (!MayStand(row, inShell)) continue;
     CLI::App* sub = app.add_subcommand(row.name)->ignore_case();
     sub->fallthrough();
-    for (const ArgumentRow& argument : row.arguments) AddArgument(*sub, argument);
+    for (const ArgumentRow& argument : row.arguments) AddArgument(*sub, argument, &result.command);
     for (const OptionRow& option : row.options) AddOption(*sub, option);
   }
   try {

@@ -98,14 +98,14 @@ std::optional<int> NumberOf(const Json& row, const char* name) {
   return number;
 }
 
-const Json& InstancesOf(const Json& dump, const std::string& className) {
+const Json& InstancesOf(const Json& dump, std::string_view className) {
   static const Json kNone = Json::array();
   const auto found = dump.find(className);
   return found == dump.end() || !found->is_array() ? kNone : *found;
 }
 
-const Json& InstanceOf(const Json& dump, const std::string& className, const char* key,
-                       const std::string& value) {
+const Json& InstanceOf(const Json& dump, std::string_view className, const char* key,
+                       std::string_view value) {
   static const Json kNone = Json::object();
   for (const Json& row : InstancesOf(dump, className)) {
     if (TextOf(row, key) == value) return row;

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/service/value.h"
@@ -41,10 +42,10 @@ std::optional<Network> ChartedNetwork(const Json& row);
 bool Overlap(const Network& left, const Network& right);
 
 /// The rows of a class in a dump, none if it is not there.
-const Json& InstancesOf(const Json& dump, const std::string& className);
+const Json& InstancesOf(const Json& dump, std::string_view className);
 /// The first row of a class whose property `key` holds `value`; an empty object without one.
-const Json& InstanceOf(const Json& dump, const std::string& className, const char* key,
-                       const std::string& value);
+const Json& InstanceOf(const Json& dump, std::string_view className, const char* key,
+                       std::string_view value);
 /// A property as text, empty if the row has none.
 std::string TextOf(const Json& row, const char* name);
 /// A property as a number, also one that stands as text, with or without a unit behind it.
