@@ -80,6 +80,7 @@ ULONG InstanceProvider::Release() {
 
 HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices* services,
                                      IWbemContext*, IWbemProviderInitSink* initSink) {
+  const ComPtr<InstanceProvider> alive(this);  // as in Serve
   state_.adapters.reset();
   state_.services = ComPtr<IWbemServices>(services);
   state_.initialized = 1;

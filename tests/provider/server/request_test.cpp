@@ -278,21 +278,35 @@ TEST_F(Request, OutlivesASinkThatThrows) {
 }
 
 TEST_F(Request, KeepsItsProviderToItsEnd) {
-  Initialize({{1, "1", 1}});
-  journal.Clear();
-  testing_support::FaultPlan plan{testing_support::Step::kIndicate,
-                                  testing_support::Manner::kReenter, 1, false};
-  plan.reenter = [&] { provider.reset(); };
-  testing_support::FaultPlan::armed = &plan;
+  const auto system = MakeObject();
+  system->values["UserName"] = Variant::AnsiText("OFFICE\\ana");
+  fakeNamespace.platformObjects["Win32_ComputerSystem"] = {ComPtr<IWbemClassObject>(system.get())};
   const Bstr name(OLESTR("WiFi_NetworkAdapterConfiguration"));
-  {
-    const testing_support::Side inside(true);
-    provider->CreateInstanceEnumAsync(name.get(), 0, nullptr, sink.get());
+  const struct {
+    testing_support::Step step;  ///< the provider's only reference goes at the first one
+    std::function<void()> run;
+    const char* last;
+  } rows[] = {
+      {testing_support::Step::kIndicate,
+       [&] { provider->CreateInstanceEnumAsync(name.get(), 0, nullptr, sink.get()); }, "status 0"},
+      {testing_support::Step::kGet, [&] { InitializeOnly(); }, "get Description"},
+  };
+  for (const auto& row : rows) {
+    provider = ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api));
+    Initialize({{1, "1", 1}});
+    journal.Clear();
+    testing_support::FaultPlan plan{row.step, testing_support::Manner::kReenter, 1, false};
+    plan.reenter = [&] { provider.reset(); };
+    testing_support::FaultPlan::armed = &plan;
+    {
+      const testing_support::Side inside(true);
+      row.run();
+    }
+    testing_support::FaultPlan::armed = nullptr;
+    const Strings events = journal.events();
+    ASSERT_GE(events.size(), 2u);
+    EXPECT_EQ(Strings(events.end() - 2, events.end()), (Strings{row.last, "call CloseLibrary"}));
   }
-  testing_support::FaultPlan::armed = nullptr;
-  const Strings events = journal.events();
-  ASSERT_GE(events.size(), 2u);
-  EXPECT_EQ(Strings(events.end() - 2, events.end()), (Strings{"status 0", "call CloseLibrary"}));
 }
 
 TEST_F(Request, PassesTheRequestsContextOn) {
