@@ -45,8 +45,11 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
   std::size_t end = 0;
   bool quoted = false;
   while (end < text.size() && (quoted || text[end] != '}')) {
-    if (quoted && text[end] == '\\') ++end;
-    if (end < text.size() && text[end] == '"') quoted = !quoted;
+    if (quoted && text[end] == '\\') {
+      ++end;
+    } else if (text[end] == '"') {
+      quoted = !quoted;
+    }
     ++end;
   }
   parsed.path = std::string(text.substr(0, std::min(end, text.size())));

@@ -220,7 +220,9 @@ TEST_F(CommandTest, AnswersWithStatusOutputAndOneErrorLine) {
       {"REFERENCES OF {Toi.Id=\"a\"}", kNotFound, "", "did you mean Toy?"},
       {"ASSOCIATORS OF {Toy.Id=\"a}\"} WHERE ClassDefsOnly", kBadInput, "",
        "'ClassDefsOnly' is not served here"},
-      {"ASSOCIATORS OF {Toy.Id=\"a}\"}", kSuccess, "[]\n", ""},
+      {"ASSOCIATORS OF {Toy.Id=\"a\\\"}\"}", kSuccess, "[]\n", ""},
+      {"REFERENCES OF {Toy.Id=\"a\"} WHERE AssocClass = Toy", kBadInput, "",
+       "'AssocClass' is not served here; REFERENCES OF takes ResultClass and Role"},
       {"put Toy.Id=\"a\" Note=x", kSuccess,
        "[\n  {\n    \"Property\": \"Note\",\n    \"Old\": \"none\",\n    \"Asked\": \"x\",\n    "
        "\"New\": \"x\"\n  }\n]\n",
