@@ -3,13 +3,14 @@
 # product and tells which of them the tests notice. A fault is one changed line: another operator or
 # constant, a swapped word, a deleted statement, a negated condition, another answer or text.
 #
-#   --sample N  only N of them, chosen by --seed S (1)      --again  those that once survived, anew
+#   --sample N  only N of them, chosen by --seed S (1)      --again  those that once survived, again
 #   --list      only list them                              FILE…    only the faults of these files
 #
-# The tests are those of the product's own floors, the sweep over what may fail, and the expected outputs of
-# wmihost. Everything happens in build/mutation: a copy of the sources, a build of its own, and results.tsv,
-# which holds every verdict. A fault with a verdict is not tried again, so that a run that was
-# interrupted goes on; --again is for those that survived, after the tests have changed.
+# A fault meets only the tests that its folder can turn red, those of the folder first, then what wmihost
+# prints, and ends at the first that is red. Everything happens in build/mutation: a copy of the sources,
+# builds of its own, one job, and results.tsv, which holds every verdict. A fault with a verdict is not
+# tried again, so that a run that was interrupted goes on; --again is for those that survived, after the
+# tests have changed.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 here=$root/tests/mutation
@@ -31,7 +32,8 @@ while [ $# -gt 0 ]; do
 done
 cd "$root"
 [ ${#files[@]} -gt 0 ] || mapfile -t files < <(git ls-files |
-  grep -E '^(provider|classes|methods|profiles|adapterapi)/.*\.(h|cpp|inc)$' | grep -vE '_(mingw|windows)\.cpp$')
+  grep -E '^(host|scenario|simulator|provider|classes|methods|profiles|adapterapi|platform)/.*\.(h|cpp|inc)$' |
+  grep -vE '_(mingw|windows)\.(h|cpp)$|/windows[./]')
 
 # A row a fault: KEY FILE LINE KIND FAULTY-LINE. The key stays when lines move.
 faults() {
@@ -61,12 +63,12 @@ copy() { # FROM TO: what differs
 git ls-files -co --exclude-standard >"$work/files"
 copy "$root" "$source"
 copy "$source" "$tree"
-# Each source is compiled for itself; for a header's faults all sources of a target are joined, since most
-# of them would be compiled anew.
-fastest=$(command -v ld.lld >/dev/null && for kind in EXE SHARED; do
+# Each source is compiled for itself; for a header's faults each target is a unity build, since most of its
+# sources would be compiled again.
+fastest=$(command -v ld.lld >/dev/null && for kind in EXE SHARED MODULE; do
   echo "-DCMAKE_${kind}_LINKER_FLAGS=-fuse-ld=lld"; done)
 for unity in OFF ON; do
-  folder=$([ $unity = ON ] && echo "$work/joined" || echo "$work/build")
+  folder=$([ $unity = ON ] && echo "$work/unity" || echo "$work/build")
   [ -f "$folder/build.ninja" ] ||
     cmake -S "$tree" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w" \
       -DCMAKE_UNITY_BUILD=$unity -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 $fastest >/dev/null
@@ -74,26 +76,38 @@ done
 build_for() { # FILE
   case $1 in
     *.cpp) echo "$work/build" ;;
-    *) echo "$work/joined" ;;
+    *) echo "$work/unity" ;;
   esac
 }
 ulimit -v 8000000
 
-# What may notice a fault, quickest first: the tests of its own folder, those of the others, what wmihost
-# prints, and the sweep.
-suites_for() {
-  local own=${1%%/*}
-  echo "$own"
-  printf '%s\n' classes provider methods profiles adapterapi | grep -vx "$own"
-  echo outputs
-  echo sweep
+# What may notice a fault, quickest first: the tests of its own folder, those of the folders that use it,
+# what wmihost prints, and what takes longest.
+suites_for() { # FILE
+  local own=${1%%/*} users=
+  case $own in
+    host) users='terminal outputs round_trip' ;;
+    scenario) users='simulator outputs round_trip' ;;
+    simulator) users='outputs round_trip' ;;
+    platform) users='classes provider methods profiles adapterapi scenario simulator host outputs sweep' ;;
+    *) users='classes provider methods profiles adapterapi outputs sweep' ;;
+  esac
+  printf '%s\n' $own $users | awk '!seen[$0]++'
 }
-target_of() { [ "$1" = outputs ] && echo expected_outputs || echo "test_$1"; }
+targets_of() { # SUITE
+  case $1 in
+    outputs) echo expected_outputs ;;
+    round_trip) echo wmihost foreign_quarn WiFiAdapterProvider ;;
+    *) echo "test_$1" ;;
+  esac
+}
 passes() { # SUITE BUILD
   cd "$work"
   case $1 in
     outputs) timeout 120 ctest --test-dir "$2" -L expected_output --stop-on-failure ;;
-    *) timeout 120 "$2/bin/test_$1" --gtest_fail_fast ;;
+    round_trip) timeout 300 ctest --test-dir "$2" --stop-on-failure \
+      -R '^wmihost_(round_trip|reproduction|foreign_library|service)$' ;;
+    *) timeout 60 "$2/bin/test_$1" --gtest_fail_fast ;;
   esac
 }
 # What notices the fault that is in the tree: "killed SUITE", "survived" or "did not build".
@@ -101,18 +115,19 @@ verdict() { # FILE
   local suite build
   build=$(build_for "$1")
   for suite in $(suites_for "$1"); do
-    timeout 600 ninja -C "$build" "$(target_of "$suite")" >"$work/log" 2>&1 || { echo "did not build"; return; }
+    timeout 1800 ninja -j 1 -C "$build" $(targets_of "$suite") >"$work/log" 2>&1 || { echo "did not build"; return; }
     (passes "$suite" "$build") >"$work/log" 2>&1 || { echo "killed $suite"; return; }
   done
   echo survived
 }
 
 echo "building without a fault" >&2
-for file in provider/x.cpp provider/x.h; do
+for file in $(chosen <"$work/faults.tsv" | cut -f 2 | sed 's|/.*[.]|/x.|' | sort -u); do
   pristine=$(verdict $file)
   [ "$pristine" = survived ] ||
     { tail -n 20 "$work/log"; echo "without a fault: $pristine"; exit 1; }
 done
+export CCACHE_DISABLE=1  # no fault is compiled twice
 
 trap '[ -z "${now:-}" ] || cp "$source/$now" "$tree/$now"' EXIT
 trap 'exit 130' INT TERM
