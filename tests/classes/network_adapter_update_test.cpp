@@ -154,6 +154,12 @@ TEST_F(NetworkAdapterUpdate, TheKeyDecidesWhoseTheInstanceIs) {
   EXPECT_EQ(Put(object), WBEM_E_INVALID_OBJECT);
   EXPECT_EQ(journal.calls(), Strings{});
   EXPECT_EQ(journal.traces(), Strings{});
+  // Keys are ANSI texts: a full-width digit is the digit.
+  object = Adapter();
+  object->values["DeviceID"] = Variant::Text(OLESTR("\uFF112"));
+  object->values["RadioState"] = Variant::Boolean(true);
+  EXPECT_EQ(Put(object), S_OK);
+  EXPECT_EQ(changes, Strings{"SetRadioState 112 1"});
 }
 
 TEST_F(NetworkAdapterUpdate, AMissingPropertyStopsBehindTheEarlierOnes) {

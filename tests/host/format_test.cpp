@@ -32,6 +32,7 @@ TEST(Format, Csv) {
             "\"a,\"\"b\"\"\",-5,true,\"[\"\"x\"\",\"\"y\"\"]\",\n"
             "\"line\nbreak\",10,,,\n");
   EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kCsv, 100), "");
+  EXPECT_EQ(CsvText(Json::parse(R"([{"A":"a\rb"}])"), {}), "A\n\"a\rb\"\n");
   // A reader takes a line without anything for no row.
   EXPECT_EQ(FormatRows(Json::parse(R"([{"A":null},{"A":""},{}])"), OutputFormat::kCsv, 100, {"A"}),
             "A\n\"\"\n\"\"\n\"\"\n");
@@ -47,10 +48,11 @@ TEST(Format, List) {
   EXPECT_EQ(FormatRows(Rows(), OutputFormat::kList, 100),
             "Id    : a,\"b\"\nCount : -5\nOn    : true\nTags  : x, y\n\n"
             "Id    : line\\x0abreak\nNote  :\nCount : 10\n");
+  EXPECT_EQ(CellText(Json("\x1F ~\x7F")), "\\x1f ~\\x7f");
 }
 
 TEST(Format, TableWithRowsThatFit) {
-  EXPECT_EQ(FormatRows(Rows(), OutputFormat::kTable, 100),
+  EXPECT_EQ(FormatRows(Rows(), OutputFormat::kTable, 38),
             "Id             Count  On    Tags  Note\n"
             "-------------  -----  ----  ----  ----\n"
             "a,\"b\"          -5     true  x, y\n"
@@ -79,6 +81,8 @@ TEST(Format, AlignsByDisplayWidth) {
   EXPECT_EQ(DisplayWidth("u\xCC\x88"), 1) << "a combining mark takes no column";
   EXPECT_EQ(DisplayWidth("\xE6\x97\xA5\xE6\x9C\xAC"), 4);
   EXPECT_EQ(DisplayWidth("\xF0\x9F\x98\x80"), 2);
+  EXPECT_EQ(DisplayWidth("\uFF21\uFF5E"), 4) << "full-width letters";
+  EXPECT_EQ(DisplayWidth("\uFF71"), 1) << "a half-width letter";
   EXPECT_EQ(DisplayWidth("a\xE6"), 2) << "a broken character ends with the text";
   EXPECT_EQ(TableText(Json::parse(R"([{"N": "\u65e5", "V": 1}, {"N": "abc", "V": 2}])"), 100),
             "N    V\n---  -\n\xE6\x97\xA5   1\nabc  2\n");

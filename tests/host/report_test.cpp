@@ -5,6 +5,7 @@
 #include "host/format/format.h"
 #include "host/report/chart_labels.h"
 #include "host/report/findings.h"
+#include "host/report/html.h"
 #include "host/report/terminal_chart.h"
 #include "tests/host/toy.h"
 
@@ -60,6 +61,11 @@ TEST(Report, KeepsNamesFromBecomingMarkup) {
   }
 }
 
+TEST(Report, WritesNoControlCharacters) {
+  EXPECT_EQ(Html().Element("p", {{"title", "a\nb"}}, "\x1F ~").markup(),
+            "<p title=\"a b\">  ~</p>");
+}
+
 TEST(Report, ShowsProtectionAsThePointsAnnounceIt) {
   const struct {
     Json row;
@@ -93,10 +99,19 @@ TEST(Report, FindsWhatStandsOut) {
   Json failing = DumpWith({});
   failing["WiFi_AdapterAssocStats"][0]["CrcErrs"] = -1;
   failing["WiFi_AdapterAssocStats"][0]["PercentMissedBeacons"] = 9;
-  failing["WiFi_AvailableNetwork"] = Json::array();
-  failing["wmihost"] = {{{"Failures", {"WiFi_AvailableNetwork 0x80041002"}}}};
+  failing["WiFi_NetworkAdapterSetting"] = Json::array();
+  failing["wmihost"] = {{{"Failures", {"WiFi_NetworkAdapterSetting 0x80041002"}}}};
   Json dropped = DumpWith({});
   dropped["WiFi_AdapterAssocStats"][0]["DroppedByAp"] = 1;
+  Json bounds = DumpWith({Heard("a", 36, -50), Heard("b", 36, -50), Heard("c", 36, -50),
+                          Heard("d", 36, -50), Heard("e", 44, -50, 0, "None", "Open")});
+  bounds["WiFi_AdapterAssocStats"][0]["Rssi"] = -75;
+  bounds["WiFi_AdapterAssocStats"][0]["PercentTxErrs"] = 10;
+  Json again = bounds["WiFi_AdapterCachedScanList"][4];
+  again["SettingID"] = "8";  // another adapter hears the same access point
+  bounds["WiFi_AdapterCachedScanList"].push_back(again);
+  Json below = DumpWith({Heard("a", 36, -50)});
+  below["WiFi_AdapterAssocStats"][0]["Rssi"] = -74;
   const struct {
     Json dump;
     std::vector<std::string> findings;
@@ -107,7 +122,15 @@ TEST(Report, FindsWhatStandsOut) {
        {"2 Adapter 7 counted errors: 9 % of the beacons were missed, 4294967295 frames with a "
         "wrong "
         "check sum.",
-        "2 WiFi_AvailableNetwork was not read in full: WBEM_E_NOT_FOUND (0x80041002): not found"}},
+        "2 WiFi_NetworkAdapterSetting was not read in full: WBEM_E_NOT_FOUND (0x80041002): not "
+        "found"}},
+      {bounds,
+       {"1 Adapter 7 shares its air on channel 36: 3 more networks on the channel of [a], 0 on "
+        "channels that reach into it.",
+        "1 Adapter 7 hears its network weakly: Signal -75 dBm.",
+        "1 Adapter 7 counted errors: 10 % of the transmissions failed.",
+        "1 1 open access point: [e].", "2 Networks crowd in the 5 GHz band: 4 on channel 36."}},
+      {below, {}},
       {dropped, {"1 Adapter 7 counted errors: 1 times dropped by the access point."}},
       {DumpWith({Heard("a", 1, -50), Heard("b", 5, -50), Heard("c", 36, -50), Heard("d", 40, -50)}),
        {}},

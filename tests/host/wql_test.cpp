@@ -24,6 +24,8 @@ TEST(Wql, SelectsByCondition) {
       {"Count > -1 AND Count <= 5", true},
       {"Count = '5'", true},
       {"Count = 'five'", false},
+      {"Count = '5abc'", false},  // no number
+      {"Count <> 'five'", true},
       {"Id > 3", false},
       {"On = TRUE", true},
       {"On = 1", true},
@@ -41,6 +43,9 @@ TEST(Wql, SelectsByCondition) {
       {"Id LIKE 'al%'", true},
       {"NOT Id LIKE '%z%'", true},
       {"Note = 'none'", true},  // the default of the class
+      {R"(Id <> 'it\'s' AND Id = "al\pha")", true},
+      {"Count = 5 AND Small = 1", false},
+      {"NOT (Count = 6 OR Small = 1)", false},
       {"Small = 1 AND Count = 6", false},
       {"NOT (Small = 1 AND Count = 5 AND On = 1)", false},  // no value decides in the first place
       {"NOT (Small = 1 AND Count = 6)", true},
@@ -82,6 +87,7 @@ TEST(Wql, MatchesPatterns) {
       {"abc", "[^a]bc", false},
       {"dbc", "[^a-c]bc", true},
       {"a-c", "a[-x]c", true},
+      {"-", "[a-z]", false},
       {"a[c", "a[c", true},
       {"50%", "50[%]", true},
       {"aaaaaaaaaaaaaaaaaaaaaaaab", "%a%a%a%a%a%a%a%a%a%a%a%c", false},

@@ -91,6 +91,13 @@ TEST_F(PreferredProfiles, AListingGoesOnBehindAFailure) {
   script.putResults["SSID"] = E_FAIL;
   EXPECT_EQ(List(), E_FAIL);
   EXPECT_TRUE(sink->objects.empty());
+  // Only Home's put fails. A code that is no failure does not hold an instance back.
+  script.putResults["Type"] = WBEM_S_FALSE;
+  library.onCall = [this](const std::string& call) {
+    if (call == "GetNext(1)") script.putResults.erase("SSID");
+  };
+  EXPECT_EQ(List(), S_OK);
+  EXPECT_EQ(Listed("Name").size(), 5u);
 }
 
 TEST_F(PreferredProfiles, AnInstanceGoesOnceTheNextProfileIsLoaded) {

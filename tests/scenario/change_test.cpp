@@ -36,11 +36,15 @@ TEST_F(ChangeTest, ReplacesJustTheMember) {
 
 TEST_F(ChangeTest, RefusesWithThePlaceAndChangesNothing) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
-      {"adapters/9/band", "1", "/adapters/9: expected the number of an entry, 0 to 3"},
+      {"adapters/4/band", "1", "/adapters/4: expected the number of an entry, 0 to 3"},
       {"adapters/0", "1", "/adapters/0: a member of the adapter is to be named"},
       {"adapters/0/mac", "00:1A:2B:3C:4D:5E", "/adapters/0/mac: it is seen only when"},
+      {"adapters/0/present", "1", "/adapters/0/present: it is seen only when"},
       {"adapters/0/bandwidth", "1", "/adapters/0/bandwidth: no such member; accepted are"},
       {"adapters/0/txRate", "fast", "/adapters/0/txRate: expected a number"},
+      // What is no text as it is typed is not taken for one.
+      {"adapters/0/association/ssid", R"("a\u0000b")", "a text cannot hold a zero character"},
+      {"adapters/0/association/ssid", R"({"hex": "4"})", "expected pairs"},
       {"adapters/0/availableNetworks/99/rssi", "1", "/adapters/0/availableNetworks/99: expected"},
       {"profiles/nobody/0/ssid", "x", "expected one of user, persistent"},
       {"platform/userName", "x", "/platform: it cannot be changed while the machine plays"},

@@ -96,12 +96,38 @@ TEST(FromIw, AssociatesTheAdapter) {
   EXPECT_EQ(alone.associationStatus, 2u);
   EXPECT_EQ(alone.association.associated, 0u);
 
+  const AdapterRecords first = AdapterOf(
+                                   "BSS 02:00:00:00:20:01 -- associated\n\tSSID: first\n"
+                                   "BSS 02:00:00:00:20:02 -- associated\n\tSSID: second\n")
+                                   .records;
+  EXPECT_STREQ(first.association.ssid, "first");
+
   const AdapterRecords joined =
       AdapterOf("BSS 02:00:00:00:20:01 -- joined\n\tcapability: IBSS Privacy\n").records;
   EXPECT_EQ(joined.associationStatus, 4u);
   EXPECT_EQ(joined.association.opMode, 2u);
   EXPECT_EQ(joined.association.authenMode, 1u);
   EXPECT_EQ(joined.association.encryption, 3u);
+}
+
+TEST(FromIw, KnowsTheChannelsOfBothBands) {
+  struct Row {
+    int frequency;
+    std::uint32_t band;
+    int channel;  ///< 0: there is none, and the network is left out
+  };
+  const Row kRows[] = {{2407, 0, 0}, {2412, 3, 1},   {2413, 0, 0}, {2472, 3, 13},
+                       {2477, 0, 0}, {2484, 3, 14},  {5155, 0, 0}, {5160, 1, 32},
+                       {5161, 0, 0}, {5885, 1, 177}, {5890, 0, 0}};
+  for (const Row& row : kRows) {
+    const std::string field = "\tfreq: " + std::to_string(row.frequency) + "\n";
+    const Adapter adapter = AdapterOf(kBss + field);
+    const auto entries = adapter.cachedNetworks.Seen<ScanListEntry>();
+    ASSERT_EQ(entries.size(), row.channel == 0 ? 0u : 1u) << field;
+    if (entries.empty()) continue;
+    EXPECT_EQ(entries[0].band, row.band) << field;
+    EXPECT_EQ(entries[0].channel, row.channel) << field;
+  }
 }
 
 TEST(FromIw, KeepsTheOctetsOfNames) {

@@ -40,7 +40,7 @@ TEST(Scenario, FillsRecordsAtTheirOffsets) {
     "supportedRates": [1, "5.5", 54], "pspMode": "0x80000001",
     "ccxPowerLevels": {"levels": [-1, 20]},
     "channels": {"channelAOptions": [34, 165], "channelB": 11},
-    "association": {"associated": true, "profileName": "Café", "ssid": {"hex": "FFFE"},
+    "association": {"associated": true, "profileName": "Aé\u00A0ÿ", "ssid": {"hex": "FFFE"},
                     "bssid": "80:90:A0:B0:C0:D0", "rate": 5500000, "authenMode": "CCX",
                     "channel": 255},
     "associationStats": {"rssi": -57, "numAps": 1, "percentMissedBeacons": 16},
@@ -60,7 +60,7 @@ TEST(Scenario, FillsRecordsAtTheirOffsets) {
             string("\x02\0\0\0\xFF\xFF\xFF\xFF\x14\0\0\0", 12));
   EXPECT_EQ(Bytes(records.channels, 12, 8), string("\x01\0\0\x08\x0B\0\0\0", 8));
   EXPECT_EQ(Bytes(records.association, 0, 9), string("\x01\0\0\0"
-                                                     "Caf\xE9\0",
+                                                     "A\xE9\xA0\xFF\0",
                                                      9));
   EXPECT_EQ(Bytes(records.association, 68, 3), string("\xFF\xFE\0", 3));
   EXPECT_EQ(Bytes(records.association, 101, 6), "\x80\x90\xA0\xB0\xC0\xD0");

@@ -63,13 +63,19 @@ TEST_F(MachineTest, RadioOffEndsTheAssociationAndOnDoesNotRestoreIt) {
     EXPECT_EQ(Get(&Machine::GetBand), band);
   }
   EXPECT_EQ(machine.SetRadioState(kAdapter, 2), kInvalidArgument);
+  machine.Change("adapters/0/hwRadioState", "0");
+  EXPECT_EQ(machine.SetRadioState(kAdapter, 1), kNotReady);
+  EXPECT_EQ(machine.SetRadioState(kAdapter, 0), kOk);
+  EXPECT_EQ(Get(&Machine::GetRadioState), 0u);
 }
 
 TEST_F(MachineTest, ApplyingAProfileJoinsItsNetwork) {
   ASSERT_EQ(machine.Disassociate(kAdapter), kOk);
   EXPECT_LT(machine.Disassociate(kAdapter), 0);
   Apply("Guest", "lab-g\xE4ste");
+  const std::uint32_t associations = Get(&Machine::GetAssociationStats).counters[1];
   ASSERT_EQ(machine.ApplyProfile(kAdapter, &profile, 0xFFFFFFFF, 0, 0), kOk);
+  EXPECT_EQ(Get(&Machine::GetAssociationStats).counters[1], associations + 1);
   const auto info = Get(&Machine::GetAssociationInfo);
   EXPECT_EQ(info.associated, 1u);
   EXPECT_STREQ(info.profileName, "Guest");
@@ -128,6 +134,9 @@ TEST_F(MachineTest, ExcludeListFollowsItsOperations) {
   EXPECT_EQ(machine.RemoveExcludeListEntry(kAdapter, &added, 0), kOk);
   EXPECT_EQ(list->count, 2) << "a list that was given out stays as it was";
   EXPECT_EQ(ExcludedNames(), (std::vector<std::string>{"lab-g\xE4ste"}));
+  machine.Change("adapters/0/excludeList/0/ssid", "lab-core");
+  EXPECT_EQ(ExcludedNames(), (std::vector<std::string>{"lab-core"}));
+  machine.Change("adapters/0/excludeList/0/ssid", "lab-gäste");
 
   ExcludeCandidateRecord candidate{};
   EXPECT_EQ(machine.GetExcludeCandidate(kAdapter, &candidate), kOk);

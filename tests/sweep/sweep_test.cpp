@@ -289,6 +289,13 @@ TEST_F(Sweep, TextsOfRecordsNeedNoMemoryBesides) {
   }
 }
 
+TEST_F(Sweep, AnInitializeWithoutMemoryLeavesNoAdapter) {
+  FaultPlan plan{Step::kHeap, Manner::kCode, 1, true};
+  Run({Request::kInitialize, "", {}}, &plan);
+  EXPECT_GT(plan.struck, 0);
+  EXPECT_TRUE(Run(primer_).puts.empty());
+}
+
 TEST_F(Sweep, EveryRequest) {
   for (const Request& request : AllRequests(script)) SweepOne(request);
 }
