@@ -6,12 +6,13 @@
 #include "classes/network_adapter.h"
 #include "classes/signal_parameters.h"
 #include "classes/tcpip_settings.h"
+#include "schema/contract.h"
 
 namespace wifi {
 namespace {
 
 struct AdapterClass {
-  const OLECHAR* name;
+  const OLECHAR* className;
   const OLECHAR* key;
   HRESULT (*fill)(ProviderState&, IWbemClassObject*, AdapterEntry&);
 };
@@ -29,7 +30,20 @@ constexpr AdapterClass kAdapterClasses[] = {
     {OLESTR("WiFi_AdapterTcpIpSettings"), kSettingId, FillTcpIpSettings},
     {OLESTR("WiFi_AdapterTcpIpv6Settings"), kSettingId, FillTcpIpv6Settings},
 };
-static_assert(std::size(kAdapterClasses) == static_cast<std::size_t>(ClassSelector::kEnd));
+static_assert(std::size(kAdapterClasses) == static_cast<std::size_t>(ClassSelector::kEnd),
+              "each ClassSelector of classes/adapter_class.h has its row in kAdapterClasses, "
+              "classes/adapter_class.cpp");
+static_assert(contract::IsKnown<contract::UnknownClass(kAdapterClasses)>());
+
+constexpr bool HasOtherKey(const contract::Name& className, const contract::Name& keys) {
+  const AdapterClass* row = contract::RowOf(kAdapterClasses, className);
+  return row != nullptr && contract::Name(row->key) != keys;
+}
+#define CONTRACT_CLASS(name, keys, isWritten)                         \
+  static_assert(!HasOtherKey(#name, keys),                            \
+                "kAdapterClasses in classes/adapter_class.cpp names " \
+                "another key of " #name " than the schema");
+#include "schema/contract.inc"
 
 const AdapterClass* Selected(ClassSelector selector) {
   const auto index = static_cast<std::size_t>(selector);
@@ -51,7 +65,7 @@ HRESULT MakeAdapterInstance(ProviderState& state, IWbemContext* context, ClassSe
   if (entry == nullptr) return E_FAIL;
   const AdapterClass* selected = Selected(selector);
   if (selected == nullptr) return WBEM_E_INVALID_CLASS;
-  const HRESULT result = SpawnClassInstance(state, selected->name, instance, context);
+  const HRESULT result = SpawnClassInstance(state, selected->className, instance, context);
   return FAILED(result) ? result : selected->fill(state, instance.get(), *entry);
 }
 

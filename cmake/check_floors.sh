@@ -8,14 +8,15 @@ floors='
 platform/native
 platform/windows
 platform               platform/native platform/windows
+schema                 platform
 adapterapi             platform
 provider/core          platform adapterapi
 profiles               platform adapterapi provider/core
-classes                platform adapterapi provider/core
-methods                platform adapterapi provider/core profiles classes
+classes                platform schema adapterapi provider/core
+methods                platform schema adapterapi provider/core profiles classes
 provider/registration  platform
-provider/server        platform adapterapi provider/core profiles classes methods provider/registration
-scenario               platform adapterapi
+provider/server        platform schema adapterapi provider/core profiles classes methods provider/registration
+scenario               platform schema adapterapi
 simulator              platform adapterapi scenario
 host                   platform scenario
 '

@@ -6,6 +6,7 @@
 #include "methods/exclude_list_methods.h"
 #include "methods/profile_methods.h"
 #include "provider/core/same_name.h"
+#include "schema/contract.h"
 
 namespace wifi {
 namespace {
@@ -71,7 +72,7 @@ struct ClassMethods {
 };
 
 // That an unknown method succeeds silently on three classes is what clients know.
-const ClassMethods kClasses[] = {
+constexpr ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkAdapter"), OLESTR("DeviceID"), WBEM_E_NOT_SUPPORTED, kAdapterMethods},
     {OLESTR("WiFi_NetworkAdapterConfiguration"), kSettingId, WBEM_S_NO_ERROR,
      kConfigurationMethods},
@@ -81,6 +82,49 @@ const ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkExcludeList"), kSettingId, WBEM_S_NO_ERROR, kExcludeListMethods},
     {OLESTR("WiFi_NetworkAdapterSetting"), nullptr, WBEM_E_NOT_SUPPORTED, {}},
 };
+
+constexpr const Method* MethodRow(const contract::Name& className, const contract::Name& name) {
+  const ClassMethods* owner = contract::RowOf(kClasses, className);
+  if (owner == nullptr) return nullptr;
+  for (const Method& row : owner->methods) {
+    if (contract::Name(row.name) == name) return &row;
+  }
+  return nullptr;
+}
+/// Whether the row puts what the schema declares: ReturnValue's type and the second out-parameter.
+constexpr bool AnswersAsDeclared(const contract::Name& className, const contract::Name& name,
+                                 CIMTYPE returnType) {
+  const Method* row = MethodRow(className, name);
+  if (row == nullptr) return true;  // that is said already
+  const contract::Parameter* out = contract::FindOut(className, name);
+  return row->answersNumber == (returnType == CIM_SINT32) &&
+         (row->extra == nullptr ? contract::Name() : row->extra) ==
+             (out == nullptr ? contract::Name() : out->name);
+}
+#define CONTRACT_METHOD(className, name, returnType)                                              \
+  static_assert(MethodRow(#className, #name), "the schema's method " #className "." #name         \
+                                              " has no row: add it to the table of its class in " \
+                                              "methods/method_dispatch.cpp");                     \
+  static_assert(AnswersAsDeclared(#className, #name, returnType),                                 \
+                "the row of " #className "." #name                                                \
+                " in methods/method_dispatch.cpp has other out-parameters than the schema");
+#include "schema/contract.inc"
+
+/// The first CLASS.METHOD of the tables, or CLASS.KEY, that the schema lacks.
+constexpr contract::Name UnknownMember() {
+  for (const ClassMethods& owner : kClasses) {
+    if (owner.adapterKey != nullptr) {
+      const auto* key = contract::FindProperty(owner.className, owner.adapterKey);
+      if (key == nullptr || !key->isKey) return {owner.className, owner.adapterKey};
+    }
+    for (const Method& row : owner.methods) {
+      if (!contract::FindMethod(owner.className, row.name)) return {owner.className, row.name};
+    }
+  }
+  return {};
+}
+static_assert(contract::IsKnown<contract::UnknownClass(kClasses)>());
+static_assert(contract::IsKnown<UnknownMember()>());
 
 const ClassMethods* FindClass(const ParsedPath& path) {
   for (const ClassMethods& row : kClasses) {

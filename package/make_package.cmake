@@ -1,5 +1,5 @@
-# cmake -DSOURCE=… -DBINARIES=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P make_package.cmake:
-# stages the package's files and makes of them, in OUTPUT, the archive, the archive of the debug
+# cmake -DSOURCE=… -DBINARIES=… -DREMOVAL=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…]
+# -P make_package.cmake: stages the package's files and makes of them, in OUTPUT, the archive, the archive of the debug
 # symbols and the installer. The same files give the same archives: fixed order, fixed times, fixed
 # modes. SIGN is a list of osslsigncode's options that name certificate and key; the provider, the
 # host, the simulated libraries and the installer are signed with them.
@@ -36,7 +36,7 @@ function(pack folder)
 endfunction()
 
 put(${root} ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
-    ${SOURCE}/schema/wifi_adapter_provider.mof ${SOURCE}/schema/uninstall.mof
+    ${SOURCE}/schema/wifi_adapter_provider.mof ${REMOVAL}
     ${SOURCE}/package/Install-WiFiAdapterProvider.ps1
     ${SOURCE}/package/Uninstall-WiFiAdapterProvider.ps1 ${SOURCE}/package/Steps.ps1
     ${SOURCE}/LICENSE ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)

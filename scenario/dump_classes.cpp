@@ -1,5 +1,7 @@
 #include "scenario/dump_classes.h"
 
+#include "schema/contract.h"
+
 namespace simulator {
 namespace {
 
@@ -95,7 +97,7 @@ constexpr PropertyRow kProfileProperties[] = {
     {"OperationMode", kProfileMode, "opMode"},
 };
 
-const ListRow kLists[] = {
+constexpr ListRow kLists[] = {
     {"WiFi_AdapterCachedScanList", "cachedNetworks", "GetCachedScanList", kNetworkTable,
      kCachedProperties},
     {"WiFi_AvailableNetwork", "availableNetworks", "GetAvailableNetworks", kNetworkTable,
@@ -103,12 +105,56 @@ const ListRow kLists[] = {
     {"WiFi_NetworkExcludeList", "excludeList", "GetExcludeList", kExcludeEntryTable,
      kExcludeProperties},
 };
+constexpr ListRow kProfiles[] = {
+    {"WiFi_PreferredProfile", nullptr, nullptr, kProfileTable, kProfileProperties}};
+
+// The platform's object of the adapter; the policies and settings; nothing but the adapter.
+constexpr PropertyRow kDescriptionProperties[] = {
+    {"Caption", kNone, nullptr},
+    {"Description", kNone, nullptr},
+};
+constexpr PropertyRow kPolicyProperties[] = {
+    {"Caption", kNone, nullptr},
+    {"Description", kNone, nullptr},
+    {"AutoConnect", kNone, nullptr},
+    {"SingleBSSMode", kNone, nullptr},
+};
+constexpr OtherRow kOthers[] = {
+    {"WiFi_NetworkAdapterConfiguration", kDescriptionProperties},
+    {"WiFi_SystemPolicies", kPolicyProperties},
+    {"WiFi_NetworkAdapterSetting", {}},
+};
+
+#define CONTRACT_CLASS(name, keys, isWritten)                                             \
+  static_assert(contract::RowOf(kRecords, #name) || contract::RowOf(kLists, #name) ||     \
+                    contract::RowOf(kProfiles, #name) || contract::RowOf(kOthers, #name), \
+                "the schema's class " #name                                               \
+                " has no row: add it to kRecords, kLists or kOthers in "                  \
+                "scenario/dump_classes.cpp");
+#include "schema/contract.inc"
+
+/// The first class of a table, or property of one, that the schema lacks.
+template <class Row, std::size_t Count>
+constexpr contract::Name Unknown(const Row (&rows)[Count]) {
+  for (const Row& row : rows) {
+    for (const PropertyRow& property : row.properties) {
+      if (contract::FindProperty(row.className, property.property) == nullptr) {
+        return {row.className, property.property};
+      }
+    }
+  }
+  return contract::UnknownClass(rows);
+}
+static_assert(contract::IsKnown<Unknown(kRecords)>());
+static_assert(contract::IsKnown<Unknown(kLists)>());
+static_assert(contract::IsKnown<Unknown(kProfiles)>());
+static_assert(contract::IsKnown<Unknown(kOthers)>());
 
 }  // namespace
 
 const std::span<const RecordRow> kRecordClasses = kRecords;
 const std::span<const ListRow> kListClasses = kLists;
-const ListRow kProfileClass = {"WiFi_PreferredProfile", nullptr, nullptr, kProfileTable,
-                               kProfileProperties};
+const ListRow& kProfileClass = kProfiles[0];
+const std::span<const OtherRow> kOtherClasses = kOthers;
 
 }  // namespace simulator

@@ -1,6 +1,6 @@
 #pragma once
 // Which member of a scenario each property of a class shows: one row a class, one row a property
-// whose name is not that of its member. Only the sources of this folder include it.
+// whose name is not that of its member. Only the sources of this folder and their tests include it.
 
 #include <span>
 #include <string_view>
@@ -50,8 +50,15 @@ struct ListRow {
   std::span<const PropertyRow> properties;
 };
 
+/// A class that shows no record: what it shows stands elsewhere in a scenario, or nowhere.
+struct OtherRow {
+  const char* className;
+  std::span<const PropertyRow> properties;
+};
+
 extern const std::span<const RecordRow> kRecordClasses;
 extern const std::span<const ListRow> kListClasses;
-extern const ListRow kProfileClass;
+extern const ListRow& kProfileClass;
+extern const std::span<const OtherRow> kOtherClasses;
 
 }  // namespace simulator

@@ -161,19 +161,30 @@ bool Turned(const PropertyRow& row, const Field* field, const json& value, std::
   return member.has_value();
 }
 
+/// The row of a property; one that has none is named like its member.
+PropertyRow RowOf(std::string_view property, std::span<const PropertyRow> rows) {
+  const auto named =
+      std::ranges::find_if(rows, [&](const PropertyRow& row) { return row.property == property; });
+  return named == rows.end() ? PropertyRow{property, Turn::kPlain, nullptr} : *named;
+}
+
+const Field* FieldOf(const PropertyRow& row, const Table& table) {
+  return FieldNamed(table, row.member == nullptr ? row.property : row.member);
+}
+
 }  // namespace
+
+bool HasProducer(std::string_view property, std::span<const PropertyRow> rows, const Table& table) {
+  const PropertyRow row = RowOf(property, rows);
+  return row.turn == Turn::kNone || row.turn == Turn::kApAddress || FieldOf(row, table) != nullptr;
+}
 
 std::string TurnBack(std::string_view property, const json& value,
                      std::span<const PropertyRow> rows, const Table& table, ScenarioJson& target) {
-  const auto named =
-      std::ranges::find_if(rows, [&](const PropertyRow& row) { return row.property == property; });
-  const PropertyRow row =
-      named == rows.end() ? PropertyRow{property, Turn::kPlain, nullptr} : *named;
-  const Field* field = FieldNamed(table, row.member == nullptr ? property : row.member);
-  const bool needsField = row.turn != Turn::kNone && row.turn != Turn::kApAddress;
-  if (needsField && field == nullptr) return "no member of a scenario has it: it is left out";
+  if (!HasProducer(property, rows, table)) return "no member of a scenario has it: it is left out";
+  const PropertyRow row = RowOf(property, rows);
   std::string problem;
-  if (!Turned(row, field, value, problem, target)) problem = value.dump() + kNothing;
+  if (!Turned(row, FieldOf(row, table), value, problem, target)) problem = value.dump() + kNothing;
   return problem;
 }
 

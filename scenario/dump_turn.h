@@ -7,6 +7,9 @@
 
 namespace simulator {
 
+/// Whether a scenario has what a property shows: a member of `table`, or something else by its row.
+bool HasProducer(std::string_view property, std::span<const PropertyRow> rows, const Table& table);
+
 /// Turns one property of an instance into members of the object `target`, whose rows are `table`'s.
 /// Gives what is to be said about it, empty for nothing.
 std::string TurnBack(std::string_view property, const nlohmann::json& value,

@@ -11,6 +11,7 @@
 #include "classes/system_policies.h"
 #include "profiles/preferred_profiles.h"
 #include "provider/core/same_name.h"
+#include "schema/contract.h"
 
 namespace wifi {
 namespace {
@@ -66,11 +67,27 @@ constexpr UpdateRoute kUpdates[] = {
     {OLESTR("WiFi_NetworkAdapterSetting"), UpdateNotSupported},
 };
 
-constexpr const OLECHAR* kNeverDeleted[] = {
-    OLESTR("WiFi_NetworkAdapter"),
-    OLESTR("WiFi_NetworkAdapterConfiguration"),
-    OLESTR("WiFi_NetworkAdapterSetting"),
+struct Undeletable {
+  const OLECHAR* className;
 };
+constexpr Undeletable kNeverDeleted[] = {
+    {OLESTR("WiFi_NetworkAdapter")},
+    {OLESTR("WiFi_NetworkAdapterConfiguration")},
+    {OLESTR("WiFi_NetworkAdapterSetting")},
+};
+
+#define CONTRACT_CLASS(name, keys, isWritten)                                                 \
+  static_assert(contract::RowOf(kRoutes, #name),                                              \
+                "the schema's class " #name                                                   \
+                " has no route: add its row to kRoutes in provider/server/routing.cpp");      \
+  static_assert(!isWritten || contract::RowOf(kUpdates, #name),                               \
+                "the schema's class " #name                                                   \
+                " has properties that are written and no update: add its row to kUpdates in " \
+                "provider/server/routing.cpp");
+#include "schema/contract.inc"
+static_assert(contract::IsKnown<contract::UnknownClass(kRoutes)>());
+static_assert(contract::IsKnown<contract::UnknownClass(kUpdates)>());
+static_assert(contract::IsKnown<contract::UnknownClass(kNeverDeleted)>());
 
 /// Names are nearly always written as the schema does, and equal ones are the same in every locale:
 /// only another spelling is compared by the locale's rules, which costs a hundred times as much.
@@ -105,8 +122,8 @@ const ClassRoute* RouteByQuery(const OLECHAR* query) {
 }
 
 HRESULT DeleteAnswer(const OLECHAR* className) {
-  for (const OLECHAR* name : kNeverDeleted) {
-    if (SameNameIgnoringCase(name, className)) return WBEM_E_NOT_SUPPORTED;
+  for (const Undeletable& row : kNeverDeleted) {
+    if (SameNameIgnoringCase(row.className, className)) return WBEM_E_NOT_SUPPORTED;
   }
   return WBEM_E_INVALID_CLASS;
 }

@@ -9,6 +9,7 @@
 #include "host/mof/product_schema.h"
 #include "host/mof/reference.h"
 #include "host/mof/registration.h"
+#include "schema/contract.h"
 
 EMBEDDED_TEXT(uninstall_mof)
 
@@ -180,10 +181,49 @@ TEST(ProductMof, IsWholeAndWithoutFindings) {
   EXPECT_EQ(TextOf(schema.instances[0], "Name"), "WiFiAdapterProvider");
   EXPECT_EQ(ProviderClassId(schema), "{3B14BAD6-C364-4576-8271-39B5850ABDA8}");
   EXPECT_EQ(TextOf(schema.instances[0], "HostingModel"), "NetworkServiceHost");
-  EXPECT_EQ(schema.classes.size(), 19u);
-  std::size_t methods = 0;
-  for (const ClassDeclaration& declaration : schema.classes) methods += declaration.methods.size();
-  EXPECT_EQ(methods, 27u);
+}
+
+/// What the build reads of the schema, and what the host does.
+TEST(ProductMof, IsTheContract) {
+  const auto shown = [](auto... words) {
+    std::ostringstream line;
+    ((line << words << ' '), ...);
+    return line.str();
+  };
+  std::multiset<std::string> read;
+  std::multiset<std::string> built;
+  for (const ClassDeclaration& declaration : ProductSchema().classes) {
+    std::string keys;
+    bool isWritten = false;
+    for (const PropertyDeclaration& item : declaration.properties) {
+      const bool isKey = item.qualifiers.Flag("key");
+      if (isKey) keys += keys.empty() ? item.name : " " + item.name;
+      isWritten |= item.qualifiers.Flag("write");
+      read.insert(
+          shown(declaration.name, item.name, item.type, isKey, item.qualifiers.Flag("write")));
+    }
+    for (const MethodDeclaration& method : declaration.methods) {
+      read.insert(shown(declaration.name, method.name, method.returnType));
+      for (const PropertyDeclaration& item : method.parameters) {
+        read.insert(shown(declaration.name, method.name, item.name, item.type,
+                          item.qualifiers.Flag("out")));
+      }
+    }
+    read.insert(shown(declaration.name, keys, isWritten));
+  }
+  for (const auto& row : contract::kClasses) {
+    built.insert(shown(row.name, row.keys, row.isWritten));
+  }
+  for (const auto& row : contract::kProperties) {
+    built.insert(shown(row.className, row.name, row.type, row.isKey, row.isWritten));
+  }
+  for (const auto& row : contract::kMethods) {
+    built.insert(shown(row.className, row.name, row.returnType));
+  }
+  for (const auto& row : contract::kParameters) {
+    built.insert(shown(row.className, row.method, row.name, row.type, row.isOut));
+  }
+  EXPECT_EQ(built, read);
 }
 
 TEST(ProductMof, IsTakenAwayWhole) {

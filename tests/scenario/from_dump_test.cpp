@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "scenario/dump_turn.h"
+#include "scenario/dump_value.h"
 #include "scenario/scenario.h"
+#include "schema/contract.h"
 
 namespace simulator {
 namespace {
@@ -22,6 +25,34 @@ bool Says(const std::string& text, const std::string& part) {
   return std::ranges::any_of(made.remarks, [&](const std::string& remark) {
     return remark.starts_with("dump: ") && remark.find(part) != std::string::npos;
   });
+}
+
+/// Whether a scenario can make clients see the property.
+bool CanBeMade(const contract::Property& property) {
+  for (const RecordRow& row : kRecordClasses) {
+    if (row.className != property.className) continue;
+    const Table& table =
+        row.record == nullptr ? kAdapterTable : *FieldNamed(kAdapterTable, row.record)->record;
+    return property.name == row.key || HasProducer(property.name, row.properties, table);
+  }
+  for (const ListRow& row : kListClasses) {
+    if (row.className != property.className) continue;
+    return property.name == "SettingID" || HasProducer(property.name, row.properties, row.table);
+  }
+  for (const OtherRow& row : kOtherClasses) {
+    if (row.className != property.className) continue;
+    return property.isKey || HasProducer(property.name, row.properties, Table{});
+  }
+  return HasProducer(property.name, kProfileClass.properties, kProfileClass.table);
+}
+
+TEST(FromDump, EveryPropertyOfTheSchemaCanBeMade) {
+  for (const contract::Property& property : contract::kProperties) {
+    EXPECT_TRUE(CanBeMade(property))
+        << property.className << "." << property.name
+        << ": no member of a scenario gives it: add the member to scenario/tables.cpp, or say in "
+           "scenario/dump_classes.cpp which other one does";
+  }
 }
 
 TEST(FromDump, TakesWhatWritersOfOtherKindsMakeOfInstances) {

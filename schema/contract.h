@@ -1,0 +1,143 @@
+#pragma once
+// The management schema as tables, made from wifi_adapter_provider.mof when the build is
+// configured. The product's tables are held to it when they are compiled; tests, fuzzers and
+// benchmarks walk it.
+
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
+#include "platform/platform.h"
+
+namespace contract {
+
+/// A name, whatever the width of its letters; can be a template's argument, which compilers show.
+struct Name {
+  char letters[96] = {};
+
+  constexpr Name() = default;
+  constexpr Name(std::string_view text) {
+    for (std::size_t at = 0; at < text.size(); ++at) letters[at] = text[at];
+  }
+  constexpr Name(const char* text) : Name(std::string_view(text)) {}
+  constexpr Name(const OLECHAR* text) {
+    for (std::size_t at = 0; text[at] != 0; ++at) letters[at] = static_cast<char>(text[at]);
+  }
+  /// CLASS.MEMBER
+  constexpr Name(const Name& className, const Name& member) : Name(className.view()) {
+    std::size_t end = className.view().size();
+    letters[end] = '.';
+    for (const char letter : member.view()) letters[++end] = letter;
+  }
+  constexpr std::string_view view() const { return letters; }
+  constexpr bool operator==(const Name& other) const { return view() == other.view(); }
+};
+
+struct Class {
+  std::string_view name;
+  std::string_view keys;  ///< joined by blanks
+  bool isWritten;         ///< a property of it is
+};
+
+struct Property {
+  std::string_view className;
+  std::string_view name;
+  CIMTYPE type;  ///< with CIM_FLAG_ARRAY for an array
+  bool isKey;
+  bool isWritten;
+};
+
+struct Method {
+  std::string_view className;
+  std::string_view name;
+  CIMTYPE returnType;
+};
+
+struct Parameter {
+  std::string_view className;
+  std::string_view method;
+  std::string_view name;
+  CIMTYPE type;
+  bool isOut;
+};
+
+inline constexpr Class kClasses[] = {
+#define CONTRACT_CLASS(name, keys, isWritten) {#name, keys, isWritten},
+#include "schema/contract.inc"
+};
+inline constexpr Property kProperties[] = {
+#define CONTRACT_PROPERTY(className, name, type, isKey, isWritten) \
+  {#className, #name, type, isKey, isWritten},
+#include "schema/contract.inc"
+};
+inline constexpr Method kMethods[] = {
+#define CONTRACT_METHOD(className, name, returnType) {#className, #name, returnType},
+#include "schema/contract.inc"
+};
+inline constexpr Parameter kParameters[] = {
+#define CONTRACT_PARAMETER(className, method, name, type, isOut) \
+  {#className, #method, #name, type, isOut},
+#include "schema/contract.inc"
+};
+
+/// Null for a class that the schema lacks.
+constexpr const Class* FindClass(const Name& name) {
+  for (const Class& row : kClasses) {
+    if (row.name == name.view()) return &row;
+  }
+  return nullptr;
+}
+
+/// The property or method of a class, null if there is none.
+template <class Row, std::size_t Count>
+constexpr const Row* FindMember(const Row (&rows)[Count], const Name& className, const Name& name) {
+  const std::string_view wantedClass = className.view();
+  const std::string_view wanted = name.view();
+  for (const Row& row : rows) {
+    if (row.name == wanted && row.className == wantedClass) return &row;
+  }
+  return nullptr;
+}
+constexpr const Property* FindProperty(const Name& className, const Name& name) {
+  return FindMember(kProperties, className, name);
+}
+constexpr const Method* FindMethod(const Name& className, const Name& name) {
+  return FindMember(kMethods, className, name);
+}
+
+/// The out-parameter of a method, null if it has none.
+constexpr const Parameter* FindOut(const Name& className, const Name& method) {
+  for (const Parameter& row : kParameters) {
+    if (row.isOut && row.className == className.view() && row.method == method.view()) return &row;
+  }
+  return nullptr;
+}
+
+/// The row of a table, by its className; null if there is none.
+template <class Row, std::size_t Count>
+constexpr const Row* RowOf(const Row (&rows)[Count], const Name& className) {
+  for (const Row& row : rows) {
+    if (Name(row.className) == className) return &row;
+  }
+  return nullptr;
+}
+
+/// The first className of a table that the schema lacks; empty if there is none.
+template <class Row, std::size_t Count>
+constexpr Name UnknownClass(const Row (&rows)[Count]) {
+  for (const Row& row : rows) {
+    if (FindClass(row.className) == nullptr) return row.className;
+  }
+  return {};
+}
+
+/// Does not compile with a name: what a table names and the schema lacks.
+template <Name Unknown>
+constexpr bool IsKnown() {
+  static_assert(Unknown.view().empty(),
+                "a row of this table names what the schema lacks: declare it in "
+                "schema/wifi_adapter_provider.mof");
+  return true;
+}
+
+}  // namespace contract
