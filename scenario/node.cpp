@@ -8,7 +8,10 @@
 namespace simulator {
 
 std::string PlaceBelow(const std::string& place, std::string_view name) {
+  constexpr std::size_t kMost = 60;
   std::string below = place + "/";
+  const bool isLong = name.size() > kMost;
+  if (isLong) name = name.substr(0, kMost);
   for (const char character : name) {
     if (character == '~') {
       below += "~0";
@@ -18,7 +21,7 @@ std::string PlaceBelow(const std::string& place, std::string_view name) {
       below += character;
     }
   }
-  return below;
+  return isLong ? below + "..." : below;
 }
 
 std::string PlaceBelow(const std::string& place, std::size_t index) {

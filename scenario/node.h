@@ -59,7 +59,7 @@ struct Node {
   void EachMember(const std::vector<Member>& members) const;
 };
 
-/// The place of a member or an element below another place.
+/// The place of a member or an element below another place; a long name is cut.
 std::string PlaceBelow(const std::string& place, std::string_view name);
 std::string PlaceBelow(const std::string& place, std::size_t index);
 

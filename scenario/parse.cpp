@@ -22,6 +22,24 @@ std::string PlaceOf(std::string_view text, std::size_t byte) {
          std::to_string(before.size() - lineStart + 1);
 }
 
+constexpr std::size_t kMostShown = 40;  ///< bytes of what a file holds, in a message
+
+/// What the parser found and what it expected, of its message
+/// "...: syntax error ... - FOUND; last read: 'LAST'; expected WHAT".
+std::string ReasonOf(std::string_view message, std::string_view last) {
+  constexpr std::string_view kFound = " - ";
+  constexpr std::string_view kLast = "; last read: '";
+  constexpr std::string_view kExpected = "'; expected ";
+  const std::size_t found = message.find(kFound);
+  if (found != message.npos) message.remove_prefix(found + kFound.size());
+  const std::size_t read = message.find(kLast);
+  if (read == message.npos) return std::string(message);
+  if (last.size() > kMostShown) last.remove_prefix(last.size() - kMostShown);
+  const std::size_t expected = message.rfind(kExpected);
+  return std::string(message.substr(0, read)) + " at the end of '" + std::string(last) + "'" +
+         std::string(expected == message.npos ? "" : message.substr(expected + 1));
+}
+
 /// Builds the value from the parser's events.
 class Builder final : public json::json_sax_t {
  public:
@@ -51,13 +69,12 @@ class Builder final : public json::json_sax_t {
     return true;
   }
 
-  bool parse_error(std::size_t byte, const std::string&, const json::exception& error) override {
-    const std::string_view what = error.what();
-    const std::size_t reason = what.find(": ");
+  bool parse_error(std::size_t byte, const std::string& last,
+                   const json::exception& error) override {
     const bool tooLarge = dynamic_cast<const json::out_of_range*>(&error) != nullptr;
-    throw ScenarioError(PlaceOf(text_, byte) +
-                        (tooLarge ? ": a number is too large: " : ": no JSON: ") +
-                        std::string(reason == what.npos ? what : what.substr(reason + 2)));
+    throw ScenarioError(PlaceOf(text_, byte) + ": " +
+                        (tooLarge ? "a number is too large: " + last.substr(0, kMostShown)
+                                  : "no JSON: " + ReasonOf(error.what(), last)));
   }
 
  private:

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/cli/exit_status.h"
+#include "host/format/visible_text.h"
 #include "host/service/provider_session.h"
 #include "host/service/result_codes.h"
 
@@ -20,6 +21,7 @@ struct CommandContext {
   std::ostream& errors;
   int width;                         ///< columns that a table may fill
   int (*widthNow)() = nullptr;       ///< tells it, where it changes between commands
+  bool isTerminal = false;           ///< whether `output` is one
   bool color = false;                ///< whether tables are bold and dim in places
   ProviderHost* provider = nullptr;  ///< null with `session`, and where a session stands alone
   ScenarioFile* scenario = nullptr;  ///< null with `provider`
@@ -30,7 +32,7 @@ struct CommandContext {
 
   /// Says what is wrong and gives `status` back.
   ExitStatus Fail(ExitStatus status, const std::string& message) {
-    errors << "wmihost: " << place << message << '\n';
+    WriteError(errors, place + message);
     return status;
   }
   /// Says how a request for `what` ended, unless that is S_OK.

@@ -1,9 +1,12 @@
 #include "host/cli/progress.h"
 
+#include "host/format/visible_text.h"
+
 namespace host {
 namespace {
 
 constexpr std::chrono::seconds kStep{1};
+constexpr std::size_t kMostOfRequest = 60;  ///< the line is not to wrap
 constexpr const char* kClear = "\r\x1b[K";
 
 }  // namespace
@@ -48,8 +51,8 @@ void Progress::Write() {
     }
     const auto passed = std::chrono::floor<std::chrono::seconds>(Clock::now() - begun_);
     if (passed >= kStep) {
-      terminal_ << kClear << "wmihost: " << request_ << ": " << passed.count() << " s"
-                << std::flush;
+      terminal_ << kClear << "wmihost: " << ShortText(request_, kMostOfRequest) << ": "
+                << passed.count() << " s" << std::flush;
       shown_ = true;
     }
     changed_.wait_until(lock, begun_ + passed + kStep);

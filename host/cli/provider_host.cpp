@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/format/visible_text.h"
 #include "host/mof/product_schema.h"
 #include "host/mof/registration.h"
 #include "host/service/result_codes.h"
@@ -76,9 +77,9 @@ void WarnOfUnknownAdapters(const simulator::PlatformObjects& platform, std::ostr
       return adapter.macAddress == address;
     });
     if (isKnown) continue;
-    errors << "wmihost: QuarnApi reports the adapter " << address
-           << ", which the platform of the scenario does not have: it is not served; give "
-              "networkAdapters an entry with this macAddress\n";
+    WriteError(errors, "QuarnApi reports the adapter " + address +
+                           ", which the platform of the scenario does not have: it is not served; "
+                           "give networkAdapters an entry with this macAddress");
   }
 }
 
@@ -101,7 +102,7 @@ ProviderModule ModuleByFile(const Command& options) {
 ProviderHost::ProviderHost(const Repository& repository, const Command& options,
                            std::ostream& errors)
     : repository_(repository), errors_(errors), defects_([&errors](const std::string& sentence) {
-        errors << "wmihost: provider defect: " << sentence << '\n';
+        WriteError(errors, "provider defect: " + sentence);
       }) {
   if (options.Has("--trace")) {
     platform::SetEnvironmentText(kTraceVariable,
@@ -140,14 +141,14 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
     });
   }
   if (const HRESULT made = session_->Start(factory_.get()); FAILED(made)) {
-    errors_ << "wmihost: the provider cannot be made: " << DescribeResult(made) << '\n';
+    WriteError(errors_, "the provider cannot be made: " + DescribeResult(made));
     session_.reset();
     return kRefused;
   }
   WarnOfUnknownAdapters(scenario.platform, errors_);
   if (session_->initStatus() == S_OK) return kSuccess;
-  errors_ << "wmihost: the provider reports a failed start: "
-          << DescribeResult(session_->initStatus()) << '\n';
+  WriteError(errors_,
+             "the provider reports a failed start: " + DescribeResult(session_->initStatus()));
   return kRefused;
 }
 

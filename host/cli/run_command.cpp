@@ -21,6 +21,10 @@ class OutputScope {
     const std::string when = command.Text("--color");
     if (SameName(when, "always")) context.color = true;
     if (SameName(when, "never")) context.color = false;
+    const bool isForPrograms = command.row->formats.empty() ||
+                               command.format == OutputFormat::kJson ||
+                               command.format == OutputFormat::kCsv;
+    if (context.isTerminal && isForPrograms) guard_.emplace(context.output);
   }
   OutputScope(const OutputScope&) = delete;
   OutputScope& operator=(const OutputScope&) = delete;
@@ -33,6 +37,7 @@ class OutputScope {
   CommandContext& context_;
   int width_;
   bool color_;
+  std::optional<TerminalGuard> guard_;
 };
 
 }  // namespace

@@ -48,6 +48,7 @@ ExitStatus Run(const Command& command, CommandContext& context) {
 ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& errors) {
   const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
   CommandContext context = {repository, nullptr, output, errors, kDefaultWidth, &Width};
+  context.isTerminal = os::IsTerminal(1);
   context.color = os::ShowsEscapes(1) && platform::EnvironmentText("NO_COLOR").value_or("").empty();
   const std::optional<std::string> registry = command.Find("--registry");
   if (registry && !platform::KeepRegistryIn(*registry)) {
@@ -77,14 +78,14 @@ ExitStatus RunProgram(const std::vector<std::string>& arguments, std::ostream& o
       status = RunHost(commandLine.command, output, errors);
     }
   } catch (const CommandLineError& error) {
-    errors << "wmihost: " << error.what() << '\n';
+    WriteError(errors, error.what());
     status = kBadInput;
   } catch (const std::exception& error) {
-    errors << "wmihost: " << error.what() << '\n';
+    WriteError(errors, error.what());
     status = kUnexpected;
   }
   if (output.flush()) return status;
-  errors << "wmihost: standard output could not be written whole\n";
+  WriteError(errors, "standard output could not be written whole");
   return kNotWritten;
 }
 

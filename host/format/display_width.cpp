@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "host/format/format.h"
+#include "host/format/utf8.h"
 
 namespace host {
 namespace {
@@ -36,17 +37,6 @@ constexpr WidthRange kWidths[] = {
 int WidthOf(char32_t character) {
   const WidthRange* range = std::ranges::lower_bound(kWidths, character, {}, &WidthRange::last);
   return range != std::end(kWidths) && character >= range->first ? range->width : 1;
-}
-
-/// The character that begins at `*next`, which moves behind it; a stray byte stands for itself.
-char32_t NextCharacter(std::string_view utf8, std::size_t* next) {
-  const auto lead = static_cast<unsigned char>(utf8[(*next)++]);
-  const int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-  char32_t character = following == 0 ? lead : lead & (0x3F >> following);
-  for (int index = 0; index < following && *next < utf8.size(); ++index) {
-    character = (character << 6) | (static_cast<unsigned char>(utf8[(*next)++]) & 0x3F);
-  }
-  return character;
 }
 
 }  // namespace

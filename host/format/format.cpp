@@ -4,6 +4,8 @@
 #include <sstream>
 #include <unordered_set>
 
+#include "host/format/visible_text.h"
+
 namespace host {
 namespace {
 
@@ -51,17 +53,7 @@ std::string CellText(const Json& value) {
     return text;
   }
   if (!value.is_string()) return value.dump();
-  std::string text;
-  for (const char character : value.get_ref<const std::string&>()) {
-    const auto code = static_cast<unsigned char>(character);
-    if (code >= 0x20 && code != 0x7F) {
-      text += character;
-    } else {
-      constexpr std::string_view kHex = "0123456789abcdef";
-      text += std::string("\\x") + kHex[code >> 4] + kHex[code & 0xF];
-    }
-  }
-  return text;
+  return VisibleText(value.get_ref<const std::string&>());
 }
 
 std::string JsonText(const Json& value) {

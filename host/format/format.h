@@ -64,8 +64,8 @@ std::string TableText(const Json& rows, int width, std::vector<std::string> name
 
 /// All names of the rows in the order in which they first appear.
 std::vector<std::string> NamesOf(const Json& rows);
-/// A value in one line: text with its control characters escaped, the elements of an array with a
-/// comma between them, nothing for null.
+/// A value in one line: text as VisibleText has it, the elements of an array with a comma between
+/// them, nothing for null.
 std::string CellText(const Json& value);
 /// Columns that a text takes on a terminal: two for wide characters, none for combining ones.
 int DisplayWidth(std::string_view utf8);

@@ -15,7 +15,10 @@ class Checker {
   std::vector<std::string> Run(const Schema& schema) {
     CheckRegistration(schema);
     CheckNames(schema.classes);
-    for (const ClassDeclaration& declaration : schema.classes) CheckClass(declaration);
+    for (const ClassDeclaration& declaration : schema.classes) {
+      CheckClass(declaration);
+      CheckAncestors(declaration, schema.classes);
+    }
     return std::move(findings_);
   }
 
@@ -107,6 +110,21 @@ class Checker {
     for (const MethodDeclaration& method : declaration.methods) {
       CheckMethod(method, where + "." + method.name);
     }
+  }
+
+  /// No class may be among its own ancestors, of which others may be the namespace's own.
+  void CheckAncestors(const ClassDeclaration& declaration,
+                      const std::vector<ClassDeclaration>& classes) {
+    std::string name = declaration.superclass;
+    bool derivesFromItself = false;
+    for (std::size_t steps = 0; steps < classes.size() && !derivesFromItself; ++steps) {
+      derivesFromItself = SameName(name, declaration.name);
+      const auto found = std::ranges::find_if(
+          classes, [&name](const ClassDeclaration& each) { return SameName(each.name, name); });
+      if (found == classes.end()) break;
+      name = found->superclass;
+    }
+    Require(!derivesFromItself, declaration.line, declaration.name, "it derives from itself");
   }
 
   void CheckMethod(const MethodDeclaration& method, const std::string& where) {

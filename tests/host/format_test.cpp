@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "host/format/visible_text.h"
+
 namespace host {
 namespace {
 
@@ -73,6 +77,47 @@ TEST(Format, TableTurnsRowsThatDoNotFit) {
   const Json two = Json::parse(R"([{"Name": "one", "Text": "longer than the width"}])");
   EXPECT_EQ(FormatRows(two, OutputFormat::kTable, 10),
             "Name  Text\n----  ---------------------\none   longer than the width\n");
+}
+
+TEST(VisibleText, LeadsNeitherATerminalNorALine) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"caf\u00e9 \u65e5", "caf\u00e9 \u65e5"},
+      {"a\x1b[2J\x7f", "a\\x1b[2J\\x7f"},
+      {"\u0080\u009b1m\u009f\u00a0", "\\u0080\\u009b1m\\u009f\u00a0"},
+      {"\u061c\u200e\u200f\u2010", "\\u061c\\u200e\\u200f\u2010"},
+      {"\u2027\u2028\u202e\u202f", "\u2027\\u2028\\u202e\u202f"},
+      {"\u2066\u2069\u206a", "\\u2066\\u2069\u206a"},
+      {"\x9bm \xc0\x9b \xe2\x1bm \xe2", "\\x9bm \\u001b \xe2\\x1bm \xe2"},  // no UTF-8
+  };
+  for (const auto& [text, visible] : rows) {
+    EXPECT_EQ(VisibleText(text), visible);
+    EXPECT_EQ(CellText(text), visible);
+  }
+}
+
+TEST(VisibleText, IsAllThatATerminalGets) {
+  std::ostringstream terminal;
+  {
+    TerminalGuard guard(terminal);
+    terminal << "[\"\u00e9\x7f\u0085\"]\n\x1b[2J" << std::flush << "\r";
+    EXPECT_EQ(terminal.str(), "[\"\u00e9\\u007f\\u0085\"]\n\\u001b[2J");
+  }
+  terminal << "\n";
+  EXPECT_EQ(terminal.str(), "[\"\u00e9\\u007f\\u0085\"]\n\\u001b[2J\\u000d\n");
+}
+
+TEST(VisibleText, IsNoLongerThanAScreenInAnError) {
+  std::ostringstream errors;
+  WriteError(errors, "x: '" + std::string(1'000'000, '\x01') + "\u20ac' is too long");
+  EXPECT_LT(errors.str().size(), 80u * 24);
+  EXPECT_TRUE(errors.str().starts_with("wmihost: x: '\\x01")) << errors.str();
+  EXPECT_TRUE(errors.str().ends_with("\\x01\u20ac' is too long\n")) << errors.str();
+  // No half of a character, wherever the cut falls.
+  for (std::size_t most = 12; most < 24; ++most) {
+    const std::string cut =
+        ShortText("\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac", most);
+    EXPECT_EQ((cut.size() - std::string(" ... ").size()) % 3, 0u) << cut;
+  }
 }
 
 TEST(Format, AlignsByDisplayWidth) {

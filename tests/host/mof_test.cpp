@@ -172,6 +172,17 @@ TEST(SchemaCheck, FindsEveryFault) {
                                  }));
 }
 
+TEST(SchemaCheck, FindsClassesThatDeriveFromThemselves) {
+  const Schema schema = ParseMof(
+      "class A : A {};\nclass B : C {};\nclass C : b {};\nclass D : B {};\nclass E : Other {};",
+      "m");
+  std::vector<std::string> found;
+  for (const std::string& finding : CheckSchema(schema)) {
+    if (finding.ends_with("it derives from itself")) found.push_back(finding.substr(0, 4));
+  }
+  EXPECT_EQ(found, (std::vector<std::string>{"1: A", "2: B", "3: C"}));
+}
+
 TEST(ProductMof, IsWholeAndWithoutFindings) {
   const Schema schema = ProductSchema();
   EXPECT_EQ(CheckSchema(schema), std::vector<std::string>{});

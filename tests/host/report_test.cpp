@@ -46,7 +46,7 @@ TEST(Report, KeepsNamesFromBecomingMarkup) {
   for (const std::string name :
        {"</script><script>alert(1)</script>", "<img src=x onerror=alert(1)>",
         "\" onload=\"alert(1)", "' autofocus onfocus='x", "</title></svg><b>", "<!--", "&lt;b&gt;",
-        "]]>", "a\u2028b\x01"}) {
+        "]]>", "a\u2028b\x01", "\u202ea\u0085\x7f"}) {
     const Json dump = DumpWith({Heard(name, 6, -50), Heard(name, 44, -60, 0, "None", "Open")});
     const std::string page = ReportPage(ToyRepository(), dump);
     EXPECT_EQ(CountOf(page, "<script"), 2u) << name;
@@ -54,7 +54,8 @@ TEST(Report, KeepsNamesFromBecomingMarkup) {
     const std::string start = "id=\"wifi-dump\">";
     const std::size_t json = page.find(start) + start.size();
     const std::string shown = page.substr(0, json);
-    for (const char* markup : {"<img", "<b>", "<!--", " onload=\"", "' autofocus", "<bdi>&lt;b"}) {
+    for (const char* markup : {"<img", "<b>", "<!--", " onload=\"", "' autofocus", "<bdi>&lt;b",
+                               "\u2028", "\u202e", "\u0085", "\x7f"}) {
       EXPECT_EQ(shown.find(markup), std::string::npos) << name;
     }
     EXPECT_EQ(Json::parse(page.substr(json, page.find("</script>", json) - json)), dump) << name;

@@ -6,7 +6,7 @@ namespace simulator {
 namespace {
 
 struct Mistake {
-  const char* json;
+  std::string json;
   const char* expected;  ///< part of the error
 };
 
@@ -36,6 +36,9 @@ TEST(ScenarioErrors, NameThePlaceAndWhatWasExpected) {
       {R"({"adapters": [[[]], {}]})", "/adapters/0: expected an object, found array"},
       {"{/* no end", "line 1, column 11: no JSON"},
       {"{\"platform\": {\"userName\": \"\xFF\"}}", "no JSON"},
+      {R"({"apiVersion": nul})", R"(no JSON: invalid literal at the end of '"apiVersion": nul}')"},
+      {"{\"apiVersion\": -" + std::string(1000, '9'), "a number is too large: -9"},
+      {"{\"" + std::string(1000, 'a') + "\": 1}", "aaa...: no such member"},
       {"[]", "/: expected an object, found array"},
       {R"({"adaptors": []})", "/adaptors: no such member; accepted are apiVersion, platform"},
       {R"({"apiVersion": 4294967296})", "/apiVersion: expected a number from 0 to 4294967295"},
@@ -86,6 +89,7 @@ TEST(ScenarioErrors, NameThePlaceAndWhatWasExpected) {
     const std::string error = ErrorOf(mistake.json);
     EXPECT_EQ(error.rfind("bench.json: ", 0), 0u) << mistake.json << "\n" << error;
     EXPECT_NE(error.find(mistake.expected), std::string::npos) << mistake.json << "\n" << error;
+    EXPECT_LT(error.size(), 1600u);
   }
 }
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace host {
+
+/// The character that begins at `*next`, which moves behind it. A byte that begins none stands for
+/// itself, and so does the first one of a sequence that is cut short.
+inline char32_t NextCharacter(std::string_view utf8, std::size_t* next) {
+  const auto lead = static_cast<unsigned char>(utf8[(*next)++]);
+  int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+  char32_t character = following == 0 ? lead : lead & (0x3F >> following);
+  for (; following > 0 && *next < utf8.size(); --following) {
+    const auto byte = static_cast<unsigned char>(utf8[*next]);
+    if ((byte & 0xC0) != 0x80) break;
+    character = (character << 6) | (byte & 0x3F);
+    ++*next;
+  }
+  return following > 0 ? lead : character;
+}
+
+}  // namespace host
