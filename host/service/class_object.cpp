@@ -73,6 +73,13 @@ const SystemProperty* FindSystemProperty(const std::string& name) {
   return found == std::end(kSystemProperties) ? nullptr : found;
 }
 
+/// A method whose library raises answers FALSE, whatever the type of its ReturnValue: the contract
+/// has it so, and a class that declares a number has no value then.
+bool IsFixedFailure(LPCWSTR name, const VARIANT* value) {
+  return value != nullptr && value->vt == VT_BOOL && value->boolVal == VARIANT_FALSE &&
+         SameName(NameText(name), "ReturnValue");
+}
+
 template <class Interface>
 HRESULT RefuseSet(Interface** result) {
   if (result != nullptr) *result = nullptr;
@@ -132,7 +139,9 @@ HRESULT ClassObject::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type
 HRESULT ClassObject::Put(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE type) {
   if (name == nullptr || flags != 0) return kInvalidParameter;
   const HRESULT result = TryPut(NameText(name), value, type);
-  if (FAILED(result)) Complain("refused " + NameText(name) + ": " + DescribeResult(result));
+  if (FAILED(result) && !IsFixedFailure(name, value)) {
+    Complain("refused " + NameText(name) + ": " + DescribeResult(result));
+  }
   return result;
 }
 

@@ -148,6 +148,21 @@ TEST_F(ClassObjectTest, GivesTheSignaturesOfMethods) {
   EXPECT_EQ(definition->GetMethod(OLESTR("Start"), 0, in.put(), out.put()), WBEM_E_NOT_FOUND);
 }
 
+TEST_F(ClassObjectTest, AFailedMethodMayAnswerFalseForANumber) {
+  ClassInfo signature;
+  signature.declaration.properties.resize(1);
+  signature.declaration.properties[0].name = "ReturnValue";
+  signature.declaration.properties[0].type = CIM_SINT32;
+  const ComPtr<ClassObject> out = Instance(CimObject(signature));
+  Variant answer = Variant::Boolean(false);
+  EXPECT_EQ(out->Put(OLESTR("ReturnValue"), 0, answer.in_place(), 0), WBEM_E_TYPE_MISMATCH);
+  EXPECT_TRUE(out->complaints().empty());
+  answer = Variant::Boolean(true);
+  EXPECT_EQ(out->Put(OLESTR("ReturnValue"), 0, answer.in_place(), 0), WBEM_E_TYPE_MISMATCH);
+  EXPECT_EQ(out->complaints().size(), 1u);
+  EXPECT_EQ(out->object().ToJson().dump(), "{}");
+}
+
 TEST(PathClassName, IsWhatStandsBetweenNamespaceAndKeys) {
   const std::pair<const char*, const char*> rows[] = {
       {"Toy", "Toy"},
