@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <set>
 #include <span>
 #include <tuple>
 
@@ -131,6 +132,42 @@ auto Weight(const IwNetwork& network) {
                     -network.lastSeen.value_or(std::numeric_limits<double>::max()));
 }
 
+/// An address with the number in the place of what is masked, the last pair first; as far as it can
+/// be told, it is locally administered.
+std::string MadeUp(std::string address, std::size_t number) {
+  for (std::size_t at = address.rfind(kMaskedPair); at != address.npos;
+       at = address.rfind(kMaskedPair)) {
+    const auto octet = static_cast<unsigned char>(at == 0 ? number << 2 | 2 : number);
+    address.replace(at, kMaskedPair.size(), UpperHex(octet, 2));
+    number >>= 8;
+  }
+  return address;
+}
+
+/// Gives masked addresses ones that stay apart, and says so.
+void Unmask(std::vector<IwNetwork>& networks, const std::string& source,
+            std::vector<std::string>& remarks) {
+  constexpr std::size_t kMostTries = 1 << 16;
+  std::set<std::string> used = {kAdapterAddress};
+  for (const IwNetwork& network : networks) used.insert(network.address);
+  std::map<std::string, std::size_t> numbers;  ///< the next one, by the masked address
+  std::size_t count = 0;
+  std::string example;
+  for (IwNetwork& network : networks) {
+    if (network.address.find(kMaskedPair) == std::string::npos) continue;
+    std::size_t& number = numbers[network.address];
+    std::string made;
+    do made = MadeUp(network.address, number);
+    while (!used.insert(made).second && ++number < kMostTries);
+    if (count++ == 0) example = network.address + " is " + made;
+    network.address = made;
+  }
+  if (count == 0) return;
+  remarks.push_back(source + ": " + std::to_string(count) +
+                    (count == 1 ? " address is" : " addresses are") +
+                    " masked, and made up so that they stay apart: " + example);
+}
+
 /// Leaves one network for each address, which is a key of the management classes, and none that
 /// the library has no band for.
 std::vector<IwNetwork> Select(std::vector<IwNetwork> networks, const std::string& source,
@@ -162,8 +199,9 @@ std::vector<IwNetwork> Select(std::vector<IwNetwork> networks, const std::string
 
 ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& source) {
   ScenarioOfCapture result;
-  const std::vector<IwNetwork> networks =
-      Select(ParseIwScan(capture, source), source, result.remarks);
+  std::vector<IwNetwork> seen = ParseIwScan(capture, source);
+  Unmask(seen, source, result.remarks);
+  const std::vector<IwNetwork> networks = Select(std::move(seen), source, result.remarks);
   Json adapter = {{"mac", kAdapterAddress}};
   Json entries = Json::array();
   for (const IwNetwork& network : networks) {

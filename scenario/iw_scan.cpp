@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::size_t kLongestName = 32;         // octets
-constexpr std::size_t kAddressLength = 17;       // characters
 constexpr double kBestRate = 54;                 // Mbit/s
 constexpr double k11bRates[] = {1, 2, 5.5, 11};  // Mbit/s
 
@@ -173,19 +172,53 @@ void ReadSecurity(bool rsn, std::string_view line, IwNetwork& network) {
   }
 }
 
+/// An address of six pairs; in one that its owner has masked every "xx" or "**" is XX, and an
+/// ellipsis stands for the pairs that are missing. Empty for any other text.
+std::string AddressOf(std::string_view text) {
+  constexpr std::size_t kPairs = 6;
+  const auto isMask = [](std::string_view part) {
+    return part == "xx" || part == "XX" || part == "**";
+  };
+  std::vector<std::string> pairs;
+  std::optional<std::size_t> gap;
+  do {
+    const std::string_view part = Take(text, ':');
+    if (part == "..." || part == "\u2026") {
+      if (gap) return "";
+      gap = pairs.size();
+    } else if (isMask(part)) {
+      pairs.emplace_back(kMaskedPair);
+    } else if (part.size() == 2 && IsHexDigit(part[0]) && IsHexDigit(part[1])) {
+      pairs.emplace_back(part);
+      for (char& digit : pairs.back()) {
+        digit = static_cast<char>(std::toupper(static_cast<unsigned char>(digit)));
+      }
+    } else {
+      return "";
+    }
+  } while (!text.empty() && pairs.size() <= kPairs);
+  if (gap && pairs.size() < kPairs) {
+    pairs.insert(pairs.begin() + static_cast<std::ptrdiff_t>(*gap), kPairs - pairs.size(),
+                 std::string(kMaskedPair));
+  }
+  if (pairs.size() != kPairs) return "";
+  std::string address;
+  for (const std::string& pair : pairs) address += (address.empty() ? "" : ":") + pair;
+  return address;
+}
+
 /// Reads "BSS 02:00:00:00:00:01(on wlan0) -- associated".
 IwNetwork ReadHeading(std::string_view line) {
   constexpr std::string_view kHeading = "BSS ";
   IwNetwork network;
-  const std::string_view address =
-      line.starts_with(kHeading) ? line.substr(kHeading.size(), kAddressLength) : "";
-  for (std::size_t i = 0; i < address.size(); ++i) {
-    if (i % 3 == 2 ? address[i] != ':' : !IsHexDigit(address[i])) break;
-    network.address.push_back(
-        static_cast<char>(std::toupper(static_cast<unsigned char>(address[i]))));
+  std::string_view rest = line;
+  if (line.starts_with(kHeading)) {
+    rest.remove_prefix(kHeading.size());
+    const std::size_t end = std::min(rest.find_first_of("( \t\r"), rest.size());
+    network.address = AddressOf(rest.substr(0, end));
+    rest.remove_prefix(end);
   }
-  if (network.address.size() != kAddressLength) throw Expected{"'BSS <address>'"};
-  const std::string_view rest = line.substr(kHeading.size() + kAddressLength);
+  if (network.address.empty()) throw Expected{"'BSS <address>'"};
   network.associated =
       rest.find("-- associated") != rest.npos || rest.find("-- joined") != rest.npos;
   return network;

@@ -10,10 +10,14 @@
 
 namespace simulator {
 
+/// A pair of an address that the owner of a capture has hidden.
+inline constexpr std::string_view kMaskedPair = "XX";
+
 /// One network of a capture; what its text leaves out stays as it is here.
 struct IwNetwork {
   std::size_t line = 0;  ///< of its BSS line, from 1
-  std::string address;   ///< six upper-case pairs joined by colons
+  std::string
+      address;  ///< six upper-case pairs joined by colons; kMaskedPair for one that is masked
   bool associated = false;
   std::optional<double> frequency;  ///< MHz
   double signal = -100;             ///< dBm

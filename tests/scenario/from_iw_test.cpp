@@ -172,6 +172,28 @@ TEST(FromIw, NamesWhatSecurityAnnounces) {
   }
 }
 
+TEST(FromIw, MakesUpMaskedAddressesThatStayApart) {
+  const ScenarioOfCapture made = ScenarioFromIw(
+      "BSS xx:xx:xx:xx:3e:41(on wlan0)\nBSS 02:00:00:00:3e:41(on wlan0)\nBSS XX:**:\u2026:3E:41\n"
+      "BSS 00:1a:2b:xx:xx:xx -- associated\nBSS ...:01\n",
+      "scan");
+  EXPECT_EQ(made.remarks, (std::vector<std::string>{
+                              "scan: 4 addresses are masked, and made up so that they stay apart: "
+                              "XX:XX:XX:XX:3E:41 is 02:00:00:01:3E:41"}));
+  const Scenario scenario = ParseScenario(made.json, "made.json");
+  std::vector<std::string> addresses;
+  for (const ScanListEntry& entry : scenario.adapters.at(0).cachedNetworks.Seen<ScanListEntry>()) {
+    addresses.push_back(adapterapi::MacText(entry.macAddress).c_str());
+  }
+  // The adapter has 02:00:00:00:00:01 itself.
+  EXPECT_EQ(addresses,
+            (std::vector<std::string>{"02:00:00:01:3E:41", "02:00:00:00:3E:41", "02:00:00:02:3E:41",
+                                      "00:1A:2B:00:00:00", "02:00:00:00:01:01"}));
+  for (const char* heading : {"BSS xx:xx:3e:41", "BSS ...:...:41", "BSS xy:00:00:00:00:01"}) {
+    EXPECT_THROW(ScenarioFromIw(heading, "scan"), ScenarioError) << heading;
+  }
+}
+
 TEST(FromIw, KeepsOneNetworkForEachAddressAndSaysSo) {
   const std::string first = std::string(kBss) + "\tlast seen: 10 ms ago\n\tSSID: first\n";
   const std::pair<std::string, std::string> kSeconds[] = {
