@@ -32,6 +32,12 @@ class Command {
     const auto found = values_.find(name);
     return found == values_.end() ? std::vector<std::string>() : found->second;
   }
+  /// The values with a blank between them, as a shell gives what was typed without quotes.
+  std::string Joined(const std::string& name) const {
+    std::string text;
+    for (const std::string& value : All(name)) text += (text.empty() ? "" : " ") + value;
+    return text;
+  }
   void Set(const std::string& name, std::vector<std::string> values) {
     values_[name] = std::move(values);
   }

@@ -5,6 +5,7 @@
 #include "host/cli/show.h"
 #include "host/query/associators.h"
 #include "host/query/wql.h"
+#include "host/service/meant_path.h"
 
 namespace host {
 namespace {
@@ -75,10 +76,21 @@ class Walk {
   Outcome outcome_;
 };
 
+/// The classes that a query of meta_class selects.
+ExitStatus ShowClasses(const Command& command, CommandContext& context, const WqlQuery& query) {
+  Outcome outcome;
+  for (const ClassInfo* info : context.repository.served()) {
+    CimObject object(*info, CimObject::Kind::kClass);
+    if (query.Selects(object)) outcome.objects.push_back(std::move(object));
+  }
+  const std::vector<std::string> all = {"__CLASS", "__SUPERCLASS"};
+  return Show(context, "query", "", outcome, command, query.columns.empty() ? all : query.columns);
+}
+
 }  // namespace
 
 ExitStatus RunQuery(const Command& command, CommandContext& context) {
-  const std::string text = command.Text("WQL");
+  const std::string text = command.Joined("WQL");
   if (command.Has("--provider")) {
     if (command.format == OutputFormat::kChart) {
       throw ValueError("--format chart does not go with --provider");
@@ -86,6 +98,9 @@ ExitStatus RunQuery(const Command& command, CommandContext& context) {
     return Show(context, "query", "", context.session->Query(text), command, command.fields);
   }
   if (const auto associators = ParseAssociators(text, context.repository)) {
+    if (const auto meant = MeantPath(associators->path, context.repository)) {
+      throw QueryError("the texts of the path stand in quotes: {" + *meant + "}");
+    }
     CheckChart(context.repository, command, nullptr);
     return Show(context, "query", associators->path, Walk(*associators, context).Run(), command,
                 command.fields);
@@ -93,6 +108,7 @@ ExitStatus RunQuery(const Command& command, CommandContext& context) {
   const WqlQuery query = ParseWql(text, context.repository);
   const ClassInfo* info = context.repository.FindClass(query.className);
   CheckChart(context.repository, command, info);
+  if (query.ofClasses) return ShowClasses(command, context, query);
   const std::vector<std::string> fields = FieldsOf(info, command.fields);
   Outcome outcome = context.session->Enumerate(query.className);
   std::erase_if(outcome.objects, [&](const CimObject& each) { return !query.Selects(each); });

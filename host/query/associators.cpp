@@ -30,10 +30,22 @@ void Expect(std::string_view* text, std::string_view query, std::string_view exp
                    std::string(expected));
 }
 
+/// A key's value as providers write it: a text in single quotes gets double ones.
+std::string InDoubleQuotes(std::string_view value) {
+  if (value.size() < 2 || value.front() != '\'' || value.back() != '\'') return std::string(value);
+  std::string text;
+  for (std::size_t at = 1; at + 1 < value.size(); ++at) {
+    if (value[at] == '\\' && at + 2 < value.size()) ++at;
+    text += value[at];
+  }
+  return Quoted(text);
+}
+
 }  // namespace
 
 std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
                                                  const Repository& repository) {
+  query = query.substr(0, query.find_last_not_of(" \t\r\n;") + 1);
   std::string_view text = query;
   const std::string verb = TakeWord(&text);
   AssociatorsQuery parsed;
@@ -43,12 +55,12 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
   Expect(&text, query, "{");
   // A key's text may hold every character, quotes with a \ before them.
   std::size_t end = 0;
-  bool quoted = false;
-  while (end < text.size() && (quoted || text[end] != '}')) {
-    if (quoted && text[end] == '\\') {
+  char quote = 0;
+  while (end < text.size() && (quote != 0 || text[end] != '}')) {
+    if (quote != 0 && text[end] == '\\') {
       ++end;
-    } else if (text[end] == '"') {
-      quoted = !quoted;
+    } else if (quote != 0 ? text[end] == quote : text[end] == '"' || text[end] == '\'') {
+      quote = quote == 0 ? text[end] : '\0';
     }
     ++end;
   }
@@ -86,7 +98,7 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
 }
 
 std::string CanonicalPath(std::string_view reference, const Repository& repository) {
-  const std::size_t quote = std::min(reference.find('"'), reference.size());
+  const std::size_t quote = std::min(reference.find_first_of("\"'"), reference.size());
   const std::size_t colon = reference.substr(0, quote).find(':');
   if (colon != std::string_view::npos) reference.remove_prefix(colon + 1);
   const ClassInfo* info = repository.FindClass(ClassNameOfPath(reference));
@@ -98,7 +110,7 @@ std::string CanonicalPath(std::string_view reference, const Repository& reposito
     if (!key.empty()) return std::string(reference);
     key = property.name;
   }
-  return info->name() + "." + key + std::string(reference.substr(equals));
+  return info->name() + "." + key + "=" + InDoubleQuotes(reference.substr(equals + 1));
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #include "host/query/condition.h"
 
+#include <algorithm>
 #include <charconv>
 #include <compare>
 #include <cstdint>
@@ -105,12 +106,16 @@ bool MatchesLike(std::string_view text, std::string_view pattern) {
   return true;
 }
 
-CompareCondition::CompareCondition(std::size_t property, Comparison comparison, Json literal)
-    : property_(property), comparison_(comparison), literal_(std::move(literal)) {}
+Json Operand::ValueIn(const CimObject& object) const {
+  if (!system.empty()) return object.SystemValue(system);
+  return ToJson(object.info().declaration.properties[property].type, object.Value(property));
+}
+
+CompareCondition::CompareCondition(Operand operand, Comparison comparison, Json literal)
+    : operand_(std::move(operand)), comparison_(comparison), literal_(std::move(literal)) {}
 
 std::optional<bool> CompareCondition::Holds(const CimObject& instance) const {
-  const CIMTYPE type = instance.info().declaration.properties[property_].type;
-  const Json value = ToJson(type, instance.Value(property_));
+  const Json value = operand_.ValueIn(instance);
   if (value.is_null()) return std::nullopt;
   if (comparison_ == Comparison::kLike) {
     return value.is_string() &&
@@ -132,6 +137,12 @@ std::optional<bool> CompareCondition::Holds(const CimObject& instance) const {
     default:
       return *order >= 0;
   }
+}
+
+std::optional<bool> IsaCondition::Holds(const CimObject& object) const {
+  const ClassInfo& info = object.info();
+  return &info == &wanted_ ||
+         std::ranges::find(info.ancestors, wanted_.name()) != info.ancestors.end();
 }
 
 std::optional<bool> NotCondition::Holds(const CimObject& instance) const {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/query/wql.h"
@@ -13,28 +14,46 @@ namespace host {
 
 enum class Comparison { kEqual, kUnequal, kLess, kLessOrEqual, kGreater, kGreaterOrEqual, kLike };
 
-/// Compares a property with a literal: a text, a whole number or a boolean.
+/// What is compared: a property of the class, or a system property.
+struct Operand {
+  std::size_t property = 0;
+  std::string system = {};  ///< "__CLASS", empty for a property of the class
+
+  Json ValueIn(const CimObject& object) const;
+};
+
+/// Compares it with a literal: a text, a whole number or a boolean.
 class CompareCondition final : public Condition {
  public:
-  CompareCondition(std::size_t property, Comparison comparison, Json literal);
+  CompareCondition(Operand operand, Comparison comparison, Json literal);
   std::optional<bool> Holds(const CimObject& instance) const override;
 
  private:
-  std::size_t property_;
+  Operand operand_;
   Comparison comparison_;
   Json literal_;
 };
 
 class NullCondition final : public Condition {
  public:
-  NullCondition(std::size_t property, bool wanted) : property_(property), wanted_(wanted) {}
+  NullCondition(Operand operand, bool wanted) : operand_(std::move(operand)), wanted_(wanted) {}
   std::optional<bool> Holds(const CimObject& instance) const override {
-    return (instance.Value(property_).vt == VT_NULL) == wanted_;
+    return operand_.ValueIn(instance).is_null() == wanted_;
   }
 
  private:
-  std::size_t property_;
+  Operand operand_;
   bool wanted_;
+};
+
+/// Whether an object is of a class or of one that derives from it; a class itself counts too.
+class IsaCondition final : public Condition {
+ public:
+  explicit IsaCondition(const ClassInfo& wanted) : wanted_(wanted) {}
+  std::optional<bool> Holds(const CimObject& object) const override;
+
+ private:
+  const ClassInfo& wanted_;
 };
 
 class NotCondition final : public Condition {

@@ -1,6 +1,5 @@
 #include "host/query/wql.h"
 
-#include <array>
 #include <charconv>
 #include <cstdint>
 #include <utility>
@@ -14,16 +13,30 @@ namespace {
 using ConditionPtr = std::unique_ptr<Condition>;
 using Kind = WqlToken::Kind;
 
-constexpr std::array<std::pair<std::string_view, Comparison>, 8> kComparisons = {{
-    {"=", Comparison::kEqual},
-    {"<>", Comparison::kUnequal},
-    {"!=", Comparison::kUnequal},
-    {"<", Comparison::kLess},
-    {"<=", Comparison::kLessOrEqual},
-    {">", Comparison::kGreater},
-    {">=", Comparison::kGreaterOrEqual},
-    {"LIKE", Comparison::kLike},
-}};
+struct ComparisonRow {
+  std::string_view symbol;
+  Comparison comparison;
+  Comparison mirrored;  ///< with its sides exchanged
+};
+constexpr ComparisonRow kComparisons[] = {
+    {"=", Comparison::kEqual, Comparison::kEqual},
+    {"<>", Comparison::kUnequal, Comparison::kUnequal},
+    {"!=", Comparison::kUnequal, Comparison::kUnequal},
+    {"<", Comparison::kLess, Comparison::kGreater},
+    {"<=", Comparison::kLessOrEqual, Comparison::kGreaterOrEqual},
+    {">", Comparison::kGreater, Comparison::kLess},
+    {">=", Comparison::kGreaterOrEqual, Comparison::kLessOrEqual},
+};
+
+/// What stands for all classes behind FROM; it has system properties alone.
+const ClassInfo& MetaClass() {
+  static const ClassInfo info = [] {
+    ClassInfo made;
+    made.declaration.name = "meta_class";
+    return made;
+  }();
+  return info;
+}
 
 // Deeper nesting than any person writes; a bound for what a machine may send.
 constexpr int kMaxDepth = 200;
@@ -43,19 +56,18 @@ class Parser {
     }
     Expect("FROM");
     const WqlToken className = Word("a class name");
-    info_ = repository_.FindClass(className.text);
-    if (info_ == nullptr) {
-      throw UnknownClassError("character " + std::to_string(className.position) +
-                              ": there is no class '" + className.text + "'" +
-                              repository_.DidYouMeanClass(className.text));
-    }
+    query.ofClasses = SameName(className.text, MetaClass().name());
+    info_ = query.ofClasses ? &MetaClass() : repository_.FindClass(className.text);
+    if (info_ == nullptr) FailOnClass(className);
     query.className = info_->name();
     for (const WqlToken& column : columns) {
-      const std::optional<std::string> system = SystemPropertyName(column.text);
-      query.columns.push_back(system ? *system
-                                     : info_->declaration.properties[Property(column)].name);
+      const Operand operand = OperandOf(column);
+      query.columns.push_back(operand.system.empty()
+                                  ? info_->declaration.properties[operand.property].name
+                                  : operand.system);
     }
     if (Take("WHERE")) query.where = Or();
+    Take(";");
     if (tokens_[next_].kind != Kind::kEnd) Unexpected("the end of the query");
     return query;
   }
@@ -88,28 +100,72 @@ class Parser {
   }
 
   ConditionPtr Compare() {
+    if (Take("__THIS")) return Isa();
+    if (IsConstant()) return CompareWithConstant();
     const WqlToken name = Word("a property name");
-    const std::size_t property = Property(name);
+    Operand operand = OperandOf(name);
     if (Take("IS")) {
       const bool wanted = !Take("NOT");
       Expect("NULL");
-      return std::make_unique<NullCondition>(property, wanted);
+      return std::make_unique<NullCondition>(std::move(operand), wanted);
     }
-    for (const auto& [symbol, comparison] : kComparisons) {
-      if (!Take(symbol)) continue;
-      const bool equality = comparison == Comparison::kEqual || comparison == Comparison::kUnequal;
-      if (equality && Take("NULL")) {
-        return std::make_unique<NullCondition>(property, comparison == Comparison::kEqual);
-      }
-      const WqlToken where = tokens_[next_];
-      Json literal = Literal(comparison == Comparison::kLike);
-      const CIMTYPE type = info_->declaration.properties[property].type;
-      if (literal.is_string() && type == CIM_BOOLEAN) {
-        Fail(where, name.text + " is a boolean; it is compared with TRUE or FALSE");
-      }
-      return std::make_unique<CompareCondition>(property, comparison, std::move(literal));
+    if (Take("LIKE")) {
+      return std::make_unique<CompareCondition>(std::move(operand), Comparison::kLike,
+                                                Literal(true));
     }
-    Unexpected("=, <>, <, <=, >, >=, LIKE or IS");
+    const ComparisonRow& row = Symbol("=, <>, <, <=, >, >=, LIKE or IS");
+    const WqlToken where = tokens_[next_];
+    return Compared(name, std::move(operand), row.comparison, where, Literal(false));
+  }
+
+  /// "802.11g" = Band
+  ConditionPtr CompareWithConstant() {
+    const WqlToken where = tokens_[next_];
+    Json literal = Literal(false);
+    const Comparison mirrored = Symbol("=, <>, <, <=, > or >=").mirrored;
+    const WqlToken name = Word("a property name");
+    return Compared(name, OperandOf(name), mirrored, where, std::move(literal));
+  }
+
+  ConditionPtr Compared(const WqlToken& name, Operand operand, Comparison comparison,
+                        const WqlToken& where, Json literal) {
+    const bool equality = comparison == Comparison::kEqual || comparison == Comparison::kUnequal;
+    if (literal.is_null()) {
+      if (!equality) Fail(where, "NULL is compared by =, <>, IS or IS NOT");
+      return std::make_unique<NullCondition>(std::move(operand), comparison == Comparison::kEqual);
+    }
+    const bool isFlag = operand.system.empty() &&
+                        info_->declaration.properties[operand.property].type == CIM_BOOLEAN;
+    if (literal.is_string() && isFlag) {
+      Fail(where, name.text + " is a boolean; it is compared with TRUE or FALSE");
+    }
+    return std::make_unique<CompareCondition>(std::move(operand), comparison, std::move(literal));
+  }
+
+  ConditionPtr Isa() {
+    Expect("ISA");
+    const WqlToken& name = tokens_[next_];
+    if (name.kind != Kind::kText && name.kind != Kind::kWord) Unexpected("a class name in quotes");
+    const ClassInfo* wanted = repository_.FindClass(name.text);
+    if (wanted == nullptr) FailOnClass(name);
+    ++next_;
+    return std::make_unique<IsaCondition>(*wanted);
+  }
+
+  /// Whether a literal comes, and no property that has a literal's name.
+  bool IsConstant() const {
+    const WqlToken& token = tokens_[next_];
+    if (token.kind == Kind::kText || token.kind == Kind::kNumber) return true;
+    const bool isNamed = SameName(token.text, "TRUE") || SameName(token.text, "FALSE") ||
+                         SameName(token.text, "NULL");
+    return token.kind == Kind::kWord && isNamed && !info_->FindProperty(token.text);
+  }
+
+  const ComparisonRow& Symbol(const std::string& expected) {
+    for (const ComparisonRow& row : kComparisons) {
+      if (Take(row.symbol)) return row;
+    }
+    Unexpected(expected);
   }
 
   Json Literal(bool textOnly) {
@@ -122,6 +178,7 @@ class Parser {
     if (token.kind == Kind::kNumber) return Number();
     if (Take("TRUE")) return true;
     if (Take("FALSE")) return false;
+    if (Take("NULL")) return nullptr;
     Unexpected("a text in quotes, a whole number, TRUE, FALSE or NULL");
   }
 
@@ -137,12 +194,15 @@ class Parser {
     return number;
   }
 
-  std::size_t Property(const WqlToken& name) {
+  Operand OperandOf(const WqlToken& name) {
+    if (const auto system = SystemPropertyName(name.text)) return {0, *system};
     const std::optional<std::size_t> property = info_->FindProperty(name.text);
-    if (!property) {
-      Fail(name, info_->NoProperty(name.text));
+    if (!property && info_ == &MetaClass()) {
+      Fail(name,
+           "meta_class has __CLASS, __SUPERCLASS, __RELPATH and __PATH, no '" + name.text + "'");
     }
-    return *property;
+    if (!property) Fail(name, info_->NoProperty(name.text));
+    return {*property};
   }
 
   bool Take(std::string_view wordOrSymbol) {
@@ -165,6 +225,10 @@ class Parser {
   }
   [[noreturn]] static void Fail(const WqlToken& where, const std::string& what) {
     throw QueryError("character " + std::to_string(where.position) + ": " + what);
+  }
+  [[noreturn]] void FailOnClass(const WqlToken& name) const {
+    throw UnknownClassError("character " + std::to_string(name.position) + ": there is no class '" +
+                            name.text + "'" + repository_.DidYouMeanClass(name.text));
   }
 
   std::vector<WqlToken> tokens_;

@@ -1,9 +1,12 @@
 #pragma once
 // The part of WQL that selects instances of one class:
-//   SELECT * | column, … FROM class [WHERE condition]
-// with AND, OR, NOT, parentheses, = <> != < <= > >= LIKE (% _ [set] [^set]), IS [NOT] NULL, and
-// literals of text, whole numbers, TRUE, FALSE and NULL. Keywords, names and texts compare without
-// regard to the case of ASCII letters. A comparison with a missing value is neither true nor false.
+//   SELECT * | column, … FROM class [WHERE condition] [;]
+// with AND, OR, NOT, parentheses, = <> != < <= > >= with the constant on either side, LIKE (% _
+// [set]
+// [^set]), IS [NOT] NULL, __this ISA "class", and literals of text, whole numbers, TRUE, FALSE and
+// NULL; of meta_class it selects classes, by their system properties. Keywords, names and texts
+// compare without regard to the case of ASCII letters. A comparison with a missing value is neither
+// true nor false.
 
 #include <memory>
 #include <optional>
@@ -37,11 +40,12 @@ class Condition {
 
 struct WqlQuery {
   std::string className;
+  bool ofClasses = false;            ///< classes of the schema themselves: of meta_class
   std::vector<std::string> columns;  ///< empty for all
   std::unique_ptr<Condition> where;  ///< null for none
 
-  bool Selects(const CimObject& instance) const {
-    return where == nullptr || where->Holds(instance).value_or(false);
+  bool Selects(const CimObject& object) const {
+    return where == nullptr || where->Holds(object).value_or(false);
   }
 };
 

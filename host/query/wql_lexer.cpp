@@ -12,8 +12,8 @@ namespace {
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_";
 constexpr std::string_view kDigits = "0123456789";
 // Longer symbols first.
-constexpr std::array<std::string_view, 11> kSymbols = {"<=", ">=", "<>", "!=", "=", "<",
-                                                       ">",  "*",  ",",  "(",  ")"};
+constexpr std::array<std::string_view, 12> kSymbols = {"<=", ">=", "<>", "!=", "=", "<",
+                                                       ">",  "*",  ",",  "(",  ")", ";"};
 
 bool IsIn(char character, std::string_view set) {
   return set.find(character) != std::string_view::npos;

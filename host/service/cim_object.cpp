@@ -13,15 +13,6 @@ platform::Variant DefaultOf(const PropertyDeclaration& property) {
   return null;
 }
 
-std::string Quoted(const std::string& text) {
-  std::string quoted = "\"";
-  for (const char character : text) {
-    if (character == '"' || character == '\\') quoted += '\\';
-    quoted += character;
-  }
-  return quoted + '"';
-}
-
 std::string KeyText(const Json& value) {
   if (value.is_string()) return Quoted(value.get<std::string>());
   if (value.is_boolean()) return value.get<bool>() ? "TRUE" : "FALSE";
@@ -39,8 +30,17 @@ std::string MofText(const Json& value) {
 
 }  // namespace
 
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char character : text) {
+    if (character == '"' || character == '\\') quoted += '\\';
+    quoted += character;
+  }
+  return quoted + '"';
+}
+
 std::optional<std::string> SystemPropertyName(std::string_view name) {
-  for (const char* known : {"__CLASS", "__RELPATH", "__PATH"}) {
+  for (const char* known : {"__CLASS", "__SUPERCLASS", "__RELPATH", "__PATH"}) {
     if (SameName(known, name)) return known;
   }
   return std::nullopt;
@@ -48,6 +48,10 @@ std::optional<std::string> SystemPropertyName(std::string_view name) {
 
 Json CimObject::SystemValue(const std::string& name) const {
   if (name == "__CLASS") return info_->name();
+  if (name == "__SUPERCLASS") {
+    const std::string& superclass = info_->declaration.superclass;
+    return superclass.empty() ? Json() : Json(superclass);
+  }
   const std::optional<std::string> path = name == "__PATH" ? Path() : RelativePath();
   return path ? Json(*path) : Json();
 }

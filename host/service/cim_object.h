@@ -11,8 +11,11 @@
 
 namespace host {
 
-/// The spelling of a system property that can be shown beside a class's own: __CLASS, __RELPATH or
-/// __PATH; none for any other name.
+/// A text as object paths and MOF write it: in double quotes, with \ before a quote or a \.
+std::string Quoted(std::string_view text);
+
+/// The spelling of a system property that can be shown beside a class's own: __CLASS, __SUPERCLASS,
+/// __RELPATH or __PATH; none for any other name.
 std::optional<std::string> SystemPropertyName(std::string_view name);
 
 /// A class definition or an instance as a value: which properties were put, in which order, and

@@ -170,6 +170,7 @@ TEST(PathClassName, IsWhatStandsBetweenNamespaceAndKeys) {
       {R"(\\.\root\cimv2:Toy.Id="x:y.z")", "Toy"},
       {R"(\\.\root\cimv2:Only=@)", "Only"},
       {R"(Toy="7")", "Toy"},
+      {"Toy.Id='x:y.z'", "Toy"},
       {"", ""},
   };
   for (const auto& [path, name] : rows) EXPECT_EQ(ClassNameOfPath(path), name) << path;

@@ -49,6 +49,15 @@ TEST(Wql, SelectsByCondition) {
       {"Small = 1 AND Count = 6", false},
       {"NOT (Small = 1 AND Count = 5 AND On = 1)", false},  // no value decides in the first place
       {"NOT (Small = 1 AND Count = 6)", true},
+      // A constant on the left, system properties, classes.
+      {"'ALPHA' = Id;", true},
+      {"'b' > Id AND 'b' >= Id AND NOT ('b' < Id OR 'b' <= Id)", true},
+      {"4 < Count AND 6 > Count AND 5 <= Count AND 5 >= Count AND 6 != Count", true},
+      {"TRUE = On AND NULL = Small AND NULL <> Count", true},
+      {"__CLASS = 'toy' AND __class <> 'Base' AND __RELPATH LIKE 'toy.%'", true},
+      {"__SUPERCLASS = 'Base' AND __SUPERCLASS IS NOT NULL", true},
+      {"__THIS ISA 'base' AND __this ISA Toy", true},
+      {"__this ISA 'Pair'", false},
   };
   for (const Row& row : kRows) {
     const WqlQuery query =
@@ -107,6 +116,21 @@ TEST(Wql, SpellsNamesAsTheSchemaDoes) {
   EXPECT_TRUE(query.Selects(NewToy("x", 1)));
 }
 
+TEST(Wql, SelectsClasses) {
+  const auto selected = [](const std::string& where) {
+    const WqlQuery query = ParseWql("SELECT * FROM Meta_Class" + where, ToyRepository());
+    EXPECT_TRUE(query.ofClasses);
+    std::string names;
+    for (const ClassInfo* info : ToyRepository().served()) {
+      if (query.Selects(CimObject(*info, CimObject::Kind::kClass))) names += info->name() + " ";
+    }
+    return names;
+  };
+  EXPECT_EQ(selected(""), "Base Toy Pair Only ");
+  EXPECT_EQ(selected(" WHERE __this ISA 'Base'"), "Base Toy ");
+  EXPECT_EQ(selected(" WHERE __SUPERCLASS IS NULL AND NOT __CLASS LIKE 'O%'"), "Base Pair ");
+}
+
 TEST(Wql, SaysWhereAQueryIsWrong) {
   const std::pair<std::string, const char*> rows[] = {
       {"", "character 1: expected SELECT"},
@@ -122,7 +146,14 @@ TEST(Wql, SaysWhereAQueryIsWrong) {
       {"SELECT * FROM Toy WHERE (Id = 'x'", "expected )"},
       {"SELECT * FROM Toy WHERE Count = 99999999999999999999", "too large"},
       {"SELECT * FROM Toy extra", "expected the end"},
-      {"SELECT * FROM Toy;", "unexpected ';'"},
+      {"SELECT * FROM Toy; SELECT", "character 20: expected the end"},
+      {"SELECT * FROM Toy WHERE 'x' LIKE Id", "expected =, <>, <, <=, > or >=, found LIKE"},
+      {"SELECT * FROM Toy WHERE 5 = 6", "expected a property name, found 6"},
+      {"SELECT * FROM Toy WHERE 'x' = On", "character 25: On is a boolean"},
+      {"SELECT * FROM Toy WHERE NULL < Id", "character 25: NULL is compared by"},
+      {"SELECT * FROM Toy WHERE __this = 'Toy'", "expected ISA"},
+      {"SELECT * FROM Toy WHERE __this ISA 'Toi'", "no class 'Toi' (did you mean Toy?)"},
+      {"SELECT Id FROM meta_class", "character 8: meta_class has __CLASS"},
       {"SELECT * FROM Toy WHERE " + std::string(100000, '('), "nested too deeply"},
   };
   for (const auto& [query, message] : rows) {
