@@ -50,6 +50,9 @@ std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
   if (takes == Takes::kWidth && (!isNumber(text) || std::stoi(text) == 0)) {
     return "'" + text + "' is no number of columns";
   }
+  if ((takes == Takes::kFile || takes == Takes::kFolder) && text.empty()) {
+    return "the name is empty";
+  }
   if (takes == Takes::kChoice && std::ranges::none_of(choices, [&text](const char* choice) {
         return SameName(choice, text);
       })) {
@@ -93,7 +96,7 @@ CLI::Option* AddOption(CLI::App& app, const OptionRow& row) {
   const bool mayMiss = *row.value == '[';
   CLI::Option* option = app.add_option(row.name)->description(row.help)->type_name(row.value);
   option->expected(mayMiss ? 0 : 1, 1)->take_last();
-  option->check(ValueCheck(row));
+  if (!mayMiss) option->check(ValueCheck(row));
   return option;
 }
 
@@ -105,10 +108,9 @@ void AddArgument(CLI::App& app, const ArgumentRow& row, Command* command) {
     command->Set(row.name, values);
   };
   CLI::Option* option =
-      row.count == ArgumentRow::Count::kAny
-          ? app.add_option_function<std::vector<std::string>>(name, keep, row.help)
-          : app.add_option(name)->description(row.help);
-  option->type_name("")->required(row.count == ArgumentRow::Count::kOne)->check(ValueCheck(row));
+      TakesSeveral(row) ? app.add_option_function<std::vector<std::string>>(name, keep, row.help)
+                        : app.add_option(name)->description(row.help);
+  option->type_name("")->required(MustStand(row))->check(ValueCheck(row));
 }
 
 /// The first line of a message; the parser's library puts some on several.

@@ -52,7 +52,7 @@ const std::vector<CommandRow>& Commands() {
        .arguments =
            {{"WQL",
              "SELECT ... FROM CLASS [WHERE ...], ASSOCIATORS OF {PATH}, REFERENCES OF {PATH}",
-             Takes::kQuery}},
+             Takes::kQuery, Count::kWords}},
        .options = {kPaths, {"--provider", nullptr, "Hand the query to the provider unchanged"}},
        .needs = Needs::kProvider,
        .formats = kNetworkFormats,

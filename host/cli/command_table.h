@@ -29,7 +29,8 @@ enum class Takes {
 };
 
 struct ArgumentRow {
-  enum class Count { kOne, kOptional, kAny };
+  /// kWords is one text that may come as several words, without quotes around it.
+  enum class Count { kOne, kOptional, kAny, kWords };
 
   const char* name;
   const char* help;
@@ -78,6 +79,14 @@ const std::vector<CommandRow>& Commands();
 const std::vector<OptionRow>& HostOptions();
 /// Options that stand on every command line, in a shell too.
 const std::vector<OptionRow>& OutputOptions();
+
+/// Whether a command line needs this argument.
+inline bool MustStand(const ArgumentRow& row) {
+  return row.count == ArgumentRow::Count::kOne || row.count == ArgumentRow::Count::kWords;
+}
+inline bool TakesSeveral(const ArgumentRow& row) {
+  return row.count == ArgumentRow::Count::kAny || row.count == ArgumentRow::Count::kWords;
+}
 
 /// Whether a command may stand on this kind of line.
 bool MayStand(const CommandRow& row, bool inShell);

@@ -28,7 +28,7 @@ inline constexpr ExitStatusRow kExitStatuses[] = {
     {kNotFound, "no such class or instance"},
     {kRefused,
      "the provider refused a request, could not be loaded, or reported a failed start (requests "
-     "are still made)"},
+     "are still made); the ReturnValue of a method is FALSE"},
     {kDefective, "the provider broke the contract"},
     {kNotWritten, "standard output could not be written whole: a full disk, a closed pipe"},
 };

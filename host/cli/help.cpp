@@ -39,7 +39,7 @@ std::string Usage(const CommandRow& row, bool inShell) {
   std::string text = (inShell ? "" : "wmihost ") + std::string(row.name);
   for (const ArgumentRow& argument : row.arguments) {
     const std::string name = argument.name;
-    text += argument.count == ArgumentRow::Count::kOne        ? " " + name
+    text += MustStand(argument)                               ? " " + name
             : argument.count == ArgumentRow::Count::kOptional ? " [" + name + "]"
                                                               : " [" + name + " ...]";
   }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "host/cli/assign.h"
 #include "host/cli/commands.h"
 #include "host/cli/dump_origin.h"
@@ -82,6 +84,38 @@ ExitStatus RunReport(const Command&, CommandContext& context) {
   return status;
 }
 
+namespace {
+
+/// Names the in-parameters that were not given: what a method takes for one that is missing is the
+/// provider's own matter.
+void RequireAll(const MethodInfo& method, const std::vector<std::size_t>& given) {
+  std::string missing;
+  const auto& parameters = method.in->declaration.properties;
+  for (std::size_t index = 0; index < parameters.size(); ++index) {
+    if (std::ranges::find(given, index) != given.end()) continue;
+    missing += (missing.empty() ? "" : ", ") + parameters[index].name + " (" +
+               CimTypeName(parameters[index].type) + ")";
+  }
+  if (!missing.empty()) {
+    throw ValueError(method.declaration.name + ": in-parameters are missing: " + missing);
+  }
+}
+
+/// The methods that remove something, for one who tries to delete an instance.
+std::string RemovingMethods(const Repository& repository) {
+  std::string names;
+  for (const ClassInfo* info : repository.served()) {
+    for (const MethodInfo& method : info->methods) {
+      if (!method.declaration.name.starts_with("Remove")) continue;
+      names += (names.empty() ? "; what removes something is the method " : ", ") +
+               method.declaration.name + " of " + info->name();
+    }
+  }
+  return names;
+}
+
+}  // namespace
+
 ExitStatus RunCall(const Command& command, CommandContext& context) {
   const std::string path = command.Text("PATH");
   const std::string methodName = command.Text("METHOD");
@@ -97,19 +131,28 @@ ExitStatus RunCall(const Command& command, CommandContext& context) {
   std::optional<CimObject> in;
   if (method->in != nullptr) {
     in.emplace(*method->in);
-    Assign(command.All("NAME=VALUE"), &*in, [](const PropertyDeclaration&) { return true; });
+    RequireAll(*method, Assign(command.All("NAME=VALUE"), &*in,
+                               [](const PropertyDeclaration&) { return true; }));
   } else if (!command.All("NAME=VALUE").empty()) {
     throw ValueError(method->declaration.name + " takes no parameters");
   }
   // Checked before the method runs.
   const std::vector<std::string> fields = FieldsOf(method->out.get(), command.fields);
-  const Outcome outcome = context.session->Call(path, methodName, in ? &*in : nullptr);
-  return Show(context, path + " " + methodName, path, outcome, command, fields);
+  // The provider knows a method by its exact name alone.
+  const std::string& name = method->declaration.name;
+  const Outcome outcome = context.session->Call(path, name, in ? &*in : nullptr);
+  const ExitStatus status = Show(context, path + " " + name, path, outcome, command, fields);
+  if (status != kSuccess || method->declaration.returnType == CIM_EMPTY) return status;
+  return CheckReturnValue(context, path + " " + name,
+                          outcome.objects.empty() ? Json() : outcome.objects.front().ToJson());
 }
 
 ExitStatus RunDelete(const Command& command, CommandContext& context) {
   const std::string path = command.Text("PATH");
-  return context.ReportOf("delete " + path, path, context.session->Delete(path).status);
+  const HRESULT status = context.session->Delete(path).status;
+  if (status != WBEM_E_NOT_SUPPORTED) return context.ReportOf("delete " + path, path, status);
+  return context.Fail(kRefused, "delete " + path + ": " + DescribeResult(status) +
+                                    RemovingMethods(context.repository));
 }
 
 }  // namespace host

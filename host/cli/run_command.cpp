@@ -1,9 +1,12 @@
 #include "host/cli/run_command.h"
 
+#include <algorithm>
+
 #include "host/cli/command_table.h"
 #include "host/cli/provider_host.h"
 #include "host/cli/service_commands.h"
 #include "host/query/wql.h"
+#include "host/service/meant_path.h"
 #include "host/service/provider_module.h"
 #include "scenario/platform_objects.h"
 #include "scenario/text_file.h"
@@ -40,20 +43,58 @@ class OutputScope {
   std::optional<TerminalGuard> guard_;
 };
 
+/// A word of a command line as one in single quotes, of which both families of shells take away no
+/// more than those; elsewhere than on Windows a path needs nothing else.
+std::string InSingleQuotes(const std::string& word) {
+  std::string text = "'";
+  for (const char character : word) text += character == '\'' ? "'\\''" : std::string(1, character);
+  return text + "'";
+}
+
+/// A word of a command line of Windows, with single quotes in the path, which no shell takes away.
+std::string InDoubleQuotes(std::string word) {
+  std::ranges::replace(word, '"', '\'');
+  return '"' + word + '"';
+}
+
+/// A path without its quotes names nothing: says what is to be typed.
+void ExplainPath(const Command& command, CommandContext& context) {
+  const auto meant = MeantPath(command.Text("PATH"), context.repository);
+  if (!meant) return;
+  const std::string begin =
+      std::string(context.inShell ? "" : "wmihost ") + command.row->name + " ";
+  context.Fail(kNotFound, context.inShell
+                              ? "a text in a path stands in quotes: " + begin + *meant
+                              : "a text in a path stands in quotes, which shells take away: type " +
+                                    begin + InSingleQuotes(*meant) + ", in cmd and PowerShell " +
+                                    begin + InDoubleQuotes(*meant));
+}
+
+/// A query that a shell has cut into words may have lost quotes, or hold names of files for *.
+std::string QueryProblem(const Command& command, const QueryError& error) {
+  const std::string problem = std::string("query: ") + error.what();
+  if (command.All("WQL").size() < 2) return problem;
+  return problem +
+         "; your shell may have changed it: put it in quotes, such as query \"SELECT * "
+         "FROM WiFi_NetworkAdapter WHERE Band = '802.11g'\"";
+}
+
 }  // namespace
 
 ExitStatus RunCommand(const Command& command, CommandContext& context) {
   const OutputScope scope(command, context);
   if (context.provider != nullptr) context.provider->BeginCommand();
   try {
-    return command.Has("--service") ? RunOnService(command, context)
-                                    : command.row->run(command, context);
+    const ExitStatus status = command.Has("--service") ? RunOnService(command, context)
+                                                       : command.row->run(command, context);
+    if (status == kNotFound || status == kRefused) ExplainPath(command, context);
+    return status;
   } catch (const ValueError& error) {
     return context.Fail(kBadInput, error.what());
   } catch (const UnknownClassError& error) {
-    return context.Fail(kNotFound, std::string("query: ") + error.what());
+    return context.Fail(kNotFound, QueryProblem(command, error));
   } catch (const QueryError& error) {
-    return context.Fail(kBadInput, std::string("query: ") + error.what());
+    return context.Fail(kBadInput, QueryProblem(command, error));
   } catch (const simulator::ScenarioError& error) {
     return context.Fail(kBadInput, std::string("scenario: ") + error.what());
   } catch (const CommandLineError& error) {

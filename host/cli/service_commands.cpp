@@ -5,6 +5,7 @@
 #include "host/cli/command_table.h"
 #include "host/cli/dump_origin.h"
 #include "host/cli/service_client.h"
+#include "host/cli/show.h"
 #include "host/report/report.h"
 #include "platform/control.h"
 
@@ -52,7 +53,7 @@ ExitStatus GetOnService(const Command& command, CommandContext& context, Service
 }
 
 ExitStatus QueryOnService(const Command& command, CommandContext& context, ServiceClient& service) {
-  return ShowAnswer(command, context, "query", service.Query(command.Text("WQL")));
+  return ShowAnswer(command, context, "query", service.Query(command.Joined("WQL")));
 }
 
 ExitStatus ClassesOnService(const Command& command, CommandContext& context,
@@ -118,8 +119,11 @@ ExitStatus PutOnService(const Command& command, CommandContext& context, Service
 ExitStatus CallOnService(const Command& command, CommandContext& context, ServiceClient& service) {
   const std::string path = command.Text("PATH");
   const std::string method = command.Text("METHOD");
-  return ShowAnswer(command, context, path + " " + method,
-                    service.Call(path, method, Typed(command)));
+  const ServiceAnswer answer = service.Call(path, method, Typed(command));
+  const ExitStatus status = ShowAnswer(command, context, path + " " + method, answer);
+  if (status != kSuccess || answer.objects.empty()) return status;
+  const Json out = RowOfService(answer.objects.front(), {});
+  return out.contains("ReturnValue") ? CheckReturnValue(context, path + " " + method, out) : status;
 }
 
 struct ServiceCommand {

@@ -1,5 +1,7 @@
 #include "host/cli/shell_words.h"
 
+#include <algorithm>
+
 #include "host/cli/command_table.h"
 #include "host/mof/schema.h"
 
@@ -18,6 +20,14 @@ bool IsPath(std::string_view begin) {
 bool TakesPath(const ShellWord& command) {
   const CommandRow* row = FindCommand(command.text);
   return row != nullptr && !row->arguments.empty() && row->arguments.front().takes == Takes::kPath;
+}
+
+/// Whether a query as it stands begins here, which quotes before it would not make it.
+bool BeginsQuery(std::string_view line, const ShellWord& word) {
+  constexpr std::string_view kVerbs[] = {"SELECT", "ASSOCIATORS", "REFERENCES"};
+  return std::ranges::any_of(kVerbs, [&](std::string_view verb) {
+    return SameName(word.text, verb) && SameName(line.substr(word.start, verb.size()), verb);
+  });
 }
 
 /// Reads the quoted text that begins at `*next`, which moves behind it.
@@ -65,13 +75,13 @@ std::vector<ShellWord> CutShellLine(std::string_view line) {
 std::vector<std::string> SplitShellLine(std::string_view line) {
   const std::vector<ShellWord> words = CutShellLine(line);
   std::vector<std::string> texts;
-  if (!words.empty() &&
-      (SameName(words[0].text, "SELECT") || SameName(words[0].text, "ASSOCIATORS") ||
-       SameName(words[0].text, "REFERENCES"))) {
-    std::size_t option = 0;
+  // "query" before it changes nothing.
+  const std::size_t first = words.size() > 1 && SameName(words[0].text, "query") ? 1 : 0;
+  if (words.size() > first && BeginsQuery(line, words[first])) {
+    std::size_t option = first;
     while (option < words.size() && !words[option].text.starts_with("--")) ++option;
     const std::size_t end = option < words.size() ? words[option].start : line.size();
-    std::string_view query = line.substr(words[0].start, end - words[0].start);
+    std::string_view query = line.substr(words[first].start, end - words[first].start);
     texts = {"query", std::string(query.substr(0, query.find_last_not_of(kBlanks) + 1))};
     for (; option < words.size(); ++option) texts.push_back(words[option].text);
     return texts;

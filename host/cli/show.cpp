@@ -77,4 +77,11 @@ ExitStatus Show(CommandContext& context, const std::string& what, const std::str
   return context.ReportOf(what, classOrPath, outcome.status);
 }
 
+ExitStatus CheckReturnValue(CommandContext& context, const std::string& what, const Json& out) {
+  const Json value = out.is_object() ? out.value("ReturnValue", Json()) : Json();
+  if (!value.is_null() && value != false) return kSuccess;
+  return context.Fail(kRefused, what + ": its ReturnValue is " +
+                                    (value.is_null() ? "missing: it failed" : "FALSE"));
+}
+
 }  // namespace host

@@ -33,4 +33,8 @@ ExitStatus Show(CommandContext& context, const std::string& what, const std::str
                 const Outcome& outcome, const Command& command,
                 const std::vector<std::string>& fields);
 
+/// Says that a method failed: its ReturnValue, in the row of its out-parameters, is FALSE or
+/// missing.
+ExitStatus CheckReturnValue(CommandContext& context, const std::string& what, const Json& out);
+
 }  // namespace host

@@ -23,6 +23,8 @@ TEST(ShellLine, IsCutIntoWords) {
       {R"(query 'a "b" \c')", {"query", R"(a "b" \c)"}},
       {R"(select * FROM Toy  WHERE Id = "x" --format csv)",
        {"query", R"(select * FROM Toy  WHERE Id = "x")", "--format", "csv"}},
+      {"QUERY select * FROM Toy WHERE Id = 'x' --format csv",
+       {"query", "select * FROM Toy WHERE Id = 'x'", "--format", "csv"}},
       {"? enum", {"help", "enum"}},
       {"''", {""}},
       {"", {}},
