@@ -18,7 +18,14 @@ provider/registration  platform
 provider/server        platform schema adapterapi provider/core profiles classes methods provider/registration
 scenario               platform schema adapterapi
 simulator              platform adapterapi scenario
-host                   platform scenario
+host/mof               platform scenario
+host/os                platform scenario
+host/service           platform scenario host/mof host/os
+host/query             platform scenario host/mof host/os host/service
+host/format            platform scenario host/mof host/os host/service
+host/model             platform scenario host/mof host/os host/service host/query host/format
+host/report            platform scenario host/mof host/os host/service host/query host/format host/model
+host/cli               platform scenario host/mof host/os host/service host/query host/format host/model host/report
 '
 
 git ls-files -co --exclude-standard -- '*.h' '*.cpp' '*.inc' |

@@ -5,11 +5,9 @@
 #include <vector>
 
 #include "host/cli/command_context.h"
+#include "host/model/dump.h"
 
 namespace host {
-
-/// The member of a dump that is no class: like one, an array, with one object.
-inline constexpr const char* kOriginMember = "wmihost";
 
 /// Where and when a dump was made: what a reproduction needs to know beside the instances.
 class DumpOrigin {

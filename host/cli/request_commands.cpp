@@ -80,7 +80,7 @@ ExitStatus RunDump(const Command& command, CommandContext& context) {
 
 ExitStatus RunReport(const Command&, CommandContext& context) {
   ExitStatus status = kSuccess;
-  context.output << ReportPage(context.repository, ReportedDump(context, &status));
+  WriteReport(context.output, context.repository, ReportedDump(context, &status));
   return status;
 }
 

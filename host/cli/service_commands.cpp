@@ -103,7 +103,7 @@ ExitStatus DumpOnService(const Command& command, CommandContext& context, Servic
 ExitStatus ReportOnService(const Command&, CommandContext& context, ServiceClient& service) {
   ExitStatus status = kSuccess;
   const Json all = DumpOf(context, service, &status);
-  context.output << ReportPage(context.repository, all);
+  WriteReport(context.output, context.repository, all);
   return status;
 }
 

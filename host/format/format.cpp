@@ -60,6 +60,36 @@ std::string JsonText(const Json& value) {
   return value.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+void EachJsonPiece(const Json& value, const std::function<void(std::string_view)>& take) {
+  // A piece as it is written that many levels down.
+  const auto give = [&take](const std::string& before, const Json& piece, const char* indent) {
+    std::string text = before;
+    const std::string plain = piece.dump(2, ' ', false, Json::error_handler_t::replace);
+    for (const char character : plain) {
+      text += character;
+      if (character == '\n') text += indent;
+    }
+    take(text);
+  };
+  if (!value.is_object() || value.empty()) return take(JsonText(value));
+  const char* separator = "{\n";
+  for (const auto& [name, member] : value.items()) {
+    const std::string start = separator + ("  " + Json(name).dump() + ": ");
+    separator = ",\n";
+    if (!member.is_array() || member.empty()) {
+      give(start, member, "  ");
+      continue;
+    }
+    std::string before = start + "[\n    ";
+    for (const Json& element : member) {
+      give(before, element, "    ");
+      before = ",\n    ";
+    }
+    take("\n  ]");
+  }
+  take("\n}\n");
+}
+
 void CsvRows::Add(const Json& row) {
   constexpr std::size_t kBlock = 1 << 20;
   const auto& members = row.get_ref<const Json::object_t&>();

@@ -3,6 +3,7 @@
 // not every row has every name. Texts are UTF-8, lines end with a line feed.
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -29,6 +30,8 @@ std::string FormatRows(const Json& rows, OutputFormat format, int width,
 
 /// JSON with an indent of two blanks and a line end; texts that are no UTF-8 are mended.
 std::string JsonText(const Json& value);
+/// The same text of an object with arrays, an element of an array at a time.
+void EachJsonPiece(const Json& value, const std::function<void(std::string_view)>& take);
 /// Rows that come one after the other, kept as the lines that they become.
 class CsvRows {
  public:

@@ -1,6 +1,9 @@
 #include "host/report/chart_labels.h"
 
 #include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numeric>
 #include <string>
 
 #include "host/format/format.h"
@@ -8,8 +11,7 @@
 namespace host {
 namespace {
 
-constexpr double kStep = 2.0;       ///< how finely places are tried
-constexpr double kReach = 120.0;    ///< how far a label may move
+constexpr double kReach = 34.0;     ///< how far a label may move
 constexpr double kClearance = 1.0;  ///< kept between labels
 
 /// The end of the character that begins at `start`.
@@ -34,29 +36,64 @@ bool Box::Meets(const Box& other) const {
          top < other.top + other.height && other.top < top + height;
 }
 
-std::vector<std::optional<Box>> PlaceLabels(const std::vector<Box>& wishes, const Box& area) {
-  std::vector<Box> taken;
-  std::vector<std::optional<Box>> places;
-  for (Box box : wishes) {
+namespace {
+
+bool IsBeside(const Box& left, const Box& right) {
+  return left.left >= right.left + right.width + kClearance ||
+         right.left >= left.left + left.width + kClearance;
+}
+
+/// The wished boxes within `area`, a stronger one a line higher where it would be on a weaker one:
+/// a label reads better above its peak than below.
+std::vector<Box> RaisedBoxes(const std::vector<LabelWish>& wishes, const Box& area) {
+  std::vector<Box> boxes;
+  for (const LabelWish& wish : wishes) {
+    Box& box = boxes.emplace_back(wish.box);
     box.left =
         std::clamp(box.left, area.left, std::max(area.left, area.left + area.width - box.width));
+  }
+  for (std::size_t index = boxes.size(); index-- > 0;) {
+    Box& box = boxes[index];
     const double wished = box.top;
-    const auto isFree = [&](double top) {
-      const Box padded = {box.left - kClearance, top - kClearance, box.width + 2 * kClearance,
-                          box.height + 2 * kClearance};
-      return top >= area.top && top + box.height <= area.top + area.height &&
-             std::ranges::none_of(taken, [&](const Box& other) { return padded.Meets(other); });
-    };
-    std::optional<Box> place;
-    for (double distance = 0; distance <= kReach && !place; distance += kStep) {
-      for (const double top : {wished - distance, wished + distance}) {
-        if (place || !isFree(top)) continue;
-        box.top = top;
-        place = box;
+    for (std::size_t weaker = index + 1; weaker < boxes.size(); ++weaker) {
+      if (IsBeside(box, boxes[weaker])) continue;
+      box.top = std::min(box.top, boxes[weaker].top - box.height - kClearance);
+    }
+    box.top = std::max(box.top, wished - box.height - kClearance);
+  }
+  return boxes;
+}
+
+}  // namespace
+
+std::vector<std::optional<Box>> PlaceLabels(const std::vector<LabelWish>& wishes, const Box& area) {
+  const std::vector<Box> raised = RaisedBoxes(wishes, area);
+  std::vector<std::size_t> order(wishes.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::ranges::stable_sort(order, std::ranges::greater(),
+                           [&](std::size_t index) { return wishes[index].goesFirst; });
+  std::vector<std::size_t> placed;
+  std::vector<std::optional<Box>> places(wishes.size());
+  for (const std::size_t index : order) {
+    Box box = raised[index];
+    double highest = area.top;
+    double lowest = area.top + area.height - box.height;
+    for (const std::size_t other : placed) {
+      const Box& taken = *places[other];
+      const bool isBeside = IsBeside(box, taken);
+      const bool isAlike = wishes[other].strength == wishes[index].strength;
+      if (isBeside && isAlike) continue;
+      if (other < index) {
+        highest = std::max(highest, taken.top + (isBeside ? 0 : taken.height + kClearance));
+      } else {
+        lowest = std::min(lowest, taken.top - (isBeside ? 0 : box.height + kClearance));
       }
     }
-    if (place) taken.push_back(*place);
-    places.push_back(place);
+    if (highest > lowest) continue;
+    box.top = std::clamp(box.top, highest, lowest);
+    if (std::abs(box.top - wishes[index].box.top) > kReach) continue;
+    places[index] = box;
+    placed.push_back(index);
   }
   return places;
 }

@@ -17,9 +17,17 @@ struct Box {
   bool Meets(const Box& other) const;
 };
 
-/// Boxes of the wished sizes, as near to the wished places as earlier labels let them, within
-/// `area`; none for a label that finds no place. Labels move mostly up and down.
-std::vector<std::optional<Box>> PlaceLabels(const std::vector<Box>& wishes, const Box& area);
+/// A label's size and where it would be best.
+struct LabelWish {
+  Box box;
+  int strength;    ///< of what it names
+  bool goesFirst;  ///< before others that are stronger
+};
+
+/// Boxes of the wished sizes within `area`, each near its wish and none over another; none for a
+/// label that finds no place. `wishes` come in falling order of strength: no label is above that of
+/// something stronger. Labels move up and down only.
+std::vector<std::optional<Box>> PlaceLabels(const std::vector<LabelWish>& wishes, const Box& area);
 
 /// At least the width of a text in the usual fonts without serifs, in units of the font's size.
 double EstimatedTextWidth(std::string_view utf8);

@@ -1,7 +1,8 @@
 #include "host/report/class_section.h"
 
 #include "host/format/format.h"
-#include "host/report/findings.h"
+#include "host/model/machine.h"
+#include "host/report/places.h"
 
 namespace host {
 namespace {
@@ -10,54 +11,77 @@ namespace {
 constexpr std::size_t kManyProperties = 7;
 constexpr std::size_t kFewInstances = 4;
 
-void WriteValue(Html& html, const Json& row, const std::string& name) {
-  const auto found = row.find(name);
+/// The instances of a class and what of them was made up.
+struct ClassRows {
+  const std::string& name;
+  const Json& rows;
+  const Source& source;
+  const char* key;  ///< the property with the adapter's key; null for a class of no adapter
+
+  bool IsInvented(const Json& row, const std::string& property) const {
+    const std::string adapter = key == nullptr ? "" : TextOf(row, key);
+    return property != (key == nullptr ? "" : key) && source.IsInvented(name, property, adapter);
+  }
+};
+
+void WriteValue(Html& html, const ClassRows& shown, const Json& row, const std::string& property) {
+  const auto found = row.find(property);
   if (found == row.end() || found->is_null()) {
     html.Element("td", {{"class", "none"}}, "no value");
-  } else {
-    html.Open("td").Element("bdi", {}, CellText(*found)).Close();
+    return;
   }
+  html.Open("td").Element("bdi", {}, CellText(*found));
+  if (shown.IsInvented(row, property)) {
+    html.Text(" ").Element("span", {{"class", "invented"}}, "made up");
+  }
+  html.Close();
 }
 
-void WriteTurned(Html& html, const Json& rows, const std::vector<std::string>& names) {
+void WriteTurned(Html& html, const ClassRows& shown, const std::vector<std::string>& names) {
   html.Open("tbody");
   for (const std::string& name : names) {
     html.Open("tr").Element("th", {{"scope", "row"}}, name);
-    for (const Json& row : rows) WriteValue(html, row, name);
+    for (const Json& row : shown.rows) WriteValue(html, shown, row, name);
     html.Close().NewLine();
   }
   html.Close();
 }
 
-void WriteUpright(Html& html, const Json& rows, const std::vector<std::string>& names) {
+void WriteUpright(Html& html, const ClassRows& shown, const std::vector<std::string>& names) {
   html.Open("thead").Open("tr");
   for (const std::string& name : names) html.Element("th", {{"scope", "col"}}, name);
   html.Close().Close().Open("tbody").NewLine();
-  for (const Json& row : rows) {
+  for (const Json& row : shown.rows) {
     html.Open("tr");
-    for (const std::string& name : names) WriteValue(html, row, name);
+    for (const std::string& name : names) WriteValue(html, shown, row, name);
     html.Close().NewLine();
   }
   html.Close();
 }
 
-void WriteClass(Html& html, const ClassInfo& info, const Json& dump) {
+void WriteClass(Html& html, const ClassInfo& info, const Dump& dump, const Source& source) {
   const std::string& name = info.name();
-  const Json& rows = InstancesOf(dump, name);
+  const ClassRows shown = {name, dump.Rows(name), source, AdapterKeyOf(name)};
+  std::string failure = FailureOf(dump, name);
+  if (!dump.Has(name)) failure = "the dump has no " + name;
   html.Open("details", {{"id", ClassId(name)}}).Open("summary");
   html.Element("code", {}, name).Text(" ");
-  html.Element("span", {{"class", "count"}}, std::to_string(rows.size())).Close().NewLine();
+  const std::string count = std::to_string(shown.rows.size());
+  html.Element("span", {{"class", "count"}},
+               failure.empty()      ? count
+               : shown.rows.empty() ? "not known"
+                                    : "at least " + count);
+  html.Close().NewLine();
   html.Element("p", {{"class", "description"}}, info.declaration.qualifiers.Text("Description"));
-  const std::string failure = FailureOf(dump, name);
-  if (!failure.empty()) html.Element("p", {{"class", "failure"}}, failure);
-  const std::vector<std::string> names = NamesOf(rows);
+  if (!failure.empty()) html.Element("p", {{"class", "failure"}}, "Not known: " + failure + ".");
+  const std::vector<std::string> names = NamesOf(shown.rows);
   if (!names.empty()) {
-    const bool isTurned = names.size() > kManyProperties && rows.size() <= kFewInstances;
+    const bool isTurned = names.size() > kManyProperties && shown.rows.size() <= kFewInstances;
     html.Open("div",
               {{"class", "wide"}, {"role", "region"}, {"tabindex", "0"}, {"aria-label", name}});
     html.Open("table", {{"class", isTurned ? "turned" : "upright"}});
     html.Element("caption", {{"class", "unseen"}}, "Instances of " + name);
-    (isTurned ? WriteTurned : WriteUpright)(html, rows, names);
+    (isTurned ? WriteTurned : WriteUpright)(html, shown, names);
     html.Close().Close();
   }
   html.Close().NewLine();
@@ -65,11 +89,12 @@ void WriteClass(Html& html, const ClassInfo& info, const Json& dump) {
 
 }  // namespace
 
-void WriteClassSection(Html& html, const Repository& repository, const Json& dump) {
+void WriteClassSection(Html& html, const Repository& repository, const Dump& dump,
+                       const Source& source) {
   html.Open("section", {{"id", "classes"}, {"aria-labelledby", "classes-title"}});
   html.Element("h2", {{"id", "classes-title"}}, "Classes").NewLine();
   for (const ClassInfo* info : repository.served()) {
-    WriteClass(html, *info, dump);
+    WriteClass(html, *info, dump, source);
   }
   html.Close().NewLine();
 }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "host/model/dump.h"
+#include "host/model/source.h"
 #include "host/report/html.h"
 #include "host/service/repository.h"
-#include "host/service/value.h"
 
 namespace host {
 
 /// Every class with all its instances, folded.
-void WriteClassSection(Html& html, const Repository& repository, const Json& dump);
+void WriteClassSection(Html& html, const Repository& repository, const Dump& dump,
+                       const Source& source);
 
 }  // namespace host

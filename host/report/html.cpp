@@ -3,66 +3,71 @@
 namespace host {
 namespace {
 
-/// Escaped for text and for values in double quotes; control characters have no place in either.
-void AppendEscaped(std::string_view text, std::string* markup) {
-  for (const char character : text) {
-    switch (character) {
-      case '&':
-        *markup += "&amp;";
-        break;
-      case '<':
-        *markup += "&lt;";
-        break;
-      case '>':
-        *markup += "&gt;";
-        break;
-      case '"':
-        *markup += "&quot;";
-        break;
-      case '\'':
-        *markup += "&#39;";
-        break;
-      default:
-        *markup += static_cast<unsigned char>(character) < 0x20 ? ' ' : character;
-    }
+/// What a character is written as; null for those that stand for themselves. Control characters
+/// have no place in a text.
+const char* EscapeOf(char character) {
+  switch (character) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&#39;";
+    default:
+      return static_cast<unsigned char>(character) < 0x20 ? " " : nullptr;
   }
+}
+
+/// Escaped for text and for values in double quotes.
+void WriteEscaped(std::ostream& output, std::string_view text) {
+  std::size_t plain = 0;
+  for (std::size_t next = 0; next < text.size(); ++next) {
+    const char* escape = EscapeOf(text[next]);
+    if (escape == nullptr) continue;
+    output << text.substr(plain, next - plain) << escape;
+    plain = next + 1;
+  }
+  output << text.substr(plain);
 }
 
 }  // namespace
 
-void Html::Tag(const char* element, Attributes attributes) {
-  markup_.append("<").append(element);
+void Html::Tag(const char* element, Attributes attributes, const char* end) {
+  output_ << '<' << element;
   for (const auto& [name, value] : attributes) {
-    markup_.append(" ").append(name);
+    output_ << ' ' << name;
     if (value.empty()) continue;
-    markup_ += "=\"";
-    AppendEscaped(value, &markup_);
-    markup_ += '"';
+    output_ << "=\"";
+    WriteEscaped(output_, value);
+    output_ << '"';
   }
-  markup_ += '>';
+  output_ << end;
 }
 
 Html& Html::Open(const char* element, Attributes attributes) {
-  Tag(element, attributes);
+  Tag(element, attributes, ">");
   open_.push_back(element);
   return *this;
 }
 
 Html& Html::Close() {
-  markup_.append("</").append(open_.back()).append(">");
+  output_ << "</" << open_.back() << '>';
   open_.pop_back();
   return *this;
 }
 
 Html& Html::Empty(const char* element, Attributes attributes) {
-  Tag(element, attributes);
   // Elements of SVG need their end, those of HTML do not mind the blank and the slash.
-  markup_.insert(markup_.size() - 1, " /");
+  Tag(element, attributes, " />");
   return *this;
 }
 
 Html& Html::Text(std::string_view text) {
-  AppendEscaped(text, &markup_);
+  WriteEscaped(output_, text);
   return *this;
 }
 
@@ -71,23 +76,22 @@ Html& Html::Element(const char* element, Attributes attributes, std::string_view
 }
 
 Html& Html::Trusted(std::string_view text) {
-  markup_ += text;
+  output_ << text;
   return *this;
 }
 
 Html& Html::Json(std::string_view json) {
-  for (const char character : json) {
-    if (character == '<') {
-      markup_ += "\\u003c";
-    } else {
-      markup_ += character;
-    }
+  std::size_t plain = 0;
+  for (std::size_t next = json.find('<'); next != json.npos; next = json.find('<', plain)) {
+    output_ << json.substr(plain, next - plain) << "\\u003c";
+    plain = next + 1;
   }
+  output_ << json.substr(plain);
   return *this;
 }
 
 Html& Html::NewLine() {
-  markup_ += '\n';
+  output_ << '\n';
   return *this;
 }
 

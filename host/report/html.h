@@ -2,6 +2,7 @@
 // Markup whose texts cannot become markup: the one place of the report that escapes.
 
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,6 +14,8 @@ namespace host {
 /// own words; every text and every value of an attribute is escaped.
 class Html {
  public:
+  explicit Html(std::ostream& output) : output_(output) {}
+
   using Attributes = std::initializer_list<std::pair<const char*, std::string>>;
 
   Html& Open(const char* element, Attributes attributes = {});
@@ -24,16 +27,15 @@ class Html {
   Html& Element(const char* element, Attributes attributes, std::string_view text);
   /// The program's own style sheet or script, as it is.
   Html& Trusted(std::string_view text);
-  /// A JSON text for the content of a script element: no end of the element can stand in it.
+  /// A piece of a JSON text for the content of a script element, in which no end of the element can
+  /// be.
   Html& Json(std::string_view json);
   Html& NewLine();
 
-  const std::string& markup() const { return markup_; }
-
  private:
-  void Tag(const char* element, Attributes attributes);
+  void Tag(const char* element, Attributes attributes, const char* end);
 
-  std::string markup_;
+  std::ostream& output_;
   std::vector<const char*> open_;
 };
 

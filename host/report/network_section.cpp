@@ -2,12 +2,18 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
-#include "host/report/findings.h"
+#include "host/model/wording.h"
+#include "host/report/places.h"
 #include "host/report/signal_chart.h"
 
 namespace host {
 namespace {
+
+constexpr int kMeterBase = -100;  ///< dBm
+constexpr int kMeterLength = 70;
+constexpr std::size_t kOpenCharts = 8;  ///< adapters whose charts are not folded
 
 struct Column {
   const char* heading;
@@ -15,8 +21,15 @@ struct Column {
 };
 
 constexpr Column kColumns[] = {
-    {"Network", "text"},  {"Access point", "text"}, {"Channel", "number"},  {"Signal", "number"},
-    {"Standard", "text"}, {"Security", "text"},     {"Overlaps", "number"}, {"Available", "text"},
+    {"Network", "text"},      {"Signal", "number"}, {"Channel", "number"},  {"Security", "text"},
+    {"Access point", "text"}, {"Standard", "text"}, {"Overlaps", "number"}, {"Available", "text"},
+};
+
+/// The networks of a spectrum by adapter: bells and those that have no place on a chart.
+struct Heard {
+  const Adapter* adapter;
+  std::vector<Bell> bells = {};
+  std::vector<const Network*> misplaced = {};
 };
 
 std::string Shown(const std::optional<int>& number) {
@@ -25,7 +38,7 @@ std::string Shown(const std::optional<int>& number) {
 
 /// How strong a signal is; the text beside it says the same.
 void WriteMeter(Html& html, int signal) {
-  const int length = std::clamp(signal, kLowestSignal, kHighestSignal) - kLowestSignal;
+  const int length = std::clamp(signal - kMeterBase, 0, kMeterLength);
   html.Open("svg", {{"class", "meter"}, {"viewBox", "0 0 70 6"}, {"aria-hidden", "true"}})
       .Empty("rect", {{"class", "track"}, {"width", "70"}, {"height", "6"}, {"rx", "3"}})
       .Empty("rect", {{"width", std::to_string(length)}, {"height", "6"}, {"rx", "3"}})
@@ -42,40 +55,70 @@ void WriteNumber(Html& html, const std::optional<int>& number) {
                Shown(number));
 }
 
-void WriteRow(Html& html, const Network& network, const std::string& id, int overlapping,
-              const std::string& adapterTitle) {
-  html.Open("tr", {{"data-network", id}, {"class", network.associated ? "associated" : "network"}});
+void WriteName(Html& html, const Network& network) {
   html.Open("th", {{"scope", "row"}, {"data-value", network.name}});
   if (network.name.empty()) {
     html.Element("i", {}, "hidden");
   } else {
     html.Element("bdi", {}, network.name);
   }
+  if (!network.utf8Name.empty()) {
+    html.Open("span", {{"class", "reading"}}).Text(" as UTF-8: ");
+    html.Element("bdi", {{"class", "utf8"}}, network.utf8Name).Close();
+  }
   if (network.associated) html.Text(" ").Element("span", {{"class", "tag"}}, "associated");
   html.Close();
-  html.Open("td").Element("code", {}, network.mac).Close();
-  WriteNumber(html, network.channel);
+}
+
+void WriteRow(Html& html, const Network& network, const std::string& id,
+              std::optional<int> overlapping, const std::string& adapterTitle) {
+  html.Open("tr", {{"data-network", id}, {"class", network.associated ? "associated" : "network"}});
+  WriteName(html, network);
   html.Open("td", {{"class", "signal"},
                    {"data-value", network.signal ? std::to_string(*network.signal) : "-999"}});
   if (network.signal) {
     WriteMeter(html, *network.signal);
     html.Element("span", {}, std::to_string(*network.signal) + " dBm");
+  } else {
+    html.Text(Shown(network.signal));
   }
   html.Close();
-  WriteCell(html, network.standard + (network.mode == "Ad hoc" ? ", ad hoc" : ""));
+  WriteNumber(html, network.channel);
   const bool isWeak =
       network.protection == Protection::kOpen || network.protection == Protection::kWep;
   html.Open("td", {{"class", isWeak ? "weak" : "security"}})
       .Text(network.security.empty() ? "\u2013" : network.security)
       .Close();
+  html.Open("td").Element("code", {}, network.mac).Close();
+  WriteCell(html, network.standard + (network.mode == "Ad hoc" ? ", ad hoc" : ""));
   WriteNumber(html, overlapping);
-  WriteCell(html, network.available ? "yes" : "no");
+  WriteCell(html, !network.available ? "\u2013" : *network.available ? "yes" : "no");
   if (!adapterTitle.empty()) WriteCell(html, adapterTitle);
   html.Close().NewLine();
 }
 
-void WriteTable(Html& html, const Json& dump, const std::vector<Bell>& bells,
-                const std::string& section, const std::string& title, bool hasAdapters) {
+/// Counts how many networks of an adapter reach into a channel.
+class Overlaps {
+ public:
+  void Add(const Network& network) {
+    if (network.centre) ++heard_[network.adapter][*network.centre];
+  }
+  /// Others than the network itself; none for one without a place.
+  std::optional<int> Of(const Network& network) const {
+    if (!network.centre) return std::nullopt;
+    const std::map<int, int>& centres = heard_.at(network.adapter);
+    int overlapping = -1;  // itself
+    const auto end = centres.lower_bound(*network.centre + kChannelWidth);
+    auto next = centres.upper_bound(*network.centre - kChannelWidth);
+    for (; next != end; ++next) overlapping += next->second;
+    return overlapping;
+  }
+
+ private:
+  std::unordered_map<std::string, std::map<int, int>> heard_;  ///< by adapter and centre
+};
+
+void WriteFilter(Html& html, const std::string& section) {
   html.Open("p", {{"class", "filter"}, {"hidden", ""}});
   html.Element("label", {{"for", "filter-" + section}}, "Filter");
   html.Empty("input", {{"type", "search"},
@@ -84,6 +127,17 @@ void WriteTable(Html& html, const Json& dump, const std::vector<Bell>& bells,
                        {"spellcheck", "false"},
                        {"placeholder", "Name, address, security"}});
   html.Element("output", {{"for", "filter-" + section}}, "").Close().NewLine();
+}
+
+struct TableRow {
+  const Network* network;
+  std::string id;
+  const std::string* adapterTitle;
+};
+
+void WriteTable(Html& html, const std::vector<TableRow>& rows, const std::string& section,
+                const std::string& title, bool hasAdapters) {
+  WriteFilter(html, section);
   html.Open("div", {{"class", "wide"},
                     {"role", "region"},
                     {"tabindex", "0"},
@@ -95,79 +149,101 @@ void WriteTable(Html& html, const Json& dump, const std::vector<Bell>& bells,
   }
   if (hasAdapters) html.Element("th", {{"scope", "col"}, {"data-kind", "text"}}, "Adapter");
   html.Close().Close().Open("tbody").NewLine();
-  std::map<std::string, std::string> titles;
-  for (const Bell& bell : bells) {
-    const auto [place, isNew] = titles.try_emplace(bell.network->adapter);
-    if (isNew && hasAdapters) place->second = AdapterTitle(dump, bell.network->adapter);
-  }
-  // So many networks of an adapter have their centre there.
-  std::map<std::pair<std::string, int>, int> heard;
-  for (const Bell& bell : bells) {
-    if (bell.network->centre) ++heard[{bell.network->adapter, *bell.network->centre}];
-  }
-  for (const Bell& bell : bells) {
-    const Network& network = *bell.network;
-    int overlapping = 0;
-    if (network.centre) {
-      overlapping = -1;  // itself
-      const auto end = heard.lower_bound({network.adapter, *network.centre + kChannelWidth});
-      auto next = heard.upper_bound({network.adapter, *network.centre - kChannelWidth});
-      for (; next != end; ++next) overlapping += next->second;
-    }
-    WriteRow(html, network, bell.id, overlapping, titles.at(network.adapter));
+  Overlaps overlaps;
+  for (const TableRow& row : rows) overlaps.Add(*row.network);
+  for (const TableRow& row : rows) {
+    WriteRow(html, *row.network, row.id, overlaps.Of(*row.network),
+             hasAdapters ? *row.adapterTitle : "");
   }
   html.Close().Close().Close().NewLine();
 }
 
-void WriteChart(Html& html, Spectrum spectrum, const std::vector<Bell>& bells,
-                const std::string& id, const std::string& title) {
+/// Networks that the chart cannot show, by name and with the reason.
+void WriteMisplaced(Html& html, const std::vector<const Network*>& networks) {
+  constexpr std::size_t kNamed = 12;
+  if (networks.empty()) return;
+  html.Open("p", {{"class", "misplaced"}}).Text("Not on the chart: ");
+  for (std::size_t index = 0; index < std::min(networks.size(), kNamed); ++index) {
+    const Network& network = *networks[index];
+    if (index > 0) html.Text(", ");
+    html.Element("bdi", {}, network.name.empty() ? "hidden" : network.name);
+    html.Text(" (" + WhyNotCharted(network) + ")");
+  }
+  if (networks.size() > kNamed) {
+    html.Text(" and " + std::to_string(networks.size() - kNamed) + " more");
+  }
+  html.Text(".").Close().NewLine();
+}
+
+void WriteChart(Html& html, Spectrum spectrum, const Heard& heard, const std::string& id,
+                const std::string& title) {
   html.Open("figure");
-  html.Open("div",
-            {{"class", "wide"}, {"role", "region"}, {"tabindex", "0"}, {"aria-label", title}});
-  DrawSignalChart(html, spectrum, bells, id, title);
-  html.Close();
+  if (!heard.bells.empty()) {
+    html.Open("div",
+              {{"class", "wide"}, {"role", "region"}, {"tabindex", "0"}, {"aria-label", title}});
+    DrawSignalChart(html, spectrum, heard.bells, id, title);
+    html.Close();
+  }
   html.Open("figcaption").Text(title + ". A bell is 20 MHz wide and as high as the signal.");
   html.Open("span", {{"class", "keys"}});
   html.Element("span", {{"class", "key associated"}}, "Associated");
   html.Element("span", {{"class", "key unprotected"}}, "Open or WEP");
   html.Element("span", {{"class", "key"}}, "Encrypted or unknown");
-  html.Close().Close().Close().NewLine();
+  html.Element("span", {{"class", "key envelope"}}, "Others of a crowded channel");
+  html.Close();
+  WriteMisplaced(html, heard.misplaced);
+  html.Close().Close().NewLine();
+}
+
+void WriteCharts(Html& html, Spectrum spectrum, const std::vector<Heard>& all,
+                 const std::string& section) {
+  std::size_t shown = 0;
+  for (const Heard& heard : all) {
+    std::string title = "Signal by channel in the " + SpectrumTitle(spectrum) + " band";
+    if (all.size() > 1) title += ", " + heard.adapter->title;
+    const std::string id = section + "-chart-" + std::to_string(shown);
+    if (shown++ == kOpenCharts) {
+      html.Open("details", {{"class", "charts"}});
+      html.Element("summary", {}, "Charts of " + Counted(all.size() - kOpenCharts, "more adapter"));
+      html.NewLine();
+    }
+    WriteChart(html, spectrum, heard, id, title);
+  }
+  if (shown > kOpenCharts) html.Close().NewLine();
 }
 
 }  // namespace
 
-void WriteNetworkSection(Html& html, const Json& dump, const std::vector<Network>& networks,
-                         Spectrum spectrum) {
-  std::vector<Bell> bells;
-  std::vector<std::string> adapters;
-  std::map<std::string, std::vector<Bell>> byAdapter;
-  for (std::size_t index = 0; index < networks.size(); ++index) {
-    const Network& network = networks[index];
-    if (network.spectrum != spectrum) continue;
-    const Bell& bell = bells.emplace_back(Bell{&network, std::to_string(index)});
-    if (byAdapter[network.adapter].empty()) adapters.push_back(network.adapter);
-    byAdapter[network.adapter].push_back(bell);
+void WriteNetworkSection(Html& html, const Machine& machine, Spectrum spectrum) {
+  std::vector<Heard> all;
+  std::vector<TableRow> rows;
+  for (const Adapter& adapter : machine.adapters) {
+    Heard heard = {&adapter};
+    bool isSilent = true;
+    for (const Network* network : adapter.networks) {
+      if (network->spectrum != spectrum) continue;
+      isSilent = false;
+      std::string id = std::to_string(network - machine.networks.data());
+      if (WhyNotCharted(*network).empty()) {
+        heard.bells.push_back({network, id});
+      } else {
+        heard.misplaced.push_back(network);
+      }
+      rows.push_back({network, std::move(id), &adapter.title});
+    }
+    if (!isSilent) all.push_back(std::move(heard));
   }
-  if (bells.empty()) return;
+  if (rows.empty()) return;
   const std::string section = SpectrumId(spectrum);
   html.Open("section", {{"id", section}, {"aria-labelledby", section + "-title"}});
   html.Open("h2", {{"id", section + "-title"}}).Text(SpectrumTitle(spectrum) + " ");
-  html.Element("span", {{"class", "count"}},
-               std::to_string(bells.size()) + (bells.size() == 1 ? " network" : " networks"));
+  html.Element("span", {{"class", "count"}}, Counted(rows.size(), "network"));
   html.Close().NewLine();
-  const bool hasAdapters = adapters.size() > 1;
-  if (spectrum != Spectrum::kUnknown) {
-    for (const std::string& adapter : adapters) {
-      std::string title = "Signal by channel in the " + SpectrumTitle(spectrum) + " band";
-      if (hasAdapters) title += ", " + AdapterTitle(dump, adapter);
-      WriteChart(html, spectrum, byAdapter[adapter],
-                 section + "-chart-" + byAdapter[adapter].front().id, title);
-    }
-  }
-  std::ranges::stable_sort(bells, [](const Bell& left, const Bell& right) {
+  if (spectrum != Spectrum::kUnknown) WriteCharts(html, spectrum, all, section);
+  std::ranges::stable_sort(rows, [](const TableRow& left, const TableRow& right) {
     return left.network->signal > right.network->signal;
   });
-  WriteTable(html, dump, bells, section, "Networks, " + SpectrumTitle(spectrum), hasAdapters);
+  WriteTable(html, rows, section, "Networks, " + SpectrumTitle(spectrum), all.size() > 1);
   html.Close().NewLine();
 }
 

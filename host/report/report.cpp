@@ -1,11 +1,14 @@
 #include "host/report/report.h"
 
+#include <algorithm>
+
 #include "host/format/format.h"
+#include "host/model/machine.h"
 #include "host/report/adapter_section.h"
 #include "host/report/class_section.h"
-#include "host/report/findings.h"
 #include "host/report/html.h"
 #include "host/report/network_section.h"
+#include "host/report/places.h"
 #include "platform/embedded_text.h"
 
 EMBEDDED_TEXT(report_css)
@@ -14,31 +17,23 @@ EMBEDDED_TEXT(report_js)
 namespace host {
 namespace {
 
-constexpr const char* kTitle = "WiFi report";
+constexpr Spectrum kSpectra[] = {Spectrum::k24GHz, Spectrum::k5GHz, Spectrum::kUnknown};
 
-constexpr const char* WordOf(Weight weight) {
-  switch (weight) {
-    case Weight::kProblem:
-      return "Problem";
-    case Weight::kAttention:
-      return "Attention";
-    default:
-      return "Note";
-  }
+struct WeightWords {
+  const char* shown;
+  const char* style;
+};
+// In the order of Weight.
+constexpr WeightWords kWeights[] = {
+    {"Problem", "problem"}, {"Attention", "attention"}, {"Note", "note"}};
+
+std::string TitleOf(const Source& source) {
+  const std::string title = source.Title();
+  const bool isSimulated = source.isSimulated == true;
+  return "WiFi report" + (title.empty() ? "" : ": " + title) + (isSimulated ? " (simulated)" : "");
 }
 
-constexpr const char* StyleOf(Weight weight) {
-  switch (weight) {
-    case Weight::kProblem:
-      return "problem";
-    case Weight::kAttention:
-      return "attention";
-    default:
-      return "note";
-  }
-}
-
-void WriteHead(Html& html) {
+void WriteHead(Html& html, const std::string& title) {
   html.Open("head").NewLine();
   html.Empty("meta", {{"charset", "utf-8"}}).NewLine();
   // Only the page's own sheet and script: whatever else may have got in has no effect.
@@ -49,44 +44,58 @@ void WriteHead(Html& html) {
   html.NewLine();
   html.Empty("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
   html.Empty("meta", {{"name", "color-scheme"}, {"content", "light dark"}}).NewLine();
-  html.Element("title", {}, kTitle).NewLine();
+  html.Element("title", {}, title).NewLine();
   html.Open("style").Trusted(embedded::report_css()).Close().NewLine();
   html.Close().NewLine();
 }
 
-void WriteNavigation(Html& html, const std::vector<Network>& networks) {
+void WriteNavigation(Html& html, const Machine& machine) {
   const auto link = [&](const std::string& id, const std::string& text) {
     html.Open("li").Element("a", {{"href", "#" + id}}, text).Close();
   };
   html.Open("nav", {{"aria-label", "Sections"}}).Open("ul");
   link("findings", "What stands out");
   link(kAdaptersId, "Adapters");
-  for (const Spectrum spectrum : {Spectrum::k24GHz, Spectrum::k5GHz, Spectrum::kUnknown}) {
-    for (const Network& network : networks) {
-      if (network.spectrum != spectrum) continue;
+  for (const Spectrum spectrum : kSpectra) {
+    if (std::ranges::any_of(machine.networks, [spectrum](const Network& network) {
+          return network.spectrum == spectrum;
+        })) {
       link(SpectrumId(spectrum), SpectrumTitle(spectrum));
-      break;
     }
   }
   link("classes", "Classes");
   html.Close().Close().NewLine();
 }
 
-/// When and where the dump was made, as far as it says so.
-void WriteOrigin(Html& html, const Json& origins) {
-  for (const Json& origin : origins) {
-    const std::string time = TextOf(origin, "Time");
-    std::string shown = time.substr(0, time.find('Z'));
-    if (const std::size_t middle = shown.find('T'); middle != std::string::npos)
-      shown[middle] = ' ';
-    html.Element("time", {{"datetime", time}}, shown + " UTC");
-    for (const auto& [label, property] :
-         {std::pair("wmihost ", "Version"), std::pair("system ", "OsVersion"),
-          std::pair("library ", "LibraryVersion")}) {
-      const std::string value = TextOf(origin, property);
-      if (!value.empty()) html.Text(std::string(" \u00B7 ") + label + value);
+/// What machine it is, and when the dump was made with what, as far as the dump says so.
+void WriteSource(Html& html, const Source& source) {
+  const std::string title = source.Title();
+  const std::string nature = source.Nature();
+  html.Open("p", {{"class", "source"}});
+  if (title.empty() && nature.empty()) {
+    html.Text("The dump does not say what machine it is of.");
+  } else {
+    html.Text("Of ").Element("bdi", {}, title).Text(". ");
+    if (!nature.empty()) {
+      html.Element("strong", {{"class", source.isSimulated == true ? "simulated" : "real"}},
+                   nature);
     }
   }
+  html.Close().NewLine();
+  html.Open("p", {{"class", "made"}});
+  if (!source.time.empty()) {
+    std::string shown = source.time.substr(0, source.time.find('Z'));
+    if (const std::size_t middle = shown.find('T'); middle != std::string::npos) {
+      shown[middle] = ' ';
+    }
+    html.Element("time", {{"datetime", source.time}}, shown + " UTC");
+  }
+  for (const auto& [label, value] :
+       {std::pair("wmihost ", source.version), std::pair("system ", source.osVersion),
+        std::pair("library ", source.libraryVersion)}) {
+    if (!value.empty()) html.Text(std::string(" \u00B7 ") + label + value);
+  }
+  html.Close().NewLine();
 }
 
 void WriteFindings(Html& html, const std::vector<Finding>& findings) {
@@ -95,9 +104,11 @@ void WriteFindings(Html& html, const std::vector<Finding>& findings) {
   if (findings.empty()) html.Element("p", {}, "Nothing: every adapter is associated and well.");
   html.Open("ul", {{"class", "findings"}}).NewLine();
   for (const Finding& finding : findings) {
-    html.Open("li", {{"class", StyleOf(finding.weight)}});
-    html.Element("span", {{"class", "weight"}}, WordOf(finding.weight)).Open("div");
-    html.Open("a", {{"href", "#" + finding.place}}).Element("bdi", {}, finding.headline).Close();
+    const WeightWords& weight = kWeights[static_cast<std::size_t>(finding.weight)];
+    html.Open("li", {{"class", weight.style}});
+    html.Element("span", {{"class", "weight"}}, weight.shown).Open("div");
+    html.Open("a", {{"href", "#" + PlaceOf(finding)}});
+    html.Element("bdi", {}, finding.headline).Close();
     if (!finding.detail.empty()) html.Element("p", {}, finding.detail);
     html.Close().Close().NewLine();
   }
@@ -106,25 +117,23 @@ void WriteFindings(Html& html, const std::vector<Finding>& findings) {
 
 }  // namespace
 
-std::string ReportPage(const Repository& repository, const Json& dump) {
-  const std::vector<Network> networks = NetworksOf(dump);
-  Html html;
+void WriteReport(std::ostream& output, const Repository& repository, const Json& json) {
+  const Dump dump(json);
+  const Machine machine(dump);
+  const std::string title = TitleOf(machine.source);
+  Html html(output);
   html.Trusted("<!DOCTYPE html>\n").Open("html", {{"lang", "en"}}).NewLine();
-  WriteHead(html);
+  WriteHead(html, title);
   html.Open("body").NewLine();
   html.Element("a", {{"class", "skip"}, {"href", "#main"}}, "Skip to the content").NewLine();
-  html.Open("header").Element("h1", {}, kTitle);
-  html.Open("p", {{"class", "made"}});
-  WriteOrigin(html, InstancesOf(dump, "wmihost"));
-  html.Close().NewLine();
-  WriteNavigation(html, networks);
+  html.Open("header").Element("h1", {}, "WiFi report").NewLine();
+  WriteSource(html, machine.source);
+  WriteNavigation(html, machine);
   html.Close().Open("main", {{"id", "main"}}).NewLine();
-  WriteFindings(html, FindingsOf(dump, networks));
-  WriteAdapterSection(html, dump, networks);
-  for (const Spectrum spectrum : {Spectrum::k24GHz, Spectrum::k5GHz, Spectrum::kUnknown}) {
-    WriteNetworkSection(html, dump, networks, spectrum);
-  }
-  WriteClassSection(html, repository, dump);
+  WriteFindings(html, machine.findings);
+  WriteAdapterSection(html, machine);
+  for (const Spectrum spectrum : kSpectra) WriteNetworkSection(html, machine, spectrum);
+  WriteClassSection(html, repository, dump, machine.source);
   html.Close().NewLine();
   html.Open("footer")
       .Open("p")
@@ -133,10 +142,10 @@ std::string ReportPage(const Repository& repository, const Json& dump) {
       .Close()
       .NewLine();
   html.Open("script", {{"type", "application/json"}, {"id", "wifi-dump"}});
-  html.Json(JsonText(dump)).Close().NewLine();
+  EachJsonPiece(json, [&html](std::string_view piece) { html.Json(piece); });
+  html.Close().NewLine();
   html.Open("script").Trusted(embedded::report_js()).Close().NewLine();
   html.Close().Close().NewLine();
-  return html.markup();
 }
 
 }  // namespace host

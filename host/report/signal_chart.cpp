@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
+#include "host/model/wording.h"
 #include "host/report/chart_labels.h"
+#include "host/report/signal_scale.h"
+#include "host/report/spectrum_axis.h"
 
 namespace host {
 namespace {
@@ -13,15 +17,20 @@ constexpr double kWidth = 960;
 constexpr double kHeight = 356;
 constexpr double kLeft = 44;
 constexpr double kRight = 948;
-constexpr double kTop = 12;
+constexpr double kTop = 18;
 constexpr double kBottom = 312;
 constexpr double kSegmentGap = 30;
 constexpr double kLabelSize = 11.5;
 constexpr double kLabelHeight = 14;
-constexpr double kLabelLift = 5;    ///< of a label above its peak
-constexpr double kLeaderFrom = 12;  ///< a label that moved farther gets a line
+constexpr double kLabelLift = 5;      ///< of a label above its peak
+constexpr double kLeaderFrom = 12;    ///< a label that moved farther gets a line
+constexpr double kCountsHeight = 16;  ///< kept free of labels above the base
+constexpr double kCountWidth = 24;
 constexpr int kLabelColumns = 22;
-constexpr int kSignalStep = 10;
+/// So many networks of a channel have a bell of their own; an envelope stands for the others.
+constexpr std::size_t kOwnBells = 8;
+/// From so many bells on they are drawn fainter, so that those below can still be seen.
+constexpr std::size_t kDense = 24;
 
 /// Tenths are finer than any screen, and print alike everywhere.
 std::string Number(double value) {
@@ -33,7 +42,8 @@ std::string Number(double value) {
 
 class Axes {
  public:
-  explicit Axes(std::vector<Segment> segments) : segments_(std::move(segments)) {
+  Axes(std::vector<Segment> segments, const SignalScale& scale)
+      : segments_(std::move(segments)), signals_(scale) {
     int megahertz = 0;
     for (const Segment& segment : segments_) megahertz += segment.to - segment.from;
     const double gaps = kSegmentGap * static_cast<double>(segments_.size() - 1);
@@ -41,6 +51,7 @@ class Axes {
   }
 
   const std::vector<Segment>& segments() const { return segments_; }
+  const SignalScale& signals() const { return signals_; }
   double Width(int megahertz) const { return megahertz * scale_; }
   double X(int megahertz) const {
     double x = kLeft;
@@ -50,30 +61,61 @@ class Axes {
     }
     return kRight;
   }
-  static double Y(int signal) {
-    const int shown = std::clamp(signal, kLowestSignal, kHighestSignal);
-    return kBottom - (kBottom - kTop) * (shown - kLowestSignal) / (kHighestSignal - kLowestSignal);
+  double Y(int signal) const {
+    return kBottom - (kBottom - kTop) * signals_.Above(signal) / signals_.span();
   }
 
  private:
   std::vector<Segment> segments_;
+  SignalScale signals_;
   double scale_ = 1;
 };
 
+/// The networks of one channel, the strongest first.
+struct Channel {
+  std::vector<const Bell*> bells;
+  std::size_t labels = 0;  ///< how many of them have one
+
+  std::size_t own() const { return std::min(bells.size(), kOwnBells); }
+};
+using Channels = std::map<int, Channel>;  // by centre
+
+bool IsStronger(const Bell* left, const Bell* right) {
+  return *left->network->signal > *right->network->signal;
+}
+
+Channels ChannelsOf(const std::vector<Bell>& bells) {
+  Channels channels;
+  for (const Bell& bell : bells) channels[*bell.network->centre].bells.push_back(&bell);
+  for (auto& [centre, channel] : channels) {
+    std::ranges::stable_sort(channel.bells, IsStronger);
+    // Its own network has a bell however weak it is.
+    const auto own = std::ranges::find_if(
+        channel.bells, [](const Bell* bell) { return bell->network->associated; });
+    if (own != channel.bells.end() && own - channel.bells.begin() >= std::ptrdiff_t{kOwnBells}) {
+      std::rotate(channel.bells.begin() + kOwnBells - 1, own, own + 1);
+    }
+  }
+  return channels;
+}
+
+void DrawText(Html& html, const char* style, double x, double y, const std::string& text) {
+  html.Element("text", {{"class", style}, {"x", Number(x)}, {"y", Number(y)}}, text);
+}
+
 void DrawAxes(Html& html, const Axes& axes, Spectrum spectrum) {
   html.Open("g", {{"class", "axes"}});
-  for (int signal = kLowestSignal; signal <= kHighestSignal; signal += kSignalStep) {
-    const std::string y = Number(Axes::Y(signal));
+  const SignalScale& signals = axes.signals();
+  for (int signal = signals.lowest(); signal <= signals.highest(); signal += SignalScale::kStep) {
+    const std::string y = Number(axes.Y(signal));
     for (const Segment& segment : axes.segments()) {
-      html.Empty("line", {{"class", signal == kLowestSignal ? "base" : "grid"},
+      html.Empty("line", {{"class", signal == signals.lowest() ? "base" : "grid"},
                           {"x1", Number(axes.X(segment.from))},
                           {"x2", Number(axes.X(segment.to))},
                           {"y1", y},
                           {"y2", y}});
     }
-    html.Element("text",
-                 {{"x", Number(kLeft - 8)}, {"y", Number(Axes::Y(signal) + 4)}, {"class", "scale"}},
-                 std::to_string(signal));
+    DrawText(html, "scale", kLeft - 8, axes.Y(signal) + 4, std::to_string(signal));
   }
   html.NewLine();
   for (const auto& [channel, centre] : ChannelTicks(spectrum, axes.segments())) {
@@ -83,13 +125,11 @@ void DrawAxes(Html& html, const Axes& axes, Spectrum spectrum) {
                         {"x2", x},
                         {"y1", Number(kBottom)},
                         {"y2", Number(kBottom + 4)}});
-    html.Element("text", {{"x", x}, {"y", Number(kBottom + 18)}, {"class", "channel"}},
-                 std::to_string(channel));
+    DrawText(html, "channel", axes.X(centre), kBottom + 18, std::to_string(channel));
   }
-  html.Element("text", {{"x", Number(kLeft)}, {"y", Number(kHeight - 6)}, {"class", "unit"}},
-               "Channel");
-  html.Element("text", {{"x", Number(kLeft + 6)}, {"y", Number(kTop + 12)}, {"class", "unit"}},
-               "dBm");
+  DrawText(html, "unit", 0, kBottom + 18, "Channel");
+  DrawText(html, "unit", 0, kBottom + 36, "Networks");
+  DrawText(html, "unit", kLeft + 6, kTop + 12, "dBm");
   html.Close().NewLine();
 }
 
@@ -110,8 +150,11 @@ std::string StyleOf(const Network& network) {
   return style;
 }
 
-std::string LabelOf(const Network& network) {
-  return Shortened(network.name.empty() ? "hidden" : network.name, kLabelColumns);
+/// A signal that the scale cannot show is said.
+std::string LabelOf(const Network& network, const SignalScale& signals) {
+  const std::string name = Shortened(network.name.empty() ? "hidden" : network.name, kLabelColumns);
+  return signals.IsBeyond(*network.signal) ? name + ", " + std::to_string(*network.signal) + " dBm"
+                                           : name;
 }
 
 std::string Described(const Network& network) {
@@ -122,29 +165,68 @@ std::string Described(const Network& network) {
          (network.associated ? ", associated" : "");
 }
 
-void DrawLabels(Html& html, const Axes& axes, std::vector<Bell> bells) {
-  std::ranges::stable_sort(bells, [](const Bell& left, const Bell& right) {
-    return left.network->associated > right.network->associated;
-  });
-  std::vector<Box> wishes;
-  for (const Bell& bell : bells) {
-    const double width = EstimatedTextWidth(LabelOf(*bell.network)) * kLabelSize;
-    wishes.push_back({axes.X(*bell.network->centre) - width / 2,
-                      Axes::Y(*bell.network->signal) - kLabelLift - kLabelHeight, width,
-                      kLabelHeight});
+/// The networks of a channel that have no bell of their own, as high as the strongest of them.
+void DrawEnvelope(Html& html, const Axes& axes, int centre, const Channel& channel) {
+  if (channel.bells.size() <= kOwnBells) return;
+  const int strongest = *channel.bells[kOwnBells]->network->signal;
+  const int weakest = *channel.bells.back()->network->signal;
+  html.Open("path",
+            {{"class", "envelope"},
+             {"data-signal", std::to_string(strongest)},
+             {"d", BellPath(axes.X(centre), axes.Width(kChannelWidth) / 2, axes.Y(strongest))}});
+  html.Element("title", {},
+               Counted(channel.bells.size() - kOwnBells, "more network") + " on channel " +
+                   std::to_string(*channel.bells.front()->network->channel) + ", from " +
+                   std::to_string(strongest) + " to " + std::to_string(weakest) + " dBm");
+  html.Close().NewLine();
+}
+
+/// The bells, the strongest at the back, so that a pointer reaches every one; its own network
+/// before all.
+void DrawBells(Html& html, const Axes& axes, const std::vector<const Bell*>& strongestFirst) {
+  std::vector<const Bell*> drawn = strongestFirst;
+  std::ranges::stable_partition(drawn, [](const Bell* bell) { return !bell->network->associated; });
+  for (const Bell* bell : drawn) {
+    const Network& network = *bell->network;
+    const double x = axes.X(*network.centre);
+    const double y = axes.Y(*network.signal);
+    html.Open("path", {{"class", StyleOf(network)},
+                       {"data-network", bell->id},
+                       {"data-signal", std::to_string(*network.signal)},
+                       {"d", BellPath(x, axes.Width(kChannelWidth) / 2, y)}});
+    html.Element("title", {}, Described(network)).Close().NewLine();
+    if (!axes.signals().IsBeyond(*network.signal)) continue;
+    const double tip = *network.signal > axes.signals().highest() ? -1 : 1;
+    const auto point = [&](double px, double py) { return Number(px) + " " + Number(py); };
+    html.Empty("path", {{"class", "beyond"},
+                        {"d", "M" + point(x - 4, y + tip * 3) + "L" + point(x + 4, y + tip * 3) +
+                                  "L" + point(x, y + tip * 10) + "Z"}});
+  }
+}
+
+void DrawLabels(Html& html, const Axes& axes, const std::vector<const Bell*>& strongestFirst,
+                Channels* channels) {
+  std::vector<LabelWish> wishes;
+  for (const Bell* bell : strongestFirst) {
+    const Network& network = *bell->network;
+    const double width = EstimatedTextWidth(LabelOf(network, axes.signals())) * kLabelSize;
+    const Box box = {axes.X(*network.centre) - width / 2,
+                     axes.Y(*network.signal) - kLabelLift - kLabelHeight, width, kLabelHeight};
+    wishes.push_back({box, *network.signal, network.associated});
   }
   const std::vector<std::optional<Box>> places =
-      PlaceLabels(wishes, {kLeft + 34, 0, kRight - kLeft - 34, kBottom - 2});
+      PlaceLabels(wishes, {kLeft + 34, 0, kRight - kLeft - 34, kBottom - kCountsHeight});
   html.Open("g", {{"class", "labels"}});
-  for (std::size_t index = 0; index < bells.size(); ++index) {
+  for (std::size_t index = 0; index < places.size(); ++index) {
     const std::optional<Box>& box = places[index];
     if (!box) continue;
-    const Network& network = *bells[index].network;
+    const Network& network = *strongestFirst[index]->network;
+    ++channels->at(*network.centre).labels;
     const double x = axes.X(*network.centre);
-    const double y = Axes::Y(*network.signal);
+    const double y = axes.Y(*network.signal);
     const double middle = box->left + box->width / 2;
-    html.Open("g", {{"class", StyleOf(network)}, {"data-network", bells[index].id}});
-    if (std::abs(box->top - wishes[index].top) > kLeaderFrom) {
+    html.Open("g", {{"class", StyleOf(network)}, {"data-network", strongestFirst[index]->id}});
+    if (std::abs(box->top - wishes[index].box.top) > kLeaderFrom) {
       const bool isAbove = box->top < y;
       html.Empty("line", {{"class", "leader"},
                           {"x1", Number(middle)},
@@ -156,73 +238,70 @@ void DrawLabels(Html& html, const Axes& axes, std::vector<Bell> bells) {
                           {"cx", Number(x)},
                           {"cy", Number(y)},
                           {"r", network.associated ? "4" : "2"}});
-    html.Element("text", {{"x", Number(middle)}, {"y", Number(box->top + kLabelHeight - 3.5)}},
-                 LabelOf(network));
+    html.Element("text",
+                 {{"data-signal", std::to_string(*network.signal)},
+                  {"x", Number(middle)},
+                  {"y", Number(box->top + kLabelHeight - 3.5)}},
+                 LabelOf(network, axes.signals()));
     html.Close().NewLine();
   }
-  html.Close();
+  html.Close().NewLine();
+}
+
+/// Below each channel how many networks it has, and on its base how many of them have no label.
+void DrawCounts(Html& html, const Axes& axes, const Channels& channels) {
+  html.Open("g", {{"class", "counts"}});
+  double before = -kWidth;
+  bool isLow = false;
+  for (const auto& [centre, channel] : channels) {
+    const double x = axes.X(centre);
+    // Channels of neighbouring numbers take turns where they are close to each other.
+    isLow = x - before < kCountWidth && !isLow;
+    before = x;
+    const double drop = isLow ? 10 : 0;
+    html.Element("text", {{"class", "count"}, {"x", Number(x)}, {"y", Number(kBottom + 33 + drop)}},
+                 std::to_string(channel.bells.size()));
+    const std::size_t unlabelled = channel.bells.size() - channel.labels;
+    if (unlabelled == 0) continue;
+    html.Element("text", {{"class", "more"}, {"x", Number(x)}, {"y", Number(kBottom - 4 - drop)}},
+                 "+" + std::to_string(unlabelled));
+  }
+  html.Close().NewLine();
 }
 
 }  // namespace
 
-std::vector<Segment> SegmentsOf(Spectrum spectrum, const std::vector<const Network*>& networks) {
-  if (spectrum == Spectrum::k5GHz) return {{5150, 5350}, {5480, 5905}};
-  const bool hasLast =
-      std::ranges::any_of(networks, [](const Network* network) { return network->channel == 14; });
-  return {{2397, hasLast ? 2499 : 2487}};
-}
-
-std::vector<std::pair<int, int>> ChannelTicks(Spectrum spectrum,
-                                              const std::vector<Segment>& segments) {
-  std::vector<std::pair<int, int>> ticks;
-  const auto add = [&](int first, int last, int step) {
-    for (int channel = first; channel <= last; channel += step) {
-      ticks.emplace_back(channel,
-                         spectrum == Spectrum::k5GHz ? 5000 + 5 * channel : 2407 + 5 * channel);
-    }
-  };
-  if (spectrum == Spectrum::k5GHz) {
-    add(36, 64, 4);
-    add(100, 144, 4);
-    add(149, 177, 4);
-  } else {
-    add(1, 13, 1);
-    if (segments.back().to > 2487) ticks.emplace_back(14, 2484);
-  }
-  return ticks;
-}
-
 void DrawSignalChart(Html& html, Spectrum spectrum, const std::vector<Bell>& bells,
                      const std::string& id, const std::string& title) {
-  std::vector<Bell> drawn;
-  std::vector<const Network*> networks;
+  constexpr int kLastChannel = 14;
+  SignalScale scale;
+  bool hasLastChannel = false;
   for (const Bell& bell : bells) {
-    if (!bell.network->centre || !bell.network->signal) continue;
-    drawn.push_back(bell);
-    networks.push_back(bell.network);
+    scale.Include(*bell.network->signal);
+    hasLastChannel = hasLastChannel || bell.network->channel == kLastChannel;
   }
-  // The strongest at the back, so that a pointer reaches every one; its own network before all.
-  std::ranges::stable_sort(drawn, [](const Bell& left, const Bell& right) {
-    if (left.network->associated != right.network->associated) return right.network->associated;
-    return *left.network->signal > *right.network->signal;
-  });
-  const Axes axes(SegmentsOf(spectrum, networks));
+  const Axes axes(SegmentsOf(spectrum, hasLastChannel), scale);
+  Channels channels = ChannelsOf(bells);
+  std::vector<const Bell*> strongest;
+  for (const auto& [centre, channel] : channels) {
+    strongest.insert(strongest.end(), channel.bells.begin(),
+                     channel.bells.begin() + static_cast<std::ptrdiff_t>(channel.own()));
+  }
+  std::ranges::stable_sort(strongest, IsStronger);
   html.Open("svg", {{"viewBox", "0 0 " + Number(kWidth) + " " + Number(kHeight)},
                     {"role", "img"},
+                    {"data-lowest", std::to_string(scale.lowest())},
+                    {"data-highest", std::to_string(scale.highest())},
                     {"aria-labelledby", id}});
   html.Element("title", {{"id", id}}, title);
   html.NewLine();
   DrawAxes(html, axes, spectrum);
-  html.Open("g", {{"class", "bells"}});
-  for (const Bell& bell : drawn) {
-    html.Open("path", {{"class", StyleOf(*bell.network)},
-                       {"data-network", bell.id},
-                       {"d", BellPath(axes.X(*bell.network->centre), axes.Width(kChannelWidth) / 2,
-                                      Axes::Y(*bell.network->signal))}});
-    html.Element("title", {}, Described(*bell.network)).Close().NewLine();
-  }
-  html.Close();
-  DrawLabels(html, axes, drawn);
+  html.Open("g", {{"class", strongest.size() > kDense ? "bells dense" : "bells"}}).NewLine();
+  for (const auto& [centre, channel] : channels) DrawEnvelope(html, axes, centre, channel);
+  DrawBells(html, axes, strongest);
+  html.Close().NewLine();
+  DrawLabels(html, axes, strongest, &channels);
+  DrawCounts(html, axes, channels);
   html.Close().NewLine();
 }
 

@@ -3,19 +3,21 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <map>
 
 #include "host/format/format.h"
+#include "host/model/networks.h"
+#include "host/model/wording.h"
 #include "host/report/chart_labels.h"
-#include "host/report/findings.h"
-#include "host/report/signal_chart.h"
+#include "host/report/signal_scale.h"
+#include "host/report/spectrum_axis.h"
 
 namespace host {
 namespace {
 
 constexpr int kRowSignal = 5;  ///< dB that one line stands for
-constexpr int kLines = (kHighestSignal - kLowestSignal) / kRowSignal;
-constexpr int kEighths = 8;  ///< heights that a block character can have
-constexpr int kMargin = 6;   ///< columns of the scale
+constexpr int kEighths = 8;    ///< heights that a block character can have
+constexpr int kMargin = 6;     ///< columns of the scale
 constexpr int kNarrowest = 40;
 constexpr int kWidest = 120;
 constexpr int kWithAddresses = 80;  ///< from this width on the legend has them
@@ -23,6 +25,7 @@ constexpr int kMeterColumns = 10;
 constexpr const char* kBlocks[] = {" ", "▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
 /// So many bells cover a cell; the last stands for more.
 constexpr const char* kShades[] = {" ", "░", "▒", "▓"};
+constexpr std::size_t kMostShades = 3;
 constexpr std::string_view kMarks =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
 
@@ -34,10 +37,13 @@ std::string Right(const std::string& text, int columns) {
   return Blanks(columns - static_cast<int>(text.size())) + text;
 }
 
+int LinesOf(const SignalScale& scale) {
+  return scale.span() / kRowSignal;
+}
+
 /// Eighths of a line above the base.
-int HeightOf(int signal) {
-  const int shown = std::clamp(signal, kLowestSignal, kHighestSignal);
-  return (shown - kLowestSignal) * kEighths / kRowSignal;
+int HeightOf(const SignalScale& scale, int signal) {
+  return scale.Above(signal) * kEighths / kRowSignal;
 }
 
 /// The columns of a chart and the frequencies that they stand for.
@@ -79,33 +85,42 @@ class Columns {
   std::vector<int> middles_;
 };
 
-/// The height of a network's bell in eighths, 0 outside of it. It stands on the column of its peak,
-/// so that both sides are alike.
-int BellAt(const Network& network, const Columns& columns, int column) {
+/// The height, in eighths, of a bell of this height at this centre, 0 outside of it. It stands on
+/// the column of its peak, so that both sides are alike.
+int BellAt(int peakColumn, int height, const Columns& columns, int column) {
   const std::int64_t half = kChannelWidth * Columns::kFineness / 2;
-  const std::int64_t away = columns.Apart(column, columns.Nearest(*network.centre));
+  const std::int64_t away = columns.Apart(column, peakColumn);
   if (columns.IsGap(column) || away >= half) return 0;
   const std::int64_t share = half * half - away * away;
-  return static_cast<int>(HeightOf(*network.signal) * share * share / (half * half * half * half));
+  return static_cast<int>(height * share * share / (half * half * half * half));
 }
 
 using Picture = std::vector<std::vector<std::string>>;
 
-Picture Bells(const std::vector<Network>& networks, const Columns& columns) {
-  Picture picture(kLines, std::vector<std::string>(static_cast<std::size_t>(columns.count()), " "));
+/// `networks` come with the strongest first: those after the first few of a channel change nothing.
+Picture Bells(const std::vector<Network>& networks, const Columns& columns,
+              const SignalScale& scale) {
+  std::map<int, std::vector<int>> peaks;  // heights by column
+  for (const Network& network : networks) {
+    std::vector<int>& heights = peaks[columns.Nearest(*network.centre)];
+    if (heights.size() < kMostShades) heights.push_back(HeightOf(scale, *network.signal));
+  }
+  const int lines = LinesOf(scale);
+  Picture picture(static_cast<std::size_t>(lines),
+                  std::vector<std::string>(static_cast<std::size_t>(columns.count()), " "));
   for (int column = 0; column < columns.count(); ++column) {
     std::vector<int> heights;
-    for (const Network& network : networks) {
-      heights.push_back(BellAt(network, columns, column));
+    for (const auto& [peak, ofPeak] : peaks) {
+      for (const int height : ofPeak) heights.push_back(BellAt(peak, height, columns, column));
     }
     const int highest = std::ranges::max(heights);
-    for (int line = 0; line < kLines; ++line) {
-      const int base = (kLines - 1 - line) * kEighths;
+    for (int line = 0; line < lines; ++line) {
+      const int base = (lines - 1 - line) * kEighths;
       const auto covering =
           std::ranges::count_if(heights, [=](int height) { return height >= base + kEighths / 2; });
       std::string& cell = picture[static_cast<std::size_t>(line)][static_cast<std::size_t>(column)];
       if (highest >= base + kEighths) {
-        cell = kShades[std::clamp<std::ptrdiff_t>(covering, 1, 3)];
+        cell = kShades[std::clamp<std::ptrdiff_t>(covering, 1, kMostShades)];
       } else if (highest > base) {
         cell = kBlocks[highest - base];
       }
@@ -119,11 +134,13 @@ bool IsMark(const std::string& cell) {
 }
 
 /// Puts each network's letter at its peak, or beside it where another one stands.
-void PutMarks(const std::vector<Network>& networks, const Columns& columns, Picture* picture) {
+void PutMarks(const std::vector<Network>& networks, const Columns& columns,
+              const SignalScale& scale, Picture* picture) {
+  const int lines = LinesOf(scale);
   for (std::size_t index = 0; index < std::min(networks.size(), kMarks.size()); ++index) {
-    const int height = std::max(HeightOf(*networks[index].signal) - 1, 0);
+    const int height = std::max(HeightOf(scale, *networks[index].signal) - 1, 0);
     std::vector<std::string>& line = (*picture)[static_cast<std::size_t>(
-        std::clamp(kLines - 1 - height / kEighths, 0, kLines - 1))];
+        std::clamp(lines - 1 - height / kEighths, 0, lines - 1))];
     const int peak = columns.Nearest(*networks[index].centre);
     for (const int shift : {0, 1, -1, 2, -2, 3, -3, 4, -4}) {
       const int column = peak + shift;
@@ -136,12 +153,11 @@ void PutMarks(const std::vector<Network>& networks, const Columns& columns, Pict
   }
 }
 
-/// The numbers of the channels below their columns, as many as fit.
-std::string ChannelLine(Spectrum spectrum, const std::vector<Segment>& segments,
-                        const Columns& columns) {
+/// Numbers below their columns, as many as fit; `numbers` come in the order of their centres.
+std::string NumberLine(const std::vector<std::pair<int, int>>& numbers, const Columns& columns) {
   std::string line;
-  for (const auto& [channel, centre] : ChannelTicks(spectrum, segments)) {
-    const std::string number = std::to_string(channel);
+  for (const auto& [shown, centre] : numbers) {
+    const std::string number = std::to_string(shown);
     const int start = columns.Nearest(centre) - static_cast<int>(number.size() - 1) / 2;
     const int used = static_cast<int>(line.size());
     if (start < used + (used > 0 ? 1 : 0) ||
@@ -153,8 +169,17 @@ std::string ChannelLine(Spectrum spectrum, const std::vector<Segment>& segments,
   return line;
 }
 
-std::string MeterText(int signal) {
-  const int eighths = HeightOf(signal) * kMeterColumns / kLines;
+/// How many networks each channel has.
+std::vector<std::pair<int, int>> CountsOf(const std::vector<Network>& networks) {
+  std::map<int, int> counts;
+  for (const Network& network : networks) ++counts[*network.centre];
+  std::vector<std::pair<int, int>> numbers;
+  for (const auto& [centre, count] : counts) numbers.emplace_back(count, centre);
+  return numbers;
+}
+
+std::string MeterText(const SignalScale& scale, int signal) {
+  const int eighths = HeightOf(scale, signal) * kMeterColumns / LinesOf(scale);
   constexpr const char* kBars[] = {"", "▏", "▎", "▍", "▌", "▋", "▊", "▉"};
   std::string text;
   for (int column = 0; column < eighths / kEighths; ++column) text += "█";
@@ -162,13 +187,20 @@ std::string MeterText(int signal) {
   return text + Blanks(kMeterColumns - DisplayWidth(text));
 }
 
-std::string LegendLine(char mark, const Network& network, int width) {
-  std::string start = std::string(1, mark) + "  " + MeterText(*network.signal) + "  " +
-                      Right(std::to_string(*network.signal), 4) + " dBm  channel " +
+std::string NameOf(const Network& network) {
+  if (network.name.empty()) return "(hidden)";
+  return network.utf8Name.empty() ? network.name
+                                  : network.name + " (as UTF-8: " + network.utf8Name + ")";
+}
+
+std::string LegendLine(char mark, const SignalScale& scale, const Network& network, int width) {
+  const int signal = *network.signal;
+  const char* beyond = !scale.IsBeyond(signal) ? " " : signal < scale.lowest() ? "▼" : "▲";
+  std::string start = std::string(1, mark) + "  " + MeterText(scale, signal) + "  " +
+                      Right(std::to_string(signal), 4) + " dBm" + beyond + " channel " +
                       Right(std::to_string(*network.channel), 3) + "  ";
   if (width >= kWithAddresses) start += network.mac + "  ";
-  const std::string name = network.name.empty() ? "(hidden)" : network.name;
-  return start + Shortened(name, std::max(width - DisplayWidth(start), 8)) + "\n";
+  return start + Shortened(NameOf(network), std::max(width - DisplayWidth(start), 8)) + "\n";
 }
 
 std::string Trimmed(const std::string& line) {
@@ -177,15 +209,20 @@ std::string Trimmed(const std::string& line) {
 
 /// `networks` are those of one adapter and band, the strongest first.
 std::string OneChart(Spectrum spectrum, const std::vector<Network>& networks, int width) {
-  std::vector<const Network*> pointers;
-  for (const Network& network : networks) pointers.push_back(&network);
-  const std::vector<Segment> segments = SegmentsOf(spectrum, pointers);
+  constexpr int kLastChannel = 14;
+  SignalScale scale;
+  bool hasLastChannel = false;
+  for (const Network& network : networks) {
+    scale.Include(*network.signal);
+    hasLastChannel = hasLastChannel || network.channel == kLastChannel;
+  }
+  const std::vector<Segment> segments = SegmentsOf(spectrum, hasLastChannel);
   const Columns columns(segments, std::clamp(width, kNarrowest, kWidest) - kMargin);
-  Picture picture = Bells(networks, columns);
-  PutMarks(networks, columns, &picture);
+  Picture picture = Bells(networks, columns, scale);
+  PutMarks(networks, columns, scale, &picture);
   std::string text;
-  for (int line = 0; line < kLines; ++line) {
-    const int signal = kHighestSignal - line * kRowSignal;
+  for (int line = 0; line < LinesOf(scale); ++line) {
+    const int signal = scale.highest() - line * kRowSignal;
     std::string row = Right(line % 2 == 0 ? std::to_string(signal) : "", kMargin - 2) + " │";
     for (const std::string& cell : picture[static_cast<std::size_t>(line)]) row += cell;
     text += Trimmed(row);
@@ -194,9 +231,17 @@ std::string OneChart(Spectrum spectrum, const std::vector<Network>& networks, in
   for (int column = 0; column < columns.count(); ++column) {
     text += columns.IsGap(column) ? " " : "─";
   }
-  text += "\n" + Trimmed(Blanks(kMargin) + ChannelLine(spectrum, segments, columns)) + "\n";
-  for (std::size_t index = 0; index < networks.size(); ++index) {
-    text += LegendLine(index < kMarks.size() ? kMarks[index] : ' ', networks[index], width);
+  text += "\n" + Trimmed(Blanks(kMargin) + NumberLine(ChannelTicks(spectrum, segments), columns));
+  text +=
+      Trimmed(Right("count", kMargin - 1) + " " + NumberLine(CountsOf(networks), columns)) + "\n";
+  const std::size_t named = std::min(networks.size(), kMarks.size());
+  for (std::size_t index = 0; index < named; ++index) {
+    text += LegendLine(kMarks[index], scale, networks[index], width);
+  }
+  if (named < networks.size()) {
+    text += "+" + std::to_string(networks.size() - named) + " more, from " +
+            std::to_string(*networks[named].signal) + " to " +
+            std::to_string(*networks.back().signal) + " dBm\n";
   }
   return text;
 }
@@ -209,36 +254,39 @@ bool CanChart(const ClassInfo& info) {
 
 std::string ChartText(const Json& rows, int width) {
   struct Group {
-    std::string adapter;
     Spectrum spectrum;
-    std::vector<Network> networks;
+    std::string adapter;
+    std::vector<Network> networks = {};
+    std::string misplaced = {};
   };
+  std::map<std::pair<std::string, Spectrum>, std::size_t> places;
   std::vector<Group> groups;
-  std::string others;
   for (const Json& row : rows) {
-    const std::optional<Network> network = ChartedNetwork(row);
-    if (!network || !network->centre) {
-      others += "no place on a chart: " + TextOf(row, "MacAddress") + "  " +
-                TextOf(row, "NetworkName") + "\n";
-      continue;
+    Network network = NetworkOf(row);
+    const auto [place, isNew] =
+        places.try_emplace({network.adapter, network.spectrum}, groups.size());
+    if (isNew) groups.push_back({network.spectrum, network.adapter});
+    Group& group = groups[place->second];
+    const std::string why = WhyNotCharted(network);
+    if (why.empty()) {
+      group.networks.push_back(std::move(network));
+    } else {
+      const std::string start =
+          "not on the chart, " + why + ": " + (width >= kWithAddresses ? network.mac + "  " : "");
+      group.misplaced +=
+          start + Shortened(NameOf(network), std::max(width - DisplayWidth(start), 8)) + "\n";
     }
-    auto group = std::ranges::find_if(groups, [&](const Group& each) {
-      return each.adapter == network->adapter && each.spectrum == network->spectrum;
-    });
-    if (group == groups.end()) {
-      group = groups.insert(group, {network->adapter, network->spectrum, {}});
-    }
-    group->networks.push_back(*network);
   }
   std::ranges::stable_sort(groups, {}, &Group::spectrum);
   std::string text;
   for (Group& group : groups) {
     std::ranges::stable_sort(group.networks, std::ranges::greater(), &Network::signal);
     text += (text.empty() ? "" : "\n") + SpectrumTitle(group.spectrum) + ", adapter " +
-            group.adapter + "\n" + OneChart(group.spectrum, group.networks, width);
+            group.adapter + "\n";
+    if (!group.networks.empty()) text += OneChart(group.spectrum, group.networks, width);
+    text += group.misplaced;
   }
-  if (!others.empty() && !text.empty()) text += "\n";
-  return text + others;
+  return text;
 }
 
 }  // namespace host

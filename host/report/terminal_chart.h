@@ -12,8 +12,9 @@ namespace host {
 bool CanChart(const ClassInfo& info);
 
 /// The signal of networks by their channel, drawn with block characters in at most `width` columns:
-/// a chart for each adapter and band, below it the names that its letters stand for. Networks
-/// without a place on a chart are listed last. `rows` are instances of a class that CanChart.
+/// a chart for each adapter and band, below it the networks that its letters stand for, the
+/// strongest first, then how many more there are, then those without a place on it. `rows` are
+/// instances of a class that CanChart.
 std::string ChartText(const Json& rows, int width);
 
 }  // namespace host

@@ -1,10 +1,13 @@
-#include "host/report/networks.h"
+#include "host/model/networks.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 
 #include "host/format/format.h"
+#include "platform/code_page_1252.h"
+#include "platform/text.h"
 
 namespace host {
 namespace {
@@ -63,10 +66,37 @@ void Place(Network* network) {
   }
 }
 
-Network ReadNetwork(const Json& row) {
+/// The text that the bytes of a name make as UTF-8, where the provider read them in the code page;
+/// empty if they are none, or the same text either way.
+std::string Utf8Reading(const std::string& name) {
+  std::string bytes;
+  bool isAscii = true;
+  for (const auto character : platform::WideFromUtf8(name)) {
+    const auto code = static_cast<char32_t>(character);
+    const auto* special = std::ranges::find(platform::kCodePage1252Controls, code);
+    if (special != std::end(platform::kCodePage1252Controls)) {
+      bytes += static_cast<char>(0x80 + (special - platform::kCodePage1252Controls));
+    } else if (code <= 0xFF) {
+      bytes += static_cast<char>(code);
+    } else {
+      return "";
+    }
+    isAscii = isAscii && code < 0x80;
+  }
+  const bool isUtf8 = platform::Utf8Text(platform::WideFromUtf8(bytes)) == bytes;
+  return !isAscii && isUtf8 ? CellText(bytes) : "";
+}
+
+}  // namespace
+
+Network NetworkOf(const Json& row) {
   Network network;
   network.adapter = TextOf(row, "SettingID");
   network.name = TextOf(row, "NetworkName");
+  const auto name = row.find("NetworkName");
+  if (name != row.end() && name->is_string()) {
+    network.utf8Name = Utf8Reading(name->get_ref<const std::string&>());
+  }
   network.mac = TextOf(row, "MacAddress");
   network.standard = TextOf(row, "Band");
   network.mode = TextOf(row, "OperationMode");
@@ -82,62 +112,32 @@ Network ReadNetwork(const Json& row) {
   return network;
 }
 
-}  // namespace
-
-std::string TextOf(const Json& row, const char* name) {
-  const auto found = row.find(name);
-  return found == row.end() ? std::string() : CellText(*found);
+std::string WhyNotCharted(const Network& network) {
+  if (!network.channel) return "no channel told";
+  if (!network.signal) return "no signal told";
+  return network.centre ? "" : "channel " + std::to_string(*network.channel);
 }
 
-std::optional<int> NumberOf(const Json& row, const char* name) {
-  const std::string text = TextOf(row, name);
-  int number = 0;
-  const char* end = text.data() + text.size();
-  const auto [next, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || (next != end && *next != ' ')) return std::nullopt;
-  return number;
-}
-
-const Json& InstancesOf(const Json& dump, std::string_view className) {
-  static const Json kNone = Json::array();
-  const auto found = dump.find(className);
-  return found == dump.end() || !found->is_array() ? kNone : *found;
-}
-
-const Json& InstanceOf(const Json& dump, std::string_view className, const char* key,
-                       std::string_view value) {
-  static const Json kNone = Json::object();
-  for (const Json& row : InstancesOf(dump, className)) {
-    if (TextOf(row, key) == value) return row;
-  }
-  return kNone;
-}
-
-std::optional<Network> ChartedNetwork(const Json& row) {
-  Network network = ReadNetwork(row);
-  if (!network.channel || !network.signal) return std::nullopt;
-  return network;
-}
-
-std::vector<Network> NetworksOf(const Json& dump) {
+std::vector<Network> NetworksOf(const Dump& dump) {
   std::vector<Network> networks;
   std::map<std::pair<std::string, std::string>, std::size_t> known;
-  for (const Json& row : InstancesOf(dump, kScanned)) {
-    Network network = ReadNetwork(row);
+  for (const Json& row : dump.Rows(kScanned)) {
+    Network network = NetworkOf(row);
     known.emplace(std::pair(network.adapter, network.mac), networks.size());
+    if (dump.WhyUnknown(kAvailable, network.adapter).empty()) network.available = false;
     networks.push_back(std::move(network));
   }
-  for (const Json& row : InstancesOf(dump, kAvailable)) {
-    Network network = ReadNetwork(row);
+  for (const Json& row : dump.Rows(kAvailable)) {
+    Network network = NetworkOf(row);
     const auto [place, isNew] =
         known.emplace(std::pair(network.adapter, network.mac), networks.size());
     if (isNew) networks.push_back(std::move(network));
     networks[place->second].available = true;
   }
-  for (const Json& association : InstancesOf(dump, "WiFi_AdapterAssociationInfo")) {
+  for (const Json& association : dump.Rows("WiFi_AdapterAssociationInfo")) {
     if (TextOf(association, "Associated") != "true") continue;
     const std::string adapter = TextOf(association, "SettingID");
-    const Json& statistics = InstanceOf(dump, "WiFi_AdapterAssocStats", "SettingID", adapter);
+    const Json& statistics = dump.Row("WiFi_AdapterAssocStats", adapter);
     const auto found = known.find(std::pair(adapter, TextOf(statistics, "ApMacAddr")));
     if (found != known.end()) networks[found->second].associated = true;
   }
@@ -146,6 +146,12 @@ std::vector<Network> NetworksOf(const Json& dump) {
 
 bool Overlap(const Network& left, const Network& right) {
   return left.centre && right.centre && std::abs(*left.centre - *right.centre) < kChannelWidth;
+}
+
+std::string SpectrumTitle(Spectrum spectrum) {
+  return spectrum == Spectrum::k24GHz  ? "2.4 GHz"
+         : spectrum == Spectrum::k5GHz ? "5 GHz"
+                                       : "Band unknown";
 }
 
 }  // namespace host

@@ -1,0 +1,43 @@
+#include "host/model/machine.h"
+
+#include "host/model/wording.h"
+#include "host/service/result_codes.h"
+
+namespace host {
+namespace {
+
+constexpr const char* kListedAdapters = "WiFi_NetworkAdapter";
+
+std::string WhyMoreAdapters(const Dump& dump, const Source& source) {
+  if (source.startStatus && *source.startStatus != S_OK) {
+    return "the provider's start failed, " + DescribeResult(*source.startStatus);
+  }
+  if (!dump.Has(kListedAdapters)) return std::string("the dump has no ") + kListedAdapters;
+  const HRESULT status = dump.Status(kListedAdapters);
+  return status == S_OK ? "" : DescribeResult(status);
+}
+
+}  // namespace
+
+Machine::Machine(const Dump& dump)
+    : source(SourceOf(dump)),
+      networks(NetworksOf(dump)),
+      adapters(AdaptersOf(dump, source, networks)),
+      whyMoreAdapters(WhyMoreAdapters(dump, source)),
+      findings(FindingsOf(*this, dump)) {}
+
+std::string FailureOf(const Dump& dump, const std::string& className) {
+  const HRESULT status = dump.Status(className);
+  if (status == S_OK) return "";
+  const std::string last = dump.EndedAt(className);
+  if (last.empty()) return DescribeResult(status);
+  const std::vector<std::string> missed = dump.NotReached(className);
+  const bool isEmptyList =
+      ShowsLists(className) && status == WBEM_E_NOT_FOUND && dump.Row(className, last).empty();
+  if (isEmptyList && missed.empty()) return "";
+  std::string text = "the enumeration ended at adapter " + last + ", " + DescribeResult(status);
+  if (!missed.empty()) text += "; not known of adapter " + Joined(missed);
+  return text;
+}
+
+}  // namespace host

@@ -1,0 +1,49 @@
+#pragma once
+// The networks that a machine hears, as charts and tables need them.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/model/dump.h"
+
+namespace host {
+
+enum class Spectrum { k24GHz, k5GHz, kUnknown };
+enum class Protection { kUnknown, kOpen, kWep, kProtected };
+
+/// Width of a channel of 802.11a, b and g, in MHz.
+inline constexpr int kChannelWidth = 20;
+
+/// One access point or ad hoc network as one adapter hears it.
+struct Network {
+  std::string adapter;   ///< key of the adapter
+  std::string name;      ///< empty when the network does not tell it
+  std::string utf8Name;  ///< another reading of the name, whose bytes are UTF-8 too; else empty
+  std::string mac;
+  std::string standard;  ///< "802.11g"
+  std::string mode;      ///< "Infrastructure"
+  Spectrum spectrum = Spectrum::kUnknown;
+  std::optional<int> channel;
+  std::optional<int> centre;  ///< MHz, of a channel that has a place in its spectrum
+  std::optional<int> signal;  ///< dBm
+  Protection protection = Protection::kUnknown;
+  std::string security;           ///< "WPA2-Personal, AES-CCMP"; empty if unknown
+  std::optional<bool> available;  ///< the adapter can join it now
+  bool associated = false;        ///< the adapter is associated with it
+};
+
+/// The networks of both lists, each once for an adapter, in the order of the lists.
+std::vector<Network> NetworksOf(const Dump& dump);
+/// A network of either list, as far as the row tells it.
+Network NetworkOf(const Json& row);
+/// What keeps a network from a chart of its band, such as "channel 0"; empty if it has its place.
+std::string WhyNotCharted(const Network& network);
+
+/// Whether the channels of both reach into each other. Two on one channel do.
+bool Overlap(const Network& left, const Network& right);
+
+/// "2.4 GHz"
+std::string SpectrumTitle(Spectrum spectrum);
+
+}  // namespace host

@@ -1,0 +1,26 @@
+#pragma once
+// Ids of the page's sections.
+
+#include <string>
+
+#include "host/model/findings.h"
+
+namespace host {
+
+inline constexpr const char* kAdaptersId = "adapters";
+
+inline std::string SpectrumId(Spectrum spectrum) {
+  return spectrum == Spectrum::k24GHz  ? "band-2"
+         : spectrum == Spectrum::k5GHz ? "band-5"
+                                       : "band-other";
+}
+inline std::string ClassId(const std::string& className) {
+  return "class-" + className;
+}
+/// The section that shows more about a finding.
+inline std::string PlaceOf(const Finding& finding) {
+  if (finding.spectrum) return SpectrumId(*finding.spectrum);
+  return finding.className.empty() ? kAdaptersId : ClassId(finding.className);
+}
+
+}  // namespace host
