@@ -25,7 +25,7 @@ struct Updating {
   AdapterNumber adapter;
   HRESULT read;  ///< the success code with which the client's instance gave the value
 
-  std::uint32_t& lastKnown(Slot slot) const { return state.memory.lastKnown.*slot; }
+  std::uint32_t& LastKnownOf(Slot slot) const { return state.memory.lastKnown.*slot; }
 };
 
 /// A number from 1 to `highest`; every other one is ignored.
@@ -53,7 +53,7 @@ HRESULT UpdateNumber(const Updating& updating, Variant& value) {
   const HRESULT converted = value.ChangeType(VT_I4);
   if (FAILED(converted)) return converted;
   const LONG number = value.get().lVal;
-  std::uint32_t& lastKnown = updating.lastKnown(Property.lastKnown);
+  std::uint32_t& lastKnown = updating.LastKnownOf(Property.lastKnown);
   if (number < 1 || number > Property.highest || lastKnown == static_cast<std::uint32_t>(number)) {
     return S_OK;
   }
@@ -73,7 +73,7 @@ using SetFlag = HRESULT (*)(const Updating&, std::uint32_t flag, std::uint16_t b
 template <Slot LastKnown, SetFlag Set>
 HRESULT UpdateFlag(const Updating& updating, Variant& value) {
   const auto bits = FlagBits(value.get());
-  std::uint32_t& lastKnown = updating.lastKnown(LastKnown);
+  std::uint32_t& lastKnown = updating.LastKnownOf(LastKnown);
   const std::uint32_t flag = bits.value_or(0) != 0 ? 1 : 0;
   // The library's own non-zero values differ from 1 as well, and are then written once as 1.
   return !bits || lastKnown == flag ? updating.read : Set(updating, flag, *bits, lastKnown);

@@ -8,7 +8,7 @@ namespace wifi {
 /// read nor written. Asked afresh at every gate.
 inline bool IsNtVersion6() {
   const platform::OsVersion version = platform::QueryOsVersion();
-  return version.isNt() && version.major == 6;
+  return version.IsNt() && version.major == 6;
 }
 
 }  // namespace wifi

@@ -128,7 +128,7 @@ static_assert(contract::IsKnown<UnknownMember()>());
 
 const ClassMethods* FindClass(const ParsedPath& path) {
   for (const ClassMethods& row : kClasses) {
-    if (SameNameIgnoringCase(path.classText(), row.className)) return &row;
+    if (SameNameIgnoringCase(path.class_text(), row.className)) return &row;
   }
   return nullptr;
 }

@@ -9,7 +9,7 @@ struct OsVersion {
   DWORD major = 0;
   DWORD minor = 0;
 
-  bool isNt() const { return platformId == VER_PLATFORM_WIN32_NT; }
+  bool IsNt() const { return platformId == VER_PLATFORM_WIN32_NT; }
 };
 
 /// What the platform's version query answers now; all zero if it fails.

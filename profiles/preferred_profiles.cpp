@@ -20,7 +20,7 @@ struct Store {
   ULONG flag;
   bool searched;  ///< whether a get by key looks here
 
-  bool isOpen(const StoreGates& gates) const { return gate == nullptr || gates.*gate; }
+  bool IsOpen(const StoreGates& gates) const { return gate == nullptr || gates.*gate; }
 };
 
 // In the order in which they are listed.
@@ -103,7 +103,7 @@ struct ProfileRequest {
     HRESULT result = WBEM_S_NO_ERROR;
     if (!library.Open()) return result;
     for (const Store& store : kStores) {
-      if (!store.isOpen(gates)) continue;
+      if (!store.IsOpen(gates)) continue;
       LONG status = library.GetFirst(profile, store.flag);
       for (int step = 0; step < kMostSteps && status == kTolvaSuccess; ++step) {
         platform::ComPtr<IWbemClassObject> instance;  // goes once the next profile is loaded
@@ -121,7 +121,7 @@ struct ProfileRequest {
     if (!library.Open()) return result;
     TraceMessage("Getting");
     for (const Store& store : kStores) {
-      if (!store.searched || !store.isOpen(gates)) continue;
+      if (!store.searched || !store.IsOpen(gates)) continue;
       if (!LoadNamed(store, name)) continue;
       platform::ComPtr<IWbemClassObject> instance;
       result = Deliver(store, instance);

@@ -54,7 +54,7 @@ void DumpOrigin::Visit(const ClassInfo& info, const Outcome& outcome) {
 Json DumpOrigin::ToJson(CommandContext& context) const {
   Json origin = {{"Version", kProgramVersion}};
   if (context.provider != nullptr) {
-    const simulator::OsVersion version = context.provider->osVersion();
+    const simulator::OsVersion version = context.provider->os_version();
     origin["OsVersion"] = std::to_string(version.major) + "." + std::to_string(version.minor);
   }
   if (versioned_) {

@@ -146,9 +146,9 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
     return kRefused;
   }
   WarnOfUnknownAdapters(scenario.platform, errors_);
-  if (session_->initStatus() == S_OK) return kSuccess;
+  if (session_->init_status() == S_OK) return kSuccess;
   WriteError(errors_,
-             "the provider reports a failed start: " + DescribeResult(session_->initStatus()));
+             "the provider reports a failed start: " + DescribeResult(session_->init_status()));
   return kRefused;
 }
 

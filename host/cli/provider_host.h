@@ -40,7 +40,7 @@ class ProviderHost {
     if (progress_) progress_->BeginCommand();
   }
   /// What the provider's version query answers.
-  simulator::OsVersion osVersion() const { return osVersion_.value_or(ownVersion_); }
+  simulator::OsVersion os_version() const { return osVersion_.value_or(ownVersion_); }
   /// The provider that was made, null if there is none.
   ProviderSession* session() { return session_ ? &*session_ : nullptr; }
   /// Releases everything; gives kDefective if the provider ever broke the contract.

@@ -92,7 +92,7 @@ void CimObject::Reset(std::size_t property) {
 }
 
 std::optional<std::string> CimObject::RelativePath() const {
-  if (isClass()) return info_->name();
+  if (IsClass()) return info_->name();
   if (info_->declaration.qualifiers.Flag("singleton")) return info_->name() + "=@";
   std::string keys;
   for (std::size_t index = 0; index < values_.size(); ++index) {
@@ -113,13 +113,13 @@ std::optional<std::string> CimObject::Path() const {
 }
 
 std::string CimObject::Text() const {
-  std::string text = (isClass() ? "class " : "instance of ") + info_->name() + "\n{\n";
+  std::string text = (IsClass() ? "class " : "instance of ") + info_->name() + "\n{\n";
   for (std::size_t index = 0; index < values_.size(); ++index) {
     const PropertyDeclaration& property = info_->declaration.properties[index];
     const bool hasValue = Value(index).vt != VT_NULL;
-    if (!isClass() && !hasValue) continue;
+    if (!IsClass() && !hasValue) continue;
     text += "\t";
-    if (isClass()) {
+    if (IsClass()) {
       const bool isArray = (property.type & CIM_FLAG_ARRAY) != 0;
       if (property.qualifiers.Flag("key")) text += "[key] ";
       text += CimTypeName(property.type & ~CIM_FLAG_ARRAY) + " " + property.name +

@@ -30,7 +30,7 @@ class CimObject {
   CimObject& operator=(CimObject other) noexcept;
 
   const ClassInfo& info() const { return *info_; }
-  bool isClass() const { return kind_ == Kind::kClass; }
+  bool IsClass() const { return kind_ == Kind::kClass; }
 
   /// Writes a property as the service does (see Convert); a failure leaves it as it was.
   HRESULT Put(std::size_t property, const VARIANT& value);

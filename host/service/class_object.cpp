@@ -40,7 +40,7 @@ constexpr LONG kGenusInstance = 2;
 const SystemProperty kSystemProperties[] = {
     {"__GENUS", CIM_SINT32,
      [](const CimObject& object) {
-       return Variant::Integer(object.isClass() ? kGenusClass : kGenusInstance);
+       return Variant::Integer(object.IsClass() ? kGenusClass : kGenusInstance);
      }},
     {"__CLASS", CIM_STRING,
      [](const CimObject& object) { return TextValue(object.info().name()); }},
@@ -89,7 +89,7 @@ HRESULT RefuseSet(Interface** result) {
 }  // namespace
 
 ClassObject::ClassObject(ObjectPool& pool, CimObject object)
-    : ComObject((object.isClass() ? "the class definition " : "an instance of ") +
+    : ComObject((object.IsClass() ? "the class definition " : "an instance of ") +
                 object.info().name()),
       pool_(pool),
       object_(std::move(object)) {}
@@ -149,7 +149,7 @@ HRESULT ClassObject::TryPut(const std::string& key, VARIANT* value, CIMTYPE type
   if (FindSystemProperty(key) != nullptr) return WBEM_E_READ_ONLY;
   const std::optional<std::size_t> index = object_.info().FindProperty(key);
   if (!index) return kNoSuchMember;
-  if (object_.isClass()) return kNotSupported;
+  if (object_.IsClass()) return kNotSupported;
   if (type != 0 && type != object_.info().declaration.properties[*index].type) {
     return WBEM_E_TYPE_MISMATCH;
   }
@@ -161,7 +161,7 @@ HRESULT ClassObject::Delete(LPCWSTR name) {
   if (name == nullptr) return kInvalidParameter;
   const std::optional<std::size_t> index = object_.info().FindProperty(NameText(name));
   if (!index) return kNoSuchMember;
-  if (object_.isClass()) return kNotSupported;
+  if (object_.IsClass()) return kNotSupported;
   object_.Reset(*index);
   return S_OK;
 }
@@ -236,7 +236,7 @@ HRESULT ClassObject::GetObjectText(LONG, BSTR* text) {
 HRESULT ClassObject::SpawnInstance(LONG flags, IWbemClassObject** instance) {
   if (instance == nullptr || flags != 0) return kInvalidParameter;
   *instance = nullptr;
-  if (!object_.isClass()) return kNotSupported;
+  if (!object_.IsClass()) return kNotSupported;
   *instance = pool_.New<ClassObject>(pool_, CimObject(object_.info())).release();
   return S_OK;
 }
@@ -269,7 +269,7 @@ HRESULT ClassObject::GetMethod(LPCWSTR name, LONG flags, IWbemClassObject** in,
   if (in != nullptr) *in = nullptr;
   if (out != nullptr) *out = nullptr;
   if (name == nullptr || flags != 0) return kInvalidParameter;
-  if (!object_.isClass()) return kNotSupported;
+  if (!object_.IsClass()) return kNotSupported;
   const MethodInfo* method = object_.info().FindMethod(NameText(name));
   if (method == nullptr) return kNoSuchMember;
   if (in != nullptr) *in = Definition(method->in.get()).release();

@@ -22,9 +22,9 @@ class ProviderSession {
   ~ProviderSession();
 
   /// Makes a provider and initialises it. A failure to make one is returned; what Initialize
-  /// reported is `initStatus()`.
+  /// reported is `init_status()`.
   HRESULT Start(IClassFactory* factory);
-  HRESULT initStatus() const { return initStatus_; }
+  HRESULT init_status() const { return initStatus_; }
   /// Releases the provider and everything that belongs to it; reports what it still holds.
   void Stop();
 

@@ -20,7 +20,7 @@ bool RequestSink::Accept(IWbemClassObject* object) {
     Report("Indicate with an object that was not spawned from a class definition");
     return false;
   }
-  if (known->object().isClass()) {
+  if (known->object().IsClass()) {
     Report("Indicate with a class definition instead of an instance");
     return false;
   }

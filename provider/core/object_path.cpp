@@ -138,9 +138,9 @@ class PathGrammar {
       value = Variant::Text(token_.text);
     } else if (token_.kind == PathToken::kInteger) {
       value = Variant::Integer(token_.number);
-    } else if (token_.isWord(OLESTR("true"))) {
+    } else if (token_.IsWord(OLESTR("true"))) {
       value = Variant::Integer(1);
-    } else if (token_.isWord(OLESTR("false"))) {
+    } else if (token_.IsWord(OLESTR("false"))) {
       value = Variant::Integer(0);
     } else {
       return false;

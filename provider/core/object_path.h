@@ -23,7 +23,7 @@ struct ParsedPath {
   bool singleton = false;     ///< CLASS=@
 
   /// The class name; none where the path names only a server or a namespace.
-  const OLECHAR* classText() const { return className ? className->c_str() : nullptr; }
+  const OLECHAR* class_text() const { return className ? className->c_str() : nullptr; }
   void AddKey(const OLECHAR* name, const VARIANT& value);
   /// NAME=VALUE joined by commas.
   platform::OleString KeyListText() const;

@@ -57,7 +57,7 @@ bool IsPathBlank(OLECHAR character) {
   return character == OLECHAR(' ') || (character >= OLECHAR('\t') && character <= OLECHAR('\r'));
 }
 
-bool PathToken::isWord(OleStringView word) const {
+bool PathToken::IsWord(OleStringView word) const {
   return kind == kWord && platform::SameIgnoringAsciiCase(word, text);
 }
 

@@ -13,7 +13,7 @@ struct PathToken {
   LONG number = 0;
 
   /// Whether it is this word, ignoring the case of A to Z. `word` is in lower case.
-  bool isWord(platform::OleStringView word) const;
+  bool IsWord(platform::OleStringView word) const;
 };
 
 bool IsPathBlank(OLECHAR character);

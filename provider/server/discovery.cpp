@@ -102,7 +102,7 @@ adapterapi::ApiStatus ListCandidates(adapterapi::AdapterApi& api,
 
 LONG AdapterEnumerationFlags() {
   const platform::OsVersion version = platform::QueryOsVersion();
-  const bool windows2000 = version.isNt() && version.major == 5 && version.minor == 0;
+  const bool windows2000 = version.IsNt() && version.major == 5 && version.minor == 0;
   constexpr LONG kForwardOnly = WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY;
   return windows2000 ? kForwardOnly : kForwardOnly | WBEM_FLAG_DIRECT_READ;
 }
@@ -125,7 +125,7 @@ struct PlatformAdapter {
     return result;
   }
 
-  bool isMakersPciDevice() const {
+  bool IsMakersPciDevice() const {
     return deviceId.text() != nullptr && macAddress.text() != nullptr &&
            platform::ViewOf(pnpDeviceId.text()).find(kMakersPciId) != OleStringView::npos;
   }
@@ -133,7 +133,7 @@ struct PlatformAdapter {
 
 void AddServedAdapter(AdapterMap& adapters, const std::vector<Candidate>& candidates,
                       const PlatformAdapter& found) {
-  if (!found.isMakersPciDevice()) return;
+  if (!found.IsMakersPciDevice()) return;
   const OLECHAR* mac = found.macAddress.text();
   for (const Candidate& candidate : candidates) {
     if (!platform::EqualsAscii(mac, candidate.macText)) continue;

@@ -128,7 +128,7 @@ HRESULT InstanceProvider::GetObjectAsync(const BSTR path, LONG, IWbemContext* co
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
     if (FAILED(result)) return result;
-    const ClassRoute* route = RouteByName(parsed->classText());
+    const ClassRoute* route = RouteByName(parsed->class_text());
     if (route == nullptr) return WBEM_E_INVALID_CLASS;
     return route->get(state, {sink, context}, *parsed);
   });
@@ -144,7 +144,7 @@ HRESULT InstanceProvider::DeleteInstanceAsync(const BSTR path, LONG, IWbemContex
   return Serve(sink, [&](ProviderState&) -> HRESULT {
     std::unique_ptr<ParsedPath> parsed;
     const HRESULT result = ReadObjectPath(path, parsed);
-    return FAILED(result) ? result : DeleteAnswer(parsed->classText());
+    return FAILED(result) ? result : DeleteAnswer(parsed->class_text());
   });
 }
 

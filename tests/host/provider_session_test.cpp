@@ -312,7 +312,7 @@ TEST_F(ProviderSessionTest, ServesThePlatformClassesDuringInitialize) {
 TEST_F(ProviderSessionTest, ReportsAFailedStartAndGoesOn) {
   provider_.initStatus = 17;
   Start();
-  EXPECT_EQ(session_.initStatus(), 17);
+  EXPECT_EQ(session_.init_status(), 17);
   provider_.services.steps = [](Request& request) { return Finish(request, S_OK); };
   EXPECT_EQ(session_.Enumerate("Toy").status, S_OK);
   ExpectDefects({});
@@ -321,7 +321,7 @@ TEST_F(ProviderSessionTest, ReportsAFailedStartAndGoesOn) {
 TEST_F(ProviderSessionTest, WantsOneInitStatus) {
   provider_.initStatusCount = 0;
   Start();
-  EXPECT_TRUE(FAILED(session_.initStatus()));
+  EXPECT_TRUE(FAILED(session_.init_status()));
   ExpectDefects({"Initialize: no final status"});
 }
 

@@ -31,10 +31,10 @@ constexpr const char* kScript = R"(HKCR
 class Registration : public ::testing::Test {
  protected:
   void SetUp() override {
-    RegDeleteTreeW(HKEY_CURRENT_USER, kRoot.c_str());
-    ASSERT_EQ(root.Create(HKEY_CURRENT_USER, kRoot), LSTATUS{0});
+    RegDeleteTreeW(HKEY_CURRENT_USER, testKey_.c_str());
+    ASSERT_EQ(root.Create(HKEY_CURRENT_USER, testKey_), LSTATUS{0});
   }
-  void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, kRoot.c_str()); }
+  void TearDown() override { RegDeleteTreeW(HKEY_CURRENT_USER, testKey_.c_str()); }
 
   testing_support::RegistryContent Content() { return testing_support::ContentOf(root.get()); }
   void MakeKey(const OleString& name) {
@@ -45,7 +45,7 @@ class Registration : public ::testing::Test {
   RegistryKey root;
 
  private:
-  const OleString kRoot = OLESTR("Software\\RegistrationTest");
+  const OleString testKey_ = OLESTR("Software\\RegistrationTest");
 };
 
 const testing_support::RegistryContent kWritten = {
