@@ -11,7 +11,7 @@ using RecordGetter = adapterapi::Operation<adapterapi::AdapterNumber, Record*>;
 
 /// Puts the key: what the instance throws ends the request.
 inline HRESULT PutSettingId(IWbemClassObject* instance, const AdapterEntry& entry) {
-  return PutDirectly(instance, kSettingId, platform::Variant::Text(entry.deviceId).get());
+  return PutOrRethrow(instance, kSettingId, platform::Variant::Text(entry.deviceId).get());
 }
 
 /// Traces `line` and has the library fill the cleared `record` behind a guard. Answers with the

@@ -86,7 +86,7 @@ HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY*
   VariantInit(&borrowed);
   borrowed.vt = VT_ARRAY | VT_BSTR;
   borrowed.parray = array;
-  return PutDirectly(instance, property, borrowed);
+  return PutOrRethrow(instance, property, borrowed);
 }
 
 struct CounterRow {
@@ -124,8 +124,8 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
     if (row.perRate) {
       result = FillSafeArray(state, instance, row.property, values);
     } else {
-      PutDirectly(instance, row.property,
-                  Variant::AnsiText(platform::ShortText<16>().Decimal(values[0])).get());
+      PutOrRethrow(instance, row.property,
+                   Variant::AnsiText(platform::ShortText<16>().Decimal(values[0])).get());
     }
   }
   return result;

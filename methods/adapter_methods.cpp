@@ -56,8 +56,8 @@ MethodResult IsCurrentProfile(const MethodCall& call) {
   if (call.state.api.GetLastAppliedProfile(call.adapter(), &profile) != 0) return {};
   name->ChangeType(VT_BSTR);  // what cannot become one counts as the empty name
   // As the library stores names: in the ANSI code page.
-  return Answer(SameLetters(platform::WideText(platform::AnsiText(name->text())),
-                            platform::WideText(ProfileName(profile))));
+  return Answer(EqualIgnoringCase(platform::WideText(platform::AnsiText(name->text())),
+                                  platform::WideText(ProfileName(profile))));
 }
 
 MethodResult Disassociate(const MethodCall& call) {

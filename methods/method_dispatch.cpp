@@ -172,8 +172,9 @@ HRESULT SpawnOutParameters(const Execution& execution, ComPtr<IWbemClassObject>&
 /// The second out-parameter goes ahead of ReturnValue; answers with what the sink says.
 HRESULT IndicateAnswer(const Execution& execution, IWbemClassObject* out,
                        const MethodResult& result) {
-  if (result.extra) PutDirectly(out, execution.method.extra, Variant::Integer(*result.extra).get());
-  PutDirectly(out, OLESTR("ReturnValue"), result.returnValue.get());
+  if (result.extra)
+    PutOrRethrow(out, execution.method.extra, Variant::Integer(*result.extra).get());
+  PutOrRethrow(out, OLESTR("ReturnValue"), result.returnValue.get());
   return Indicate(execution.delivery, out, WBEM_E_FAILED);
 }
 

@@ -40,7 +40,7 @@ HRESULT GetPropertyValue(IWbemClassObject& instance, const OLECHAR* name, Varian
   return platform::CallFenced([&] { return instance.Get(name, 0, place, nullptr, nullptr); });
 }
 
-HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value) {
+HRESULT PutOrRethrow(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value) {
   if (instance == nullptr || name == nullptr) return E_FAIL;
   return platform::CallFenced(
       [&] { return instance->Put(name, 0, const_cast<VARIANT*>(&value), 0); });

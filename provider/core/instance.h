@@ -36,7 +36,7 @@ inline HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name,
 }
 
 /// The same, but what the instance throws ends the request. The value stays the caller's.
-HRESULT PutDirectly(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value);
+HRESULT PutOrRethrow(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value);
 
 /// The value of the first key with exactly this name; a key without a name matches only a missing
 /// name. It belongs to the path; VT_EMPTY without a match.

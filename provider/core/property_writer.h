@@ -33,7 +33,7 @@ class PropertyWriter {
   }
   /// For the key, which comes first: what the instance throws ends the request.
   void PutKey(const OLECHAR* name, platform::OleStringView text) {
-    result_ = PutDirectly(instance_, name, *text_.Text(text));
+    result_ = PutOrRethrow(instance_, name, *text_.Text(text));
   }
   HRESULT PutText(const OLECHAR* name, platform::OleStringView text) {
     return open() ? PutInPlace(name, text_.Text(text)) : result_;

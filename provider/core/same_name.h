@@ -13,7 +13,7 @@ inline bool SameNameIgnoringCase(const OLECHAR* left, const OLECHAR* right) {
 
 /// Whether two texts have the same letters, whatever their case: each is folded by itself, and no
 /// locale makes one of two or none of one.
-inline bool SameLetters(platform::OleString left, platform::OleString right) {
+inline bool EqualIgnoringCase(platform::OleString left, platform::OleString right) {
   for (platform::OleString* text : {&left, &right}) {
     const auto length = static_cast<int>(text->size());
     if (length > 0) {

@@ -381,7 +381,7 @@ TEST_F(Request, MakesNoInstanceWithoutEntryOrClass) {
   script.putThrows = "nothing";  // not what has no name
   const auto object = MakeObject();
   EXPECT_EQ(PutPropertyValue(object.get(), nullptr, Variant::Integer(1)), E_FAIL);
-  EXPECT_EQ(PutDirectly(object.get(), nullptr, Variant::Integer(1).get()), E_FAIL);
+  EXPECT_EQ(PutOrRethrow(object.get(), nullptr, Variant::Integer(1).get()), E_FAIL);
   EXPECT_EQ(object->ShownPuts(), Strings{});
 }
 
