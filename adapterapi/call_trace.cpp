@@ -1,7 +1,7 @@
 #include "adapterapi/call_trace.h"
 
 #include "adapterapi/bounded_text.h"
-#include "adapterapi/profile_record.h"
+#include "adapterapi/profile_name.h"
 #include "platform/environment.h"
 #include "platform/short_text.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "adapterapi/bounded_text.h"
-#include "adapterapi/profile_record.h"
+#include "adapterapi/profile_name.h"
 #include "classes/os_gate.h"
 #include "platform/short_text.h"
 #include "provider/core/code_table.h"
@@ -153,7 +153,7 @@ HRESULT PutUnfiltered(const Filling& filling, const OLECHAR* property) {
   return filling.writer.PutNumber(property, value);
 }
 
-struct PropertyRow {
+struct FillRow {
   const OLECHAR* property;
   const char* trace;
   HRESULT (*put)(const Filling&, const OLECHAR*);
@@ -161,7 +161,7 @@ struct PropertyRow {
 };
 
 // In the order in which they are filled, which clients see.
-constexpr PropertyRow kPropertyRows[] = {
+constexpr FillRow kFillRows[] = {
     {OLESTR("WiFiAdapterType"), "Getting adapter type for WiFi_NetworkAdapter",
      PutCode<operation::GetAdapterType, codes::kAdapterTypes>},
     {OLESTR("Band"), "Getting band for WiFi_NetworkAdapter",
@@ -227,7 +227,7 @@ HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, Ada
   TraceMessage("Filling adapter information for WiFi_NetworkAdapter");
   TraceMessage(entry.key);
   HRESULT result = writer.PutText(OLESTR("DeviceID"), entry.deviceId);
-  for (const PropertyRow& row : kPropertyRows) {
+  for (const FillRow& row : kFillRows) {
     if (FAILED(result)) return result;
     if (row.leftOutOnNt6 && IsNtVersion6()) continue;
     TraceMessage(row.trace);

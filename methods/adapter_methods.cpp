@@ -1,6 +1,6 @@
 #include "methods/adapter_methods.h"
 
-#include "adapterapi/profile_record.h"
+#include "adapterapi/profile_name.h"
 #include "platform/text.h"
 #include "provider/core/same_name.h"
 

@@ -18,7 +18,7 @@
 #include <oleauto.h>
 #include <wbemcli.h>
 #include <wbemprov.h>
-#include "platform/windows/result_codes.h"
+#include "platform/windows/signed_codes.h"
 // clang-format on
 #else
 #include "platform/native/automation.h"

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "scenario/operations.h"
+#include "scenario/fault_targets.h"
 #include "scenario/sections.h"
 
 namespace simulator {
@@ -9,13 +9,13 @@ namespace {
 
 constexpr std::uint32_t kAccessViolation = 0xC0000005;
 
-const Operation& OperationNamed(const Node& node) {
+const FaultTarget& TargetNamed(const Node& node) {
   const std::string name = node.Text();
-  const auto* found = std::find_if(std::begin(kOperations), std::end(kOperations),
-                                   [&](const Operation& known) { return known.name == name; });
-  if (found == std::end(kOperations)) {
+  const auto* found = std::find_if(std::begin(kFaultTargets), std::end(kFaultTargets),
+                                   [&](const FaultTarget& known) { return known.name == name; });
+  if (found == std::end(kFaultTargets)) {
     std::vector<std::string_view> names;
-    for (const Operation& known : kOperations) names.push_back(known.name);
+    for (const FaultTarget& known : kFaultTargets) names.push_back(known.name);
     node.FailExpecting("one of " + Join(names));
   }
   return *found;
@@ -62,7 +62,7 @@ Fault ReadFault(const Node& node, std::span<const Adapter> adapters) {
   };
   node.EachMember({{"operation",
                     [&](const Node& member) {
-                      const Operation& operation = OperationNamed(member);
+                      const FaultTarget& operation = TargetNamed(member);
                       fault.operation = operation.name;
                       ofAdapter = operation.ofAdapter;
                     }},

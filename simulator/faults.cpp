@@ -6,12 +6,12 @@
 
 namespace simulator {
 
-FaultPlan::FaultPlan(std::vector<Fault> faults) {
+FaultSchedule::FaultSchedule(std::vector<Fault> faults) {
   for (Fault& fault : faults) faults_.push_back({std::move(fault)});
 }
 
-std::optional<Fault> FaultPlan::Take(std::string_view operation,
-                                     std::optional<adapterapi::AdapterNumber> adapter) {
+std::optional<Fault> FaultSchedule::Take(std::string_view operation,
+                                         std::optional<adapterapi::AdapterNumber> adapter) {
   Fault* met = nullptr;
   for (auto& [fault, calls] : faults_) {
     if (fault.operation != operation || (fault.adapter && fault.adapter != adapter)) continue;

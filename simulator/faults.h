@@ -16,9 +16,9 @@ namespace simulator {
 /// code.
 [[noreturn]] void RaiseStructured(std::uint32_t code);
 
-class FaultPlan {
+class FaultSchedule {
  public:
-  explicit FaultPlan(std::vector<Fault> faults);
+  explicit FaultSchedule(std::vector<Fault> faults);
 
   /// The fault that this call meets, if any: the first that fits it, has begun and is not used up.
   /// Every fault that fits the call counts it.
@@ -39,7 +39,7 @@ std::int32_t Strike(const Fault& fault);
 /// Runs one operation under the lock and as its fault, if any, says. The lock is free while the
 /// call waits, and again before anything is thrown: a structured exception does not unwind.
 template <class Call>
-std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultPlan& plan,
+std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultSchedule& plan,
                            std::string_view operation,
                            std::optional<adapterapi::AdapterNumber> adapter, Call&& call) {
   const auto take = [&] {

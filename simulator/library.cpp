@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "scenario/operations.h"
+#include "scenario/fault_targets.h"
 
 namespace simulator {
 namespace {

@@ -32,7 +32,7 @@ class Library final : public AdapterApi {
   struct Loaded {
     explicit Loaded(Scenario scenario)
         : faults(std::move(scenario.faults)), machine(std::move(scenario)) {}
-    FaultPlan faults;
+    FaultSchedule faults;
     Machine machine;
   };
 

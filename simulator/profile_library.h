@@ -39,7 +39,7 @@ class ProfileLibrary {
   platform::CriticalSection mutex_;
   bool tried_ = false;
   std::optional<Scenario> scenario_;
-  std::optional<FaultPlan> faults_;
+  std::optional<FaultSchedule> faults_;
 };
 
 /// The profile of a store at a position; null behind the last. A flag that is no store's has none.

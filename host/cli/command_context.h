@@ -6,7 +6,7 @@
 #include "host/cli/exit_status.h"
 #include "host/format/visible_text.h"
 #include "host/service/provider_session.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 namespace host {
 

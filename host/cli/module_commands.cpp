@@ -1,7 +1,7 @@
 #include "host/cli/command_table.h"
 #include "host/cli/commands.h"
 #include "host/cli/provider_host.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 #include "host/format/visible_text.h"
 #include "host/mof/product_schema.h"
 #include "host/mof/registration.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 #include "platform/environment.h"
 #include "platform/os_version.h"
 #include "platform/registry_key.h"

@@ -2,7 +2,7 @@
 
 #include "host/mof/cim_types.h"
 #include "host/service/repository.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 #include "platform/safe_array.h"
 #include "platform/text.h"
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "host/format/format.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 namespace host {
 namespace {

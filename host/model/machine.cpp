@@ -1,7 +1,7 @@
 #include "host/model/machine.h"
 
 #include "host/model/wording.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 namespace host {
 namespace {

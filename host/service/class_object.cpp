@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 #include "platform/text.h"
 
 namespace host {

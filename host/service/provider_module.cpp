@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "host/os/os.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 #include "platform/registry_key.h"
 #include "platform/text.h"
 

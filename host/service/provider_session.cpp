@@ -97,9 +97,9 @@ void ProviderSession::Stop() {
   }
 }
 
-template <class Operation>
-Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expected,
-                             Operation operation, const ObjectVisitor* visitor) {
+template <class Issue>
+Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expected, Issue issue,
+                             const ObjectVisitor* visitor) {
   Outcome outcome;
   if (watcher_) watcher_(&request);
   {
@@ -108,7 +108,7 @@ Outcome ProviderSession::Run(const std::string& request, const ClassInfo* expect
     sink->Visit(visitor);
     namespace_.BeginRequest(request, context.get());
     const HRESULT returned =
-        Guarded(request, defects_, [&] { return operation(context.get(), sink.get()); });
+        Guarded(request, defects_, [&] { return issue(context.get(), sink.get()); });
     outcome = sink->Finish(returned);
     namespace_.BeginRequest("between requests", nullptr);
   }

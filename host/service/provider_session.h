@@ -42,9 +42,9 @@ class ProviderSession {
   Outcome Call(const std::string& path, const std::string& method, const CimObject* in);
 
  private:
-  /// Runs one request: `operation(context, sink)` makes the call and returns its result.
-  template <class Operation>
-  Outcome Run(const std::string& request, const ClassInfo* expected, Operation operation,
+  /// Runs one request: `issue(context, sink)` makes the call and returns its result.
+  template <class Issue>
+  Outcome Run(const std::string& request, const ClassInfo* expected, Issue issue,
               const ObjectVisitor* visitor = nullptr);
 
   Outcome EnumerateInto(const std::string& className, const ObjectVisitor* visitor);

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/service/class_object.h"
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 namespace host {
 

@@ -10,7 +10,7 @@
 namespace {
 
 using native::Registry;
-using native::RegistryKeyRef;
+using native::RegistryNodeRef;
 using native::RegistryValue;
 
 std::u16string WideName(LPCSTR name) {
@@ -43,7 +43,7 @@ class Call {
 
   Registry& registry = Registry::Instance();
   const std::lock_guard<std::mutex> guard{registry.lock};
-  RegistryKeyRef key;
+  RegistryNodeRef key;
   LSTATUS result;
 };
 
@@ -53,7 +53,7 @@ LSTATUS OpenKey(HKEY handle, std::u16string_view path, HKEY* result) {
   if (path.starts_with(u'\\')) return ERROR_BAD_PATHNAME;
   Call call(handle);
   if (call.result != ERROR_SUCCESS) return call.result;
-  const RegistryKeyRef found = Registry::Descend(call.key, path, false);
+  const RegistryNodeRef found = Registry::Descend(call.key, path, false);
   if (found == nullptr) return ERROR_FILE_NOT_FOUND;
   *result = call.registry.Open(found);
   return ERROR_SUCCESS;
@@ -106,7 +106,7 @@ bool KeepRegistryIn(const std::string& path) {
 
 void ClearRegistry() {
   const std::lock_guard guard(Registry::Instance().lock);
-  Registry::Instance().Reset(std::make_shared<RegistryKey>());
+  Registry::Instance().Reset(std::make_shared<RegistryNode>());
 }
 
 }  // namespace native
@@ -147,7 +147,7 @@ LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD, LPWSTR, DWORD, REGSAM, 
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
   const bool exists = Registry::Descend(call.key, path, false) != nullptr;
-  const RegistryKeyRef made = Registry::Descend(call.key, path, true);
+  const RegistryNodeRef made = Registry::Descend(call.key, path, true);
   if (!exists) {
     if (const LSTATUS saved = call.registry.Save(); saved != ERROR_SUCCESS) return saved;
   }
@@ -192,7 +192,7 @@ LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey) try {
   if (subKey == nullptr) return ERROR_INVALID_PARAMETER;
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
-  const RegistryKeyRef found = Registry::Descend(call.key, subKey, false);
+  const RegistryNodeRef found = Registry::Descend(call.key, subKey, false);
   if (found == nullptr) return ERROR_FILE_NOT_FOUND;
   if (!found->keys.empty()) return ERROR_ACCESS_DENIED;
   Registry::Delete(found.get());
@@ -204,7 +204,7 @@ LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR subKey) try {
 LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR subKey) try {
   Call call(key);
   if (call.result != ERROR_SUCCESS) return call.result;
-  const RegistryKeyRef found = Registry::Descend(call.key, View(subKey), false);
+  const RegistryNodeRef found = Registry::Descend(call.key, View(subKey), false);
   if (found == nullptr) return ERROR_FILE_NOT_FOUND;
   // Without a name the key itself stays.
   if (found == call.key) {

@@ -52,7 +52,7 @@ Json JsonOf(const RegistryValue& value) {
   return {{"type", value.type}, {"bytes", value.data}};
 }
 
-Json JsonOf(const RegistryKey& key) {
+Json JsonOf(const RegistryNode& key) {
   Json json = Json::object();
   for (const auto& [folded, child] : key.keys) json["keys"][Utf8(child->name)] = JsonOf(*child);
   for (const auto& [folded, value] : key.values) json["values"][Utf8(value.name)] = JsonOf(value);
@@ -78,7 +78,7 @@ RegistryValue ValueOf(const std::string& name, const Json& json) {
   return {Wide(name), json.at("type").get<DWORD>(), json.at("bytes").get<std::vector<BYTE>>()};
 }
 
-void ReadKey(const Json& json, const RegistryKeyRef& key) {
+void ReadKey(const Json& json, const RegistryNodeRef& key) {
   const auto& members = json.get_ref<const Json::object_t&>();
   for (const auto& [member, rows] : members) {
     for (const auto& [name, row] : rows.get_ref<const Json::object_t&>()) {
@@ -97,15 +97,15 @@ bool IsWellFormed(std::u16string_view text) {
   return Wide(Utf8(text)) == text;
 }
 
-std::string WriteRegistry(const RegistryKey& root) {
+std::string WriteRegistry(const RegistryNode& root) {
   return Json{{"registry", 1}, {"root", JsonOf(root)}}.dump(1) + "\n";
 }
 
-RegistryKeyRef ReadRegistry(const std::string& text) {
+RegistryNodeRef ReadRegistry(const std::string& text) {
   try {
     const Json json = Json::parse(text);
     if (json.at("registry") != 1) return nullptr;
-    auto root = std::make_shared<RegistryKey>();
+    auto root = std::make_shared<RegistryNode>();
     ReadKey(json.at("root"), root);
     return root;
   } catch (const Json::exception&) {

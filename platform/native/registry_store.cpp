@@ -37,17 +37,17 @@ std::u16string FoldedName(std::u16string_view name) {
   return folded;
 }
 
-RegistryKeyRef MakeChild(const RegistryKeyRef& key, std::u16string_view name) {
+RegistryNodeRef MakeChild(const RegistryNodeRef& key, std::u16string_view name) {
   std::u16string folded = FoldedName(name);
   if (const auto found = key->keys.find(folded); found != key->keys.end()) return found->second;
-  auto child = std::make_shared<RegistryKey>();
+  auto child = std::make_shared<RegistryNode>();
   child->name = name;
   child->parent = key.get();
   key->keys.emplace(std::move(folded), child);  // last: short of memory, there is no half a key
   return child;
 }
 
-void SetValue(RegistryKey* key, RegistryValue value) {
+void SetValue(RegistryNode* key, RegistryValue value) {
   RegistryValue& place = key->values[FoldedName(value.name)];
   if (!place.name.empty()) value.name = place.name;
   place = std::move(value);
@@ -59,7 +59,7 @@ Registry& Registry::Instance() {
   return *registry;
 }
 
-LSTATUS Registry::Find(HKEY handle, RegistryKeyRef* key) {
+LSTATUS Registry::Find(HKEY handle, RegistryNodeRef* key) {
   if (const PredefinedKey* predefined = Predefined(handle)) {
     const auto replaced = overrides_.find(handle);
     *key = replaced == overrides_.end() ? Descend(root_, predefined->path, true) : replaced->second;
@@ -72,7 +72,7 @@ LSTATUS Registry::Find(HKEY handle, RegistryKeyRef* key) {
   return ERROR_SUCCESS;
 }
 
-RegistryKeyRef Registry::Descend(RegistryKeyRef key, std::u16string_view path, bool make) {
+RegistryNodeRef Registry::Descend(RegistryNodeRef key, std::u16string_view path, bool make) {
   while (key != nullptr && !path.empty()) {
     const std::size_t end = std::min(path.find(u'\\'), path.size());
     const std::u16string_view name = path.substr(0, end);
@@ -88,7 +88,7 @@ RegistryKeyRef Registry::Descend(RegistryKeyRef key, std::u16string_view path, b
   return key;
 }
 
-HKEY Registry::Open(RegistryKeyRef key) {
+HKEY Registry::Open(RegistryNodeRef key) {
   auto open = std::make_unique<OpenKey>(OpenKey{std::move(key)});
   open_.insert(open.get());
   return reinterpret_cast<HKEY>(open.release());
@@ -102,14 +102,14 @@ LSTATUS Registry::Close(HKEY handle) {
   return ERROR_SUCCESS;
 }
 
-LSTATUS Registry::Override(HKEY handle, RegistryKeyRef key) {
+LSTATUS Registry::Override(HKEY handle, RegistryNodeRef key) {
   if (Predefined(handle) == nullptr) return ERROR_INVALID_HANDLE;
   overrides_.erase(handle);
   if (key != nullptr) overrides_.emplace(handle, std::move(key));
   return ERROR_SUCCESS;
 }
 
-void Registry::Clear(RegistryKey* key) {
+void Registry::Clear(RegistryNode* key) {
   for (const auto& [folded, child] : key->keys) {
     Clear(child.get());
     child->parent = nullptr;
@@ -118,11 +118,11 @@ void Registry::Clear(RegistryKey* key) {
   key->values.clear();
 }
 
-void Registry::Delete(RegistryKey* key) {
+void Registry::Delete(RegistryNode* key) {
   Clear(key);
   // Forgetting the key may end its life, so its name is taken before.
   const std::u16string folded = FoldedName(key->name);
-  if (RegistryKey* parent = std::exchange(key->parent, nullptr)) parent->keys.erase(folded);
+  if (RegistryNode* parent = std::exchange(key->parent, nullptr)) parent->keys.erase(folded);
 }
 
 LSTATUS Registry::Save() {
@@ -131,7 +131,7 @@ LSTATUS Registry::Save() {
 }
 
 bool Registry::KeepIn(const std::string& path) {
-  RegistryKeyRef read;
+  RegistryNodeRef read;
   errno = 0;
   if (std::ifstream file(path, std::ios::binary); file) {
     std::ostringstream contents;
@@ -147,14 +147,14 @@ bool Registry::KeepIn(const std::string& path) {
   return true;
 }
 
-void Registry::Reset(RegistryKeyRef root) {
+void Registry::Reset(RegistryNodeRef root) {
   path_.clear();
   overrides_.clear();
   Clear(root_.get());
   root_ = std::move(root);
 }
 
-bool Registry::IsDeleted(const RegistryKey& key) const {
+bool Registry::IsDeleted(const RegistryNode& key) const {
   return key.parent == nullptr && &key != root_.get();
 }
 

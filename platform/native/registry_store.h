@@ -12,7 +12,7 @@ namespace native {
 
 // What RegOpenKeyEx hands out; a key may be open more than once.
 struct OpenKey {
-  RegistryKeyRef key;
+  RegistryNodeRef key;
 };
 
 /// Every operation is called with the lock held.
@@ -23,31 +23,31 @@ class Registry {
   std::mutex lock;
 
   /// The key behind a handle; the code of the failure otherwise.
-  LSTATUS Find(HKEY handle, RegistryKeyRef* key);
+  LSTATUS Find(HKEY handle, RegistryNodeRef* key);
   /// The key below `key`, none if there is none and it is not to be made. Empty parts of the path
   /// count for nothing.
-  static RegistryKeyRef Descend(RegistryKeyRef key, std::u16string_view path, bool make);
+  static RegistryNodeRef Descend(RegistryNodeRef key, std::u16string_view path, bool make);
 
-  HKEY Open(RegistryKeyRef key);
+  HKEY Open(RegistryNodeRef key);
   LSTATUS Close(HKEY handle);
   /// Makes a predefined key stand for another one; none puts its own back.
-  LSTATUS Override(HKEY handle, RegistryKeyRef key);
+  LSTATUS Override(HKEY handle, RegistryNodeRef key);
 
   /// Empties a key; open handles of what was below it say from then on that it is deleted.
-  static void Clear(RegistryKey* key);
-  static void Delete(RegistryKey* key);
+  static void Clear(RegistryNode* key);
+  static void Delete(RegistryNode* key);
 
   /// Ends a change: writes the file, if there is one.
   LSTATUS Save();
   bool KeepIn(const std::string& path);
-  void Reset(RegistryKeyRef root);
+  void Reset(RegistryNodeRef root);
 
  private:
-  bool IsDeleted(const RegistryKey& key) const;
+  bool IsDeleted(const RegistryNode& key) const;
 
-  RegistryKeyRef root_ = std::make_shared<RegistryKey>();
+  RegistryNodeRef root_ = std::make_shared<RegistryNode>();
   std::set<OpenKey*> open_;
-  std::map<HKEY, RegistryKeyRef> overrides_;
+  std::map<HKEY, RegistryNodeRef> overrides_;
   std::string path_;
 };
 

@@ -35,7 +35,7 @@ inline HRESULT PutPropertyValue(IWbemClassObject* instance, const OLECHAR* name,
   return PutPropertyValue(instance, name, value.in_place());
 }
 
-/// The same, but what the instance throws ends the request. The value stays the caller's.
+/// The same, but what the instance throws goes on to the caller. The value stays the caller's.
 HRESULT PutOrRethrow(IWbemClassObject* instance, const OLECHAR* name, const VARIANT& value);
 
 /// The value of the first key with exactly this name; a key without a name matches only a missing

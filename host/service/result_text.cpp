@@ -1,4 +1,4 @@
-#include "host/service/result_codes.h"
+#include "host/service/result_text.h"
 
 #include <array>
 #include <cstdint>

@@ -5,7 +5,7 @@
 
 namespace simulator {
 
-struct Operation {
+struct FaultTarget {
   std::string_view name;
   bool ofAdapter;  ///< its first argument is an adapter number
 };
@@ -15,7 +15,7 @@ constexpr bool TakesAdapter(std::string_view arguments) {
   return arguments.starts_with("(adapter");
 }
 
-inline constexpr Operation kOperations[] = {
+inline constexpr FaultTarget kFaultTargets[] = {
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) {#name, TakesAdapter(#arguments)},
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION
