@@ -5,9 +5,11 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 floors='
-platform/native
+platform/tables
+platform/native        platform/tables
 platform/windows
 platform               platform/native platform/windows
+platform/control       platform platform/native
 schema                 platform
 adapterapi             platform
 provider/core          platform adapterapi
@@ -16,16 +18,17 @@ classes                platform schema adapterapi provider/core
 methods                platform schema adapterapi provider/core profiles classes
 provider/registration  platform
 provider/server        platform schema adapterapi provider/core profiles classes methods provider/registration
-scenario               platform schema adapterapi
+scenario               platform platform/tables schema adapterapi
 simulator              platform adapterapi scenario
-host/mof               platform scenario
-host/os                platform scenario
-host/service           platform scenario host/mof host/os
+host/mof               platform
+host/os                platform platform/control
+host/service           platform platform/tables scenario host/mof host/os
 host/query             platform scenario host/mof host/os host/service
 host/format            platform scenario host/mof host/os host/service
-host/model             platform scenario host/mof host/os host/service host/query host/format
+host/model             platform platform/tables scenario host/mof host/os host/service host/query host/format
 host/report            platform scenario host/mof host/os host/service host/query host/format host/model
-host/cli               platform scenario host/mof host/os host/service host/query host/format host/model host/report
+host/terminal          platform scenario host/mof host/os host/service host/query host/format host/model
+host/cli               platform platform/control scenario host/mof host/os host/service host/query host/format host/model host/report host/terminal
 '
 
 git ls-files -co --exclude-standard -- '*.h' '*.cpp' '*.inc' |

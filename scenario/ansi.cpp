@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <iterator>
 
-#include "platform/code_page_1252.h"
+#include "platform/tables/code_page_1252.h"
 
 namespace simulator {
 namespace {

@@ -10,7 +10,7 @@
 #include "host/os/os.h"
 #include "host/service/provider_module.h"
 #include "host/service/provider_session.h"
-#include "platform/control.h"
+#include "platform/control/control.h"
 
 namespace host {
 

@@ -7,7 +7,7 @@
 #include "host/cli/service_client.h"
 #include "host/cli/show.h"
 #include "host/report/report.h"
-#include "platform/control.h"
+#include "platform/control/control.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 #include <map>
 
 #include "host/format/format.h"
-#include "platform/code_page_1252.h"
+#include "platform/tables/code_page_1252.h"
 #include "platform/text.h"
 
 namespace host {

@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "host/os/os.h"
-#include "platform/import_slot_windows.h"
+#include "platform/control/import_slot_windows.h"
 #include "platform/text.h"
 
 namespace host::os {

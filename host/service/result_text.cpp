@@ -16,7 +16,7 @@ struct ResultCode {
 #define COM_RESULT(name, bits, meaning) {name, #name, meaning},
 #define WBEM_RESULT(name, bits, meaning) {name, #name, meaning},
 constexpr ResultCode kResultCodes[] = {
-#include "platform/result_codes.inc"
+#include "platform/tables/result_codes.inc"
     // What a connection with another machine's service ends with.
     {static_cast<HRESULT>(0x800706BA), "RPC_S_SERVER_UNAVAILABLE",
      "there is no such machine, or its service cannot be reached"},

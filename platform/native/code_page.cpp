@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/native/code_page_1252.h"
 #include "platform/native/letter_case.h"
 #include "platform/native/system.h"
+#include "platform/tables/code_page_1252.h"
 
 namespace {
 

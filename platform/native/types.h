@@ -59,7 +59,7 @@ constexpr HRESULT HResultOf(std::uint32_t bits) {
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
 #define COM_RESULT(name, bits, meaning) inline constexpr HRESULT name = HResultOf(bits);
-#include "platform/native/result_codes.inc"
+#include "platform/tables/result_codes.inc"
 
 inline constexpr DWORD ERROR_SUCCESS = 0;
 inline constexpr DWORD ERROR_FILE_NOT_FOUND = 2;

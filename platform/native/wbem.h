@@ -32,7 +32,7 @@ enum CIMTYPE_ENUMERATION : LONG {
 };
 
 #define WBEM_RESULT(name, bits, meaning) inline constexpr HRESULT name = HResultOf(bits);
-#include "platform/native/result_codes.inc"
+#include "platform/tables/result_codes.inc"
 
 inline constexpr IID IID_IWbemContext = {
     0x44aca674, 0xe8fc, 0x11d0, {0xA0, 0x7C, 0x00, 0xC0, 0x4F, 0xB6, 0x88, 0x20}};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/bstr.h"
-#include "platform/control.h"
+#include "platform/control/control.h"
 
 namespace testing_support {
 

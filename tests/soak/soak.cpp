@@ -14,7 +14,7 @@
 #include <string>
 #include <thread>
 
-#include "platform/control.h"
+#include "platform/control/control.h"
 #include "platform/environment.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_wbem.h"

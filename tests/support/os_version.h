@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/control.h"
+#include "platform/control/control.h"
 
 namespace testing_support {
 

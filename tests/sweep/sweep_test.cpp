@@ -6,7 +6,7 @@
 #include <iostream>
 #include <numeric>
 
-#include "platform/control.h"
+#include "platform/control/control.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_profile_library.h"
 #include "tests/support/provider_fixture.h"

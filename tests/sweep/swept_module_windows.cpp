@@ -4,7 +4,7 @@
 #include <unordered_set>
 
 #include "adapterapi/tolva_api.h"
-#include "platform/import_slot_windows.h"
+#include "platform/control/import_slot_windows.h"
 #include "tests/support/fault_plan.h"
 #include "tests/sweep/swept_module.h"
 

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "platform/import_slot_windows.h"
+#include "platform/control/import_slot_windows.h"
 #include "platform/registry_key.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_profile_library.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/com_ptr.h"
-#include "platform/control.h"
+#include "platform/control/control.h"
 #include "provider/server/class_factory.h"
 #include "tests/support/fake_wbem.h"
 #include "tests/support/held.h"

@@ -1,4 +1,4 @@
-#include "platform/control.h"
+#include "platform/control/control.h"
 #include "platform/native/observe.h"
 
 namespace platform {

@@ -1,5 +1,5 @@
-#include "platform/control.h"
-#include "platform/import_slot_windows.h"
+#include "platform/control/control.h"
+#include "platform/control/import_slot_windows.h"
 
 namespace platform {
 namespace {
