@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "adapterapi/mac_text.h"
 #include "bench/library.h"
 #include "bench/platform_provider.h"
 #include "bench/service.h"
@@ -27,13 +28,10 @@ class InitSink final : public testing_support::FakeUnknown<IWbemProviderInitSink
   HRESULT STDMETHODCALLTYPE SetStatus(LONG, LONG) override { return S_OK; }
 };
 
-std::string MacText(std::size_t index) {
+std::string StationMac(std::size_t index) {
   MacAddress mac;
   Library::WriteMac(index, mac);
-  char text[18];
-  std::snprintf(text, sizeof(text), "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
-                mac[4], mac[5]);
-  return text;
+  return std::string(adapterapi::MacText(mac));
 }
 
 /// An initialised provider between the cheapest service and the cheapest libraries.
@@ -48,7 +46,7 @@ class Bench {
           ComPtr<testing_support::FakeObject>::Adopt(new testing_support::FakeObject(script_));
       object->values["DeviceID"] = Variant::AnsiText(std::to_string(index));
       object->values["PNPDeviceID"] = Variant::AnsiText("PCI\\VEN_7F3C&DEV_4220");
-      object->values["MACAddress"] = Variant::AnsiText(MacText(index));
+      object->values["MACAddress"] = Variant::AnsiText(StationMac(index));
       object->values["Caption"] = Variant::AnsiText("Wireless adapter");
       object->values["Description"] = Variant::AnsiText("Wireless adapter, 802.11a/b/g");
       services.adapters.push_back(ComPtr<IWbemClassObject>(object.get()));
@@ -172,7 +170,7 @@ void GetNetwork(benchmark::State& state, bool last) {
   const auto networks = static_cast<std::size_t>(state.range(0));
   Bench bench(1, networks);
   const Bstr path(WideText("WiFi_AdapterCachedScanList.MacAddress=\"" +
-                           MacText(last ? networks - 1 : 0) + "\",SettingID=\"0\""));
+                           StationMac(last ? networks - 1 : 0) + "\",SettingID=\"0\""));
   for (auto _ : state) bench.provider->GetObjectAsync(path.get(), 0, nullptr, bench.sink.get());
   if (bench.sink->indicated == 0) state.SkipWithError("the network was not found");
   state.SetComplexityN(state.range(0));

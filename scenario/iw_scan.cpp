@@ -5,10 +5,13 @@
 #include <charconv>
 #include <span>
 
+#include "platform/ascii.h"
 #include "scenario/platform_objects.h"
 
 namespace simulator {
 namespace {
+
+using platform::HexDigit;
 
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::size_t kLongestName = 32;         // octets
@@ -19,10 +22,6 @@ constexpr double k11bRates[] = {1, 2, 5.5, 11};  // Mbit/s
 struct Expected {
   std::string what;
 };
-
-bool IsHexDigit(char character) {
-  return std::isxdigit(static_cast<unsigned char>(character)) != 0;
-}
 
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -64,10 +63,9 @@ std::string Unescape(std::string_view text) {
   while (!text.empty()) {
     std::size_t size = 1;
     char octet = text.front();
-    if (text.size() >= 4 && text.starts_with("\\x") && IsHexDigit(text[2]) && IsHexDigit(text[3])) {
-      unsigned value = 0;
-      std::from_chars(text.data() + 2, text.data() + 4, value, 16);
-      octet = static_cast<char>(value);
+    if (text.size() >= 4 && text.starts_with("\\x") && HexDigit(text[2]) >= 0 &&
+        HexDigit(text[3]) >= 0) {
+      octet = static_cast<char>(HexDigit(text[2]) * 16 + HexDigit(text[3]));
       size = 4;
     }
     name.push_back(octet);
@@ -188,7 +186,7 @@ std::string AddressOf(std::string_view text) {
       gap = pairs.size();
     } else if (isMask(part)) {
       pairs.emplace_back(kMaskedPair);
-    } else if (part.size() == 2 && IsHexDigit(part[0]) && IsHexDigit(part[1])) {
+    } else if (part.size() == 2 && HexDigit(part[0]) >= 0 && HexDigit(part[1]) >= 0) {
       pairs.emplace_back(part);
       for (char& digit : pairs.back()) {
         digit = static_cast<char>(std::toupper(static_cast<unsigned char>(digit)));

@@ -4,18 +4,14 @@
 #include <limits>
 #include <vector>
 
+#include "platform/ascii.h"
 #include "scenario/ansi.h"
 #include "scenario/node.h"
 
 namespace simulator {
 namespace {
 
-int HexDigit(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  return -1;
-}
+using platform::HexDigit;
 
 /// The bytes of pairs of hexadecimal digits, with `separator` between them unless it is zero.
 std::string BytesOfHex(const Node& node, const std::string& hex, char separator,

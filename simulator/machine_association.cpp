@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "adapterapi/mac_text.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 #include "simulator/connection.h"
 #include "simulator/machine.h"
 

@@ -54,7 +54,7 @@ std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
     return "the name is empty";
   }
   if (takes == Takes::kChoice && std::ranges::none_of(choices, [&text](const char* choice) {
-        return SameName(choice, text);
+        return SameIgnoringAsciiCase(choice, text);
       })) {
     return "'" + text + "' is not " + Alternatives(choices);
   }

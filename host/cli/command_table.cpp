@@ -250,7 +250,7 @@ std::vector<std::string> CommandNames(bool inShell) {
 
 const CommandRow* FindCommand(const std::string& name) {
   for (const CommandRow& row : Commands()) {
-    if (SameName(name, row.name)) return &row;
+    if (SameIgnoringAsciiCase(name, row.name)) return &row;
   }
   return nullptr;
 }

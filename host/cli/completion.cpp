@@ -4,7 +4,7 @@
 
 #include "host/cli/command_table.h"
 #include "host/cli/shell_words.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace host {
 namespace {
@@ -93,13 +93,15 @@ Words QueryWords(const std::string& query, const Repository& repository) {
   const std::vector<ShellWord> words = CutShellLine(query);
   const ClassInfo* info = nullptr;
   for (std::size_t index = 0; index + 1 < words.size(); ++index) {
-    if (SameName(words[index].text, "FROM")) info = repository.FindClass(words[index + 1].text);
+    if (SameIgnoringAsciiCase(words[index].text, "FROM")) {
+      info = repository.FindClass(words[index + 1].text);
+    }
   }
   const bool within = !query.empty() && query.back() != ' ';
   const std::size_t last = words.size() - (within ? 1 : 0);
   const std::string previous = last == 0 ? "" : words[last - 1].text;
-  if (SameName(previous, "FROM")) return ClassNames(repository);
-  if (SameName(previous, "SELECT")) return {"*"};
+  if (SameIgnoringAsciiCase(previous, "FROM")) return ClassNames(repository);
+  if (SameIgnoringAsciiCase(previous, "SELECT")) return {"*"};
   Words all = PropertyNames(info);
   for (const char* word :
        {"SELECT", "FROM", "WHERE", "AND", "OR", "NOT", "LIKE", "IS", "NULL", "TRUE", "FALSE"}) {
@@ -190,9 +192,9 @@ os::LineEditor::Completion CompleteLine(const std::string& before, const Reposit
   completion.start = word.start;
   const std::string typed = before.substr(word.start);
   for (std::string& candidate : Candidates(before, words, typed, repository, paths)) {
-    const bool fits = candidate.size() >= typed.size() &&
-                      platform::SameIgnoringAsciiCase<char>(
-                          std::string_view(candidate).substr(0, typed.size()), typed);
+    const bool fits =
+        candidate.size() >= typed.size() &&
+        SameIgnoringAsciiCase(std::string_view(candidate).substr(0, typed.size()), typed);
     if (fits) completion.words.push_back(std::move(candidate));
   }
   std::ranges::sort(completion.words);

@@ -46,7 +46,7 @@ void DumpOrigin::Visit(const ClassInfo& info, const Outcome& outcome) {
   if (outcome.status != S_OK) {
     failures_.push_back(info.name() + " " + HexText(static_cast<std::uint32_t>(outcome.status)));
   }
-  if (SameName(info.name(), kVersionedClass) && !outcome.objects.empty()) {
+  if (SameIgnoringAsciiCase(info.name(), kVersionedClass) && !outcome.objects.empty()) {
     versioned_ = outcome.objects.front().RelativePath();
   }
 }

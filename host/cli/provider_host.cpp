@@ -105,8 +105,8 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
         WriteError(errors, "provider defect: " + sentence);
       }) {
   if (options.Has("--trace")) {
-    platform::SetEnvironmentText(kTraceVariable,
-                                 SameName(options.Text("--trace"), "calls") ? "calls" : "1");
+    platform::SetEnvironmentText(
+        kTraceVariable, SameIgnoringAsciiCase(options.Text("--trace"), "calls") ? "calls" : "1");
     debugOutput_.emplace();
   }
   if (os::ShowsEscapes(2)) progress_.emplace(errors);

@@ -11,7 +11,7 @@ namespace host {
 namespace {
 
 bool Fits(const std::string& wanted, const std::string& name) {
-  return wanted.empty() || SameName(wanted, name);
+  return wanted.empty() || SameIgnoringAsciiCase(wanted, name);
 }
 
 /// The properties of an association that refer to objects.

@@ -22,8 +22,8 @@ class OutputScope {
     if (context.widthNow != nullptr) context.width = context.widthNow();
     if (const auto width = command.Find("--width")) context.width = std::stoi(*width);
     const std::string when = command.Text("--color");
-    if (SameName(when, "always")) context.color = true;
-    if (SameName(when, "never")) context.color = false;
+    if (SameIgnoringAsciiCase(when, "always")) context.color = true;
+    if (SameIgnoringAsciiCase(when, "never")) context.color = false;
     const bool isForPrograms = command.row->formats.empty() ||
                                command.format == OutputFormat::kJson ||
                                command.format == OutputFormat::kCsv;

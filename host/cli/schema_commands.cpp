@@ -28,7 +28,7 @@ ExitStatus RunDescribe(const Command& command, CommandContext& context) {
 }
 
 ExitStatus RunReference(const Command& command, CommandContext& context) {
-  context.output << (SameName(command.Text("TOPIC"), "scenarios")
+  context.output << (SameIgnoringAsciiCase(command.Text("TOPIC"), "scenarios")
                          ? simulator::DescribeTables()
                          : ClassReference(ParseMof(embedded::wifi_adapter_provider_mof(),
                                                    "wifi_adapter_provider.mof")));

@@ -140,7 +140,7 @@ constexpr ServiceCommand kServiceCommands[] = {
 
 ExitStatus RunOnService(const Command& command, CommandContext& context) {
   const auto* row = std::ranges::find_if(kServiceCommands, [&](const ServiceCommand& each) {
-    return SameName(each.name, command.row->name);
+    return SameIgnoringAsciiCase(each.name, command.row->name);
   });
   if (row == std::end(kServiceCommands)) {
     throw CommandLineError(std::string("--service: it does nothing for ") + command.row->name);

@@ -26,7 +26,8 @@ bool TakesPath(const ShellWord& command) {
 bool BeginsQuery(std::string_view line, const ShellWord& word) {
   constexpr std::string_view kVerbs[] = {"SELECT", "ASSOCIATORS", "REFERENCES"};
   return std::ranges::any_of(kVerbs, [&](std::string_view verb) {
-    return SameName(word.text, verb) && SameName(line.substr(word.start, verb.size()), verb);
+    return SameIgnoringAsciiCase(word.text, verb) &&
+           SameIgnoringAsciiCase(line.substr(word.start, verb.size()), verb);
   });
 }
 
@@ -76,7 +77,8 @@ std::vector<std::string> SplitShellLine(std::string_view line) {
   const std::vector<ShellWord> words = CutShellLine(line);
   std::vector<std::string> texts;
   // "query" before it changes nothing.
-  const std::size_t first = words.size() > 1 && SameName(words[0].text, "query") ? 1 : 0;
+  const std::size_t first =
+      words.size() > 1 && SameIgnoringAsciiCase(words[0].text, "query") ? 1 : 0;
   if (words.size() > first && BeginsQuery(line, words[first])) {
     std::size_t option = first;
     while (option < words.size() && !words[option].text.starts_with("--")) ++option;

@@ -29,7 +29,7 @@ std::string CsvValue(const Json& value) {
 
 std::optional<OutputFormat> FormatOf(std::string_view name) {
   for (std::size_t index = 0; index < std::size(kFormatNames); ++index) {
-    if (SameName(kFormatNames[index], name)) return static_cast<OutputFormat>(index);
+    if (SameIgnoringAsciiCase(kFormatNames[index], name)) return static_cast<OutputFormat>(index);
   }
   return std::nullopt;
 }

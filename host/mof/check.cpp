@@ -32,7 +32,7 @@ class Checker {
   void CheckNames(const std::vector<Item>& items) {
     for (auto item = items.begin(); item != items.end(); ++item) {
       const bool isNew = std::none_of(items.begin(), item, [item](const Item& earlier) {
-        return SameName(earlier.name, item->name);
+        return SameIgnoringAsciiCase(earlier.name, item->name);
       });
       Require(isNew, item->line, item->name, "the name stands twice");
     }
@@ -84,7 +84,8 @@ class Checker {
   void CheckReference(const InstanceDeclaration& registration, const InstanceDeclaration& provider,
                       const std::string& where) {
     if (registration.className.empty()) return;  // its absence is a finding already
-    Require(!provider.alias.empty() && SameName(TextOf(registration, "Provider"), provider.alias),
+    Require(!provider.alias.empty() &&
+                SameIgnoringAsciiCase(TextOf(registration, "Provider"), provider.alias),
             registration.line, where, "of another provider");
   }
 
@@ -118,9 +119,10 @@ class Checker {
     std::string name = declaration.superclass;
     bool derivesFromItself = false;
     for (std::size_t steps = 0; steps < classes.size() && !derivesFromItself; ++steps) {
-      derivesFromItself = SameName(name, declaration.name);
-      const auto found = std::ranges::find_if(
-          classes, [&name](const ClassDeclaration& each) { return SameName(each.name, name); });
+      derivesFromItself = SameIgnoringAsciiCase(name, declaration.name);
+      const auto found = std::ranges::find_if(classes, [&name](const ClassDeclaration& each) {
+        return SameIgnoringAsciiCase(each.name, name);
+      });
       if (found == classes.end()) break;
       name = found->superclass;
     }

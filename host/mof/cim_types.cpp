@@ -35,8 +35,9 @@ const CimType* FindCimType(CIMTYPE type) {
 }
 
 CIMTYPE CimTypeNamed(std::string_view word) {
-  const auto* row = std::ranges::find_if(
-      kTypes, [word](const CimType& candidate) { return SameName(candidate.word, word); });
+  const auto* row = std::ranges::find_if(kTypes, [word](const CimType& candidate) {
+    return SameIgnoringAsciiCase(candidate.word, word);
+  });
   return row == std::end(kTypes) ? static_cast<CIMTYPE>(CIM_ILLEGAL) : row->type;
 }
 

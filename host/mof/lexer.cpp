@@ -33,7 +33,7 @@ void AppendUtf8(std::string& text, unsigned code) {
 }  // namespace
 
 bool Token::IsName(std::string_view name) const {
-  return kind == Kind::kName && SameName(text, name);
+  return kind == Kind::kName && SameIgnoringAsciiCase(text, name);
 }
 
 std::string Token::Shown() const {

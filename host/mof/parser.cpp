@@ -133,7 +133,9 @@ class Parser {
   MofScalar ReadScalar() {
     if (token_.kind == Token::Kind::kText) return ExpectText("");
     if (token_.kind == Token::Kind::kNumber) return Advance().number;
-    if (token_.IsName("TRUE") || token_.IsName("FALSE")) return SameName(Advance().text, "TRUE");
+    if (token_.IsName("TRUE") || token_.IsName("FALSE")) {
+      return SameIgnoringAsciiCase(Advance().text, "TRUE");
+    }
     Fail("a text, a number, TRUE or FALSE");
   }
 
@@ -258,7 +260,7 @@ class Parser {
   std::vector<MofScalar> ReadInstanceValue() {
     if (token_.kind != Token::Kind::kAlias) return ReadValue().scalars;
     const bool known = std::ranges::any_of(schema_.instances, [this](const auto& instance) {
-      return SameName(instance.alias, token_.text);
+      return SameIgnoringAsciiCase(instance.alias, token_.text);
     });
     if (!known) Fail("an alias of an earlier instance");
     return {Advance().text};

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace host {
 namespace {

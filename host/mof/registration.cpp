@@ -7,8 +7,9 @@ namespace {
 
 template <typename Kind>
 Kind ValueOf(const InstanceDeclaration& instance, std::string_view property) {
-  const auto found = std::ranges::find_if(
-      instance.values, [property](const auto& item) { return SameName(item.first, property); });
+  const auto found = std::ranges::find_if(instance.values, [property](const auto& item) {
+    return SameIgnoringAsciiCase(item.first, property);
+  });
   if (found == instance.values.end() || found->second.size() != 1) return {};
   const Kind* value = std::get_if<Kind>(&found->second.front());
   return value == nullptr ? Kind{} : *value;
@@ -20,7 +21,7 @@ std::vector<const InstanceDeclaration*> InstancesOf(const Schema& schema,
                                                     std::string_view className) {
   std::vector<const InstanceDeclaration*> found;
   for (const InstanceDeclaration& instance : schema.instances) {
-    if (SameName(instance.className, className)) found.push_back(&instance);
+    if (SameIgnoringAsciiCase(instance.className, className)) found.push_back(&instance);
   }
   return found;
 }

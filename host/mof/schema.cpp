@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
-#include "platform/ascii_case.h"
-
 namespace host {
 namespace {
 
 template <typename Item>
 const Item* FindNamed(const std::vector<Item>& items, std::string_view name) {
-  const auto found =
-      std::ranges::find_if(items, [name](const Item& item) { return SameName(item.name, name); });
+  const auto found = std::ranges::find_if(
+      items, [name](const Item& item) { return SameIgnoringAsciiCase(item.name, name); });
   return found == items.end() ? nullptr : &*found;
 }
 
@@ -38,10 +36,6 @@ std::string Qualifiers::Text(std::string_view name) const {
 
 const PropertyDeclaration* ClassDeclaration::FindProperty(std::string_view propertyName) const {
   return FindNamed(properties, propertyName);
-}
-
-bool SameName(std::string_view left, std::string_view right) {
-  return platform::SameIgnoringAsciiCase(left, right);
 }
 
 }  // namespace host

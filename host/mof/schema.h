@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/ascii.h"
 #include "platform/platform.h"
 
 namespace host {
@@ -88,8 +89,8 @@ class MofError : public std::runtime_error {
 /// Reads a MOF text; `name` stands in messages. Throws MofError.
 Schema ParseMof(std::string_view text, const std::string& name);
 
-/// Whether two CIM names are the same, ignoring the case of ASCII letters.
-bool SameName(std::string_view left, std::string_view right);
+/// How CIM names compare.
+using platform::SameIgnoringAsciiCase;
 
 /// The MOF spelling of a type: "string", "boolean", "sint32", "string[]" and so on.
 std::string CimTypeName(CIMTYPE type);

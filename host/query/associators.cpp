@@ -4,7 +4,7 @@
 #include <array>
 
 #include "host/query/wql.h"
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace host {
 namespace {
@@ -22,7 +22,7 @@ std::string TakeWord(std::string_view* text) {
 
 void Expect(std::string_view* text, std::string_view query, std::string_view expected) {
   text->remove_prefix(std::min(text->find_first_not_of(kSeparators), text->size()));
-  if (platform::SameIgnoringAsciiCase(text->substr(0, expected.size()), expected)) {
+  if (SameIgnoringAsciiCase(text->substr(0, expected.size()), expected)) {
     text->remove_prefix(expected.size());
     return;
   }
@@ -49,8 +49,8 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
   std::string_view text = query;
   const std::string verb = TakeWord(&text);
   AssociatorsQuery parsed;
-  parsed.references = SameName(verb, "REFERENCES");
-  if (!parsed.references && !SameName(verb, "ASSOCIATORS")) return std::nullopt;
+  parsed.references = SameIgnoringAsciiCase(verb, "REFERENCES");
+  if (!parsed.references && !SameIgnoringAsciiCase(verb, "ASSOCIATORS")) return std::nullopt;
   Expect(&text, query, "OF");
   Expect(&text, query, "{");
   // A key's text may hold every character, quotes with a \ before them.
@@ -84,7 +84,7 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
     const std::string name = TakeWord(&text);
     std::string* place = nullptr;
     for (std::size_t index = 0; index < accepted; ++index) {
-      if (SameName(members[index].first, name)) place = members[index].second;
+      if (SameIgnoringAsciiCase(members[index].first, name)) place = members[index].second;
     }
     if (place == nullptr) {
       throw QueryError("'" + name + "' is not served here; " + verb + " OF takes ResultClass" +

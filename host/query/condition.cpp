@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace host {
 namespace {

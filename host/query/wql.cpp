@@ -56,7 +56,7 @@ class Parser {
     }
     Expect("FROM");
     const WqlToken className = Word("a class name");
-    query.ofClasses = SameName(className.text, MetaClass().name());
+    query.ofClasses = SameIgnoringAsciiCase(className.text, MetaClass().name());
     info_ = query.ofClasses ? &MetaClass() : repository_.FindClass(className.text);
     if (info_ == nullptr) FailOnClass(className);
     query.className = info_->name();
@@ -156,8 +156,9 @@ class Parser {
   bool IsConstant() const {
     const WqlToken& token = tokens_[next_];
     if (token.kind == Kind::kText || token.kind == Kind::kNumber) return true;
-    const bool isNamed = SameName(token.text, "TRUE") || SameName(token.text, "FALSE") ||
-                         SameName(token.text, "NULL");
+    const bool isNamed = SameIgnoringAsciiCase(token.text, "TRUE") ||
+                         SameIgnoringAsciiCase(token.text, "FALSE") ||
+                         SameIgnoringAsciiCase(token.text, "NULL");
     return token.kind == Kind::kWord && isNamed && !info_->FindProperty(token.text);
   }
 
@@ -208,7 +209,7 @@ class Parser {
   bool Take(std::string_view wordOrSymbol) {
     const WqlToken& token = tokens_[next_];
     const bool matches = (token.kind == Kind::kWord || token.kind == Kind::kSymbol) &&
-                         SameName(token.text, wordOrSymbol);
+                         SameIgnoringAsciiCase(token.text, wordOrSymbol);
     if (matches) ++next_;
     return matches;
   }

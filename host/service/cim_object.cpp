@@ -41,7 +41,7 @@ std::string Quoted(std::string_view text) {
 
 std::optional<std::string> SystemPropertyName(std::string_view name) {
   for (const char* known : {"__CLASS", "__SUPERCLASS", "__RELPATH", "__PATH"}) {
-    if (SameName(known, name)) return known;
+    if (SameIgnoringAsciiCase(known, name)) return known;
   }
   return std::nullopt;
 }

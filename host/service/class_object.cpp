@@ -68,8 +68,9 @@ const SystemProperty kSystemProperties[] = {
 
 const SystemProperty* FindSystemProperty(const std::string& name) {
   if (!name.starts_with("__")) return nullptr;
-  const auto* found = std::ranges::find_if(
-      kSystemProperties, [&](const SystemProperty& row) { return SameName(row.name, name); });
+  const auto* found = std::ranges::find_if(kSystemProperties, [&](const SystemProperty& row) {
+    return SameIgnoringAsciiCase(row.name, name);
+  });
   return found == std::end(kSystemProperties) ? nullptr : found;
 }
 
@@ -77,7 +78,7 @@ const SystemProperty* FindSystemProperty(const std::string& name) {
 /// has it so, and a class that declares a number has no value then.
 bool IsFixedFailure(LPCWSTR name, const VARIANT* value) {
   return value != nullptr && value->vt == VT_BOOL && value->boolVal == VARIANT_FALSE &&
-         SameName(NameText(name), "ReturnValue");
+         SameIgnoringAsciiCase(NameText(name), "ReturnValue");
 }
 
 template <class Interface>
@@ -252,9 +253,9 @@ HRESULT ClassObject::GetPropertyOrigin(LPCWSTR name, BSTR* className) {
 HRESULT ClassObject::InheritsFrom(LPCWSTR ancestor) {
   if (ancestor == nullptr) return kInvalidParameter;
   const std::string name = NameText(ancestor);
-  const bool inherits = SameName(object_.info().name(), name) ||
+  const bool inherits = SameIgnoringAsciiCase(object_.info().name(), name) ||
                         std::ranges::any_of(object_.info().ancestors, [&](const std::string& each) {
-                          return SameName(each, name);
+                          return SameIgnoringAsciiCase(each, name);
                         });
   return inherits ? S_OK : S_FALSE;
 }

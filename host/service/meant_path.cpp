@@ -35,7 +35,8 @@ std::optional<std::string> PathOf(const ClassInfo& info, const Keys& keys) {
   for (const PropertyDeclaration& property : info.declaration.properties) {
     if (!property.qualifiers.Flag("key")) continue;
     const auto key = std::ranges::find_if(keys, [&](const auto& each) {
-      return each.first.empty() ? keys.size() == 1 : SameName(each.first, property.name);
+      return each.first.empty() ? keys.size() == 1
+                                : SameIgnoringAsciiCase(each.first, property.name);
     });
     if (key == keys.end() || key->second.empty()) return std::nullopt;
     const bool isText = property.type == CIM_STRING || property.type == CIM_REFERENCE;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace host {
 namespace {

@@ -61,7 +61,7 @@ std::optional<std::size_t> ClassInfo::FindProperty(std::string_view propertyName
 
 const MethodInfo* ClassInfo::FindMethod(std::string_view methodName) const {
   for (const MethodInfo& method : methods) {
-    if (SameName(method.declaration.name, methodName)) return &method;
+    if (SameIgnoringAsciiCase(method.declaration.name, methodName)) return &method;
   }
   return nullptr;
 }
@@ -124,7 +124,7 @@ void Repository::Add(const Schema& schema, bool served) {
 
 const ClassInfo* Repository::FindClass(std::string_view className) const {
   for (const std::unique_ptr<ClassInfo>& info : classes_) {
-    if (SameName(info->name(), className)) return info.get();
+    if (SameIgnoringAsciiCase(info->name(), className)) return info.get();
   }
   return nullptr;
 }

@@ -134,8 +134,8 @@ std::string Accepted(const CimType& row) {
 Variant ScalarFromText(CIMTYPE type, const CimType& row, std::string_view text) {
   if (row.variantType == VT_BSTR) return Variant::Text(platform::WideFromUtf8(text));
   if (row.type == CIM_BOOLEAN) {
-    if (SameName(text, "true")) return Variant::Boolean(true);
-    if (SameName(text, "false")) return Variant::Boolean(false);
+    if (SameIgnoringAsciiCase(text, "true")) return Variant::Boolean(true);
+    if (SameIgnoringAsciiCase(text, "false")) return Variant::Boolean(false);
     Refuse(type, row, text);
   }
   std::int64_t number = 0;
@@ -199,7 +199,7 @@ Variant FromMof(CIMTYPE type, const std::vector<MofScalar>& values) {
 
 Variant FromTypedText(CIMTYPE type, std::string_view text) {
   const CimType& row = TypeOrThrow(type);
-  if (SameName(text, "null")) return NullValue();
+  if (SameIgnoringAsciiCase(text, "null")) return NullValue();
   if (!IsArray(type)) return ScalarFromText(type, row, text);
   std::vector<Variant> elements;
   while (!text.empty()) {

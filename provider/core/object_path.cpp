@@ -4,7 +4,7 @@
 #include <concepts>
 #include <new>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 #include "platform/short_text.h"
 #include "platform/text.h"
 #include "provider/core/path_lexer.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/ascii_case.h"
+#include "platform/ascii.h"
 
 namespace wifi {
 namespace {
@@ -17,12 +17,6 @@ constexpr std::size_t kNumberTextLimit = 32;
 
 bool IsDigit(OLECHAR character) {
   return character >= OLECHAR('0') && character <= OLECHAR('9');
-}
-
-int HexDigit(OLECHAR character) {
-  if (IsDigit(character)) return character - OLECHAR('0');
-  const OLECHAR lower = AsciiLower(character);
-  return lower >= OLECHAR('a') && lower <= OLECHAR('f') ? lower - OLECHAR('a') + 10 : -1;
 }
 
 bool IsWordCharacter(OLECHAR character) {
@@ -107,7 +101,7 @@ PathToken PathLexer::Integer() {
   if (text.size() > 2 && text[0] == OLECHAR('0') && AsciiLower(text[1]) == OLECHAR('x')) {
     std::uint32_t bits = 0;
     for (const OLECHAR character : text.substr(2)) {
-      const int digit = HexDigit(character);
+      const int digit = platform::HexDigit(character);
       if (digit < 0) return error;
       bits = bits << 4 | static_cast<std::uint32_t>(digit);
     }

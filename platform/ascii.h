@@ -22,5 +22,16 @@ constexpr bool SameIgnoringAsciiCase(
       left.begin(), left.end(), right.begin(), right.end(),
       [](Character one, Character other) { return AsciiLower(one) == AsciiLower(other); });
 }
+constexpr bool SameIgnoringAsciiCase(std::string_view left, std::string_view right) {
+  return SameIgnoringAsciiCase<char>(left, right);
+}
+
+/// The value of a hexadecimal digit of either case, -1 of every other character.
+template <class Character>
+constexpr int HexDigit(Character character) {
+  if (character >= '0' && character <= '9') return character - '0';
+  const Character lower = AsciiLower(character);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
 
 }  // namespace platform
