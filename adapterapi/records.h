@@ -101,8 +101,23 @@ struct AssociationInfoRecord {
 /// GetAssociationStats: counters since the last reset.
 struct AssociationStatsRecord {
   std::uint32_t unread0[2];
-  std::int32_t rssi;           ///< dBm
-  std::uint32_t counters[16];  ///< NumAps to PercentMissedBeacons, in that order
+  std::int32_t rssi;  ///< dBm
+  std::uint32_t numAps;
+  std::uint32_t numAssociations;
+  std::uint32_t numFullScans;
+  std::uint32_t numPartialScans;
+  std::uint32_t roamCount;
+  std::uint32_t apDidNotTx;
+  std::uint32_t poorBeaconQuality;
+  std::uint32_t loadBalancing;
+  std::uint32_t lowRssi;
+  std::uint32_t poorChannelQuality;
+  std::uint32_t droppedByAp;
+  std::uint32_t rxBeacons;
+  std::uint32_t txRetries;
+  std::uint32_t percentTxErrs;  ///< per cent
+  std::uint32_t crcErrs;
+  std::uint32_t percentMissedBeacons;  ///< per cent
 };
 
 /// One network of GetCachedScanList and GetAvailableNetworks.
@@ -188,7 +203,29 @@ struct VersionInfoRecord {
 
 /// GetAdapterFeatures: 32-bit flags, non-zero is supported.
 struct FeaturesRecord {
-  std::uint32_t flags[45];
+  std::uint32_t antennaDiversity;
+  std::uint32_t beaconInterval;
+  std::uint32_t fragThreshold;
+  std::uint32_t rtsThreshold;
+  std::uint32_t sweepTable;
+  std::uint32_t apTable;
+  std::uint32_t peerTable;
+  std::uint32_t radioState;
+  std::uint32_t preamble;
+  std::uint32_t qos;
+  std::uint32_t unread40[18];
+  std::uint32_t powerMode;
+  std::uint32_t autoPsp;
+  std::uint32_t powerSource;
+  std::uint32_t bssTxPwrCtl;
+  std::uint32_t ibssTxPwrCtl;
+  std::uint32_t wep;
+  std::uint32_t security8021x;
+  std::uint32_t leap;
+  std::uint32_t tkip;
+  std::uint32_t aes;
+  std::uint32_t hwRadioSwitch;
+  std::uint32_t unread156[6];
 };
 
 /// GetSignalParameters.
@@ -289,7 +326,8 @@ static_assert(offsetof(AssociationInfoRecord, channel) == 140);
 
 static_assert(sizeof(AssociationStatsRecord) == 76);
 static_assert(offsetof(AssociationStatsRecord, rssi) == 8);
-static_assert(offsetof(AssociationStatsRecord, counters) == 12);
+static_assert(offsetof(AssociationStatsRecord, numAps) == 12);
+static_assert(offsetof(AssociationStatsRecord, percentMissedBeacons) == 72);
 
 static_assert(sizeof(ScanListEntry) == 88);
 static_assert(offsetof(ScanListEntry, macAddress) == 33);
@@ -327,6 +365,9 @@ static_assert(sizeof(VersionInfoRecord) == 260);
 static_assert(offsetof(VersionInfoRecord, driver) == 4);
 static_assert(offsetof(VersionInfoRecord, eeprom) == 228);
 static_assert(sizeof(FeaturesRecord) == 180);
+static_assert(offsetof(FeaturesRecord, qos) == 36);
+static_assert(offsetof(FeaturesRecord, powerMode) == 112);
+static_assert(offsetof(FeaturesRecord, hwRadioSwitch) == 152);
 
 static_assert(sizeof(SignalParametersRecord) == 28);
 static_assert(offsetof(SignalParametersRecord, rssi) == 4);

@@ -49,32 +49,33 @@ constexpr FieldRow<VersionInfoRecord> kVersionFields[] = {
     {OLESTR("EEPROM"), Text<&VersionInfoRecord::eeprom>},
 };
 
-struct Feature {
-  const OLECHAR* property;
-  std::size_t flag;  ///< index in the record
-};
-constexpr Feature kFeatures[] = {
-    {OLESTR("AntennaDiversity"), 0},
-    {OLESTR("BeaconInterval"), 1},
-    {OLESTR("FragThreshold"), 2},
-    {OLESTR("RtsThreshold"), 3},
-    {OLESTR("SweepTable"), 4},
-    {OLESTR("ApTable"), 5},
-    {OLESTR("PeerTable"), 6},
-    {OLESTR("RadioState"), 7},
-    {OLESTR("Preamble"), 8},
-    {OLESTR("Qos"), 9},
-    {OLESTR("PowerMode"), 28},
-    {OLESTR("AutoPsp"), 29},
-    {OLESTR("PowerSource"), 30},
-    {OLESTR("BssTxPwrCtl"), 31},
-    {OLESTR("IbssTxPwrCtl"), 32},
-    {OLESTR("Wep"), 33},
-    {OLESTR("Security_802_1x"), 34},
-    {OLESTR("Leap"), 35},
-    {OLESTR("Tkip"), 36},
-    {OLESTR("Aes"), 37},
-    {OLESTR("HwRadioSwitch"), 38},
+template <auto Member>
+HRESULT Supported(PropertyWriter& writer, const OLECHAR* property, const FeaturesRecord& record) {
+  return writer.PutAnsi(property, record.*Member != 0 ? "Yes" : "No");
+}
+
+constexpr FieldRow<FeaturesRecord> kFeatures[] = {
+    {OLESTR("AntennaDiversity"), Supported<&FeaturesRecord::antennaDiversity>},
+    {OLESTR("BeaconInterval"), Supported<&FeaturesRecord::beaconInterval>},
+    {OLESTR("FragThreshold"), Supported<&FeaturesRecord::fragThreshold>},
+    {OLESTR("RtsThreshold"), Supported<&FeaturesRecord::rtsThreshold>},
+    {OLESTR("SweepTable"), Supported<&FeaturesRecord::sweepTable>},
+    {OLESTR("ApTable"), Supported<&FeaturesRecord::apTable>},
+    {OLESTR("PeerTable"), Supported<&FeaturesRecord::peerTable>},
+    {OLESTR("RadioState"), Supported<&FeaturesRecord::radioState>},
+    {OLESTR("Preamble"), Supported<&FeaturesRecord::preamble>},
+    {OLESTR("Qos"), Supported<&FeaturesRecord::qos>},
+    {OLESTR("PowerMode"), Supported<&FeaturesRecord::powerMode>},
+    {OLESTR("AutoPsp"), Supported<&FeaturesRecord::autoPsp>},
+    {OLESTR("PowerSource"), Supported<&FeaturesRecord::powerSource>},
+    {OLESTR("BssTxPwrCtl"), Supported<&FeaturesRecord::bssTxPwrCtl>},
+    {OLESTR("IbssTxPwrCtl"), Supported<&FeaturesRecord::ibssTxPwrCtl>},
+    {OLESTR("Wep"), Supported<&FeaturesRecord::wep>},
+    {OLESTR("Security_802_1x"), Supported<&FeaturesRecord::security8021x>},
+    {OLESTR("Leap"), Supported<&FeaturesRecord::leap>},
+    {OLESTR("Tkip"), Supported<&FeaturesRecord::tkip>},
+    {OLESTR("Aes"), Supported<&FeaturesRecord::aes>},
+    {OLESTR("HwRadioSwitch"), Supported<&FeaturesRecord::hwRadioSwitch>},
 };
 
 }  // namespace
@@ -129,9 +130,7 @@ HRESULT FillAdapterFeatures(ProviderState& state, IWbemClassObject* instance, Ad
       operation::GetAdapterFeatures, record, keyPut);
   if (status != 0) return status;
   PropertyWriter writer(instance, PutRule::kGoOn);
-  for (const Feature& feature : kFeatures) {
-    writer.PutAnsi(feature.property, record.flags[feature.flag] != 0 ? "Yes" : "No");
-  }
+  PutFields(writer, kFeatures, record);
   return writer.result();
 }
 

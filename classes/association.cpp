@@ -36,26 +36,24 @@ constexpr FieldRow<AssociationInfoRecord> kAssociationFields[] = {
     {OLESTR("Channel"), Decimal<&AssociationInfoRecord::channel>},
 };
 
-// In the order of the record's counters.
-constexpr const OLECHAR* kCounters[] = {
-    OLESTR("NumAps"),
-    OLESTR("NumAssociations"),
-    OLESTR("NumFullScans"),
-    OLESTR("NumPartialScans"),
-    OLESTR("RoamCount"),
-    OLESTR("ApDidNotTx"),
-    OLESTR("PoorBeaconQuality"),
-    OLESTR("LoadBalancing"),
-    OLESTR("LowRssi"),
-    OLESTR("PoorChannelQuality"),
-    OLESTR("DroppedByAp"),
-    OLESTR("RxBeacons"),
-    OLESTR("TxRetries"),
-    OLESTR("PercentTxErrs"),
-    OLESTR("CrcErrs"),
-    OLESTR("PercentMissedBeacons"),
+constexpr FieldRow<AssociationStatsRecord> kCounters[] = {
+    {OLESTR("NumAps"), Number<&AssociationStatsRecord::numAps>},
+    {OLESTR("NumAssociations"), Number<&AssociationStatsRecord::numAssociations>},
+    {OLESTR("NumFullScans"), Number<&AssociationStatsRecord::numFullScans>},
+    {OLESTR("NumPartialScans"), Number<&AssociationStatsRecord::numPartialScans>},
+    {OLESTR("RoamCount"), Number<&AssociationStatsRecord::roamCount>},
+    {OLESTR("ApDidNotTx"), Number<&AssociationStatsRecord::apDidNotTx>},
+    {OLESTR("PoorBeaconQuality"), Number<&AssociationStatsRecord::poorBeaconQuality>},
+    {OLESTR("LoadBalancing"), Number<&AssociationStatsRecord::loadBalancing>},
+    {OLESTR("LowRssi"), Number<&AssociationStatsRecord::lowRssi>},
+    {OLESTR("PoorChannelQuality"), Number<&AssociationStatsRecord::poorChannelQuality>},
+    {OLESTR("DroppedByAp"), Number<&AssociationStatsRecord::droppedByAp>},
+    {OLESTR("RxBeacons"), Number<&AssociationStatsRecord::rxBeacons>},
+    {OLESTR("TxRetries"), Number<&AssociationStatsRecord::txRetries>},
+    {OLESTR("PercentTxErrs"), Number<&AssociationStatsRecord::percentTxErrs>},
+    {OLESTR("CrcErrs"), Number<&AssociationStatsRecord::crcErrs>},
+    {OLESTR("PercentMissedBeacons"), Number<&AssociationStatsRecord::percentMissedBeacons>},
 };
-static_assert(std::size(kCounters) == std::size(AssociationStatsRecord{}.counters));
 
 /// The access point's address; all zeros in ad hoc mode, empty when there is no association.
 platform::ShortText<17> AccessPointAddress(ProviderState& state, const AdapterEntry& entry) {
@@ -76,9 +74,7 @@ HRESULT FillAssociationStats(ProviderState& state, IWbemClassObject* instance,
   writer.PutKey(kSettingId, entry.deviceId);
   writer.PutAnsi(OLESTR("ApMacAddr"), AccessPointAddress(state, entry));
   Dbm<&AssociationStatsRecord::rssi>(writer, OLESTR("Rssi"), record);
-  for (std::size_t index = 0; index < std::size(kCounters); ++index) {
-    writer.PutNumber(kCounters[index], record.counters[index]);
-  }
+  PutFields(writer, kCounters, record);
   return writer.result();
 }
 

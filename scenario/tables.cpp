@@ -8,9 +8,6 @@ using enum Kind;
 using namespace adapterapi;
 
 #define AT(record, member) .offset = offsetof(record, member), .size = sizeof(record::member)
-#define WORD_OF(record, member, index)                                  \
-  .offset = offsetof(record, member) + (index) * sizeof(std::uint32_t), \
-  .size = sizeof(std::uint32_t)
 
 // clang-format off
 constexpr Field kCcxVersion[] = {
@@ -45,22 +42,22 @@ constexpr Field kAssociation[] = {
 };
 constexpr Field kAssociationStats[] = {
     {.name = "rssi", .kind = kSigned, AT(AssociationStatsRecord, rssi), .note = "dBm"},
-    {.name = "numAps", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 0)},
-    {.name = "numAssociations", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 1)},
-    {.name = "numFullScans", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 2)},
-    {.name = "numPartialScans", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 3)},
-    {.name = "roamCount", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 4)},
-    {.name = "apDidNotTx", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 5)},
-    {.name = "poorBeaconQuality", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 6)},
-    {.name = "loadBalancing", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 7)},
-    {.name = "lowRssi", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 8)},
-    {.name = "poorChannelQuality", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 9)},
-    {.name = "droppedByAp", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 10)},
-    {.name = "rxBeacons", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 11)},
-    {.name = "txRetries", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 12)},
-    {.name = "percentTxErrs", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 13), .note = "per cent"},
-    {.name = "crcErrs", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 14)},
-    {.name = "percentMissedBeacons", .kind = kNumber, WORD_OF(AssociationStatsRecord, counters, 15), .note = "per cent"},
+    {.name = "numAps", .kind = kNumber, AT(AssociationStatsRecord, numAps)},
+    {.name = "numAssociations", .kind = kNumber, AT(AssociationStatsRecord, numAssociations)},
+    {.name = "numFullScans", .kind = kNumber, AT(AssociationStatsRecord, numFullScans)},
+    {.name = "numPartialScans", .kind = kNumber, AT(AssociationStatsRecord, numPartialScans)},
+    {.name = "roamCount", .kind = kNumber, AT(AssociationStatsRecord, roamCount)},
+    {.name = "apDidNotTx", .kind = kNumber, AT(AssociationStatsRecord, apDidNotTx)},
+    {.name = "poorBeaconQuality", .kind = kNumber, AT(AssociationStatsRecord, poorBeaconQuality)},
+    {.name = "loadBalancing", .kind = kNumber, AT(AssociationStatsRecord, loadBalancing)},
+    {.name = "lowRssi", .kind = kNumber, AT(AssociationStatsRecord, lowRssi)},
+    {.name = "poorChannelQuality", .kind = kNumber, AT(AssociationStatsRecord, poorChannelQuality)},
+    {.name = "droppedByAp", .kind = kNumber, AT(AssociationStatsRecord, droppedByAp)},
+    {.name = "rxBeacons", .kind = kNumber, AT(AssociationStatsRecord, rxBeacons)},
+    {.name = "txRetries", .kind = kNumber, AT(AssociationStatsRecord, txRetries)},
+    {.name = "percentTxErrs", .kind = kNumber, AT(AssociationStatsRecord, percentTxErrs), .note = "per cent"},
+    {.name = "crcErrs", .kind = kNumber, AT(AssociationStatsRecord, crcErrs)},
+    {.name = "percentMissedBeacons", .kind = kNumber, AT(AssociationStatsRecord, percentMissedBeacons), .note = "per cent"},
 };
 constexpr Field kDevice[] = {
     {.name = "vendorId", .kind = kNumber, AT(DeviceInfoRecord, vendorId)},
@@ -94,27 +91,27 @@ constexpr Field kVersions[] = {
     {.name = "eeprom", .kind = kText, AT(VersionInfoRecord, eeprom)},
 };
 constexpr Field kFeatures[] = {
-    {.name = "antennaDiversity", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 0)},
-    {.name = "beaconInterval", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 1)},
-    {.name = "fragThreshold", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 2)},
-    {.name = "rtsThreshold", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 3)},
-    {.name = "sweepTable", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 4)},
-    {.name = "apTable", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 5)},
-    {.name = "peerTable", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 6)},
-    {.name = "radioState", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 7)},
-    {.name = "preamble", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 8)},
-    {.name = "qos", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 9)},
-    {.name = "powerMode", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 28)},
-    {.name = "autoPsp", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 29)},
-    {.name = "powerSource", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 30)},
-    {.name = "bssTxPwrCtl", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 31)},
-    {.name = "ibssTxPwrCtl", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 32)},
-    {.name = "wep", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 33)},
-    {.name = "security8021x", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 34)},
-    {.name = "leap", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 35)},
-    {.name = "tkip", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 36)},
-    {.name = "aes", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 37)},
-    {.name = "hwRadioSwitch", .kind = kFlag, WORD_OF(FeaturesRecord, flags, 38)},
+    {.name = "antennaDiversity", .kind = kFlag, AT(FeaturesRecord, antennaDiversity)},
+    {.name = "beaconInterval", .kind = kFlag, AT(FeaturesRecord, beaconInterval)},
+    {.name = "fragThreshold", .kind = kFlag, AT(FeaturesRecord, fragThreshold)},
+    {.name = "rtsThreshold", .kind = kFlag, AT(FeaturesRecord, rtsThreshold)},
+    {.name = "sweepTable", .kind = kFlag, AT(FeaturesRecord, sweepTable)},
+    {.name = "apTable", .kind = kFlag, AT(FeaturesRecord, apTable)},
+    {.name = "peerTable", .kind = kFlag, AT(FeaturesRecord, peerTable)},
+    {.name = "radioState", .kind = kFlag, AT(FeaturesRecord, radioState)},
+    {.name = "preamble", .kind = kFlag, AT(FeaturesRecord, preamble)},
+    {.name = "qos", .kind = kFlag, AT(FeaturesRecord, qos)},
+    {.name = "powerMode", .kind = kFlag, AT(FeaturesRecord, powerMode)},
+    {.name = "autoPsp", .kind = kFlag, AT(FeaturesRecord, autoPsp)},
+    {.name = "powerSource", .kind = kFlag, AT(FeaturesRecord, powerSource)},
+    {.name = "bssTxPwrCtl", .kind = kFlag, AT(FeaturesRecord, bssTxPwrCtl)},
+    {.name = "ibssTxPwrCtl", .kind = kFlag, AT(FeaturesRecord, ibssTxPwrCtl)},
+    {.name = "wep", .kind = kFlag, AT(FeaturesRecord, wep)},
+    {.name = "security8021x", .kind = kFlag, AT(FeaturesRecord, security8021x)},
+    {.name = "leap", .kind = kFlag, AT(FeaturesRecord, leap)},
+    {.name = "tkip", .kind = kFlag, AT(FeaturesRecord, tkip)},
+    {.name = "aes", .kind = kFlag, AT(FeaturesRecord, aes)},
+    {.name = "hwRadioSwitch", .kind = kFlag, AT(FeaturesRecord, hwRadioSwitch)},
 };
 constexpr Field kSignal[] = {
     {.name = "quality", .kind = kNumber, AT(SignalParametersRecord, quality), .names = kNamesOf<codes::kSignalQualities>},

@@ -65,7 +65,7 @@ void Connect(Adapter& adapter, const ProfileRecord& profile) {
   records.signal.quality = QualityOf(rssi);
   records.signal.rssi = rssi;
   records.associationStats.rssi = rssi;
-  ++records.associationStats.counters[1];
+  ++records.associationStats.numAssociations;
   records.lastProfile = profile;
 }
 

@@ -73,9 +73,9 @@ TEST_F(MachineTest, ApplyingAProfileJoinsItsNetwork) {
   ASSERT_EQ(machine.Disassociate(kAdapter), kOk);
   EXPECT_LT(machine.Disassociate(kAdapter), 0);
   Apply("Guest", "lab-g\xE4ste");
-  const std::uint32_t associations = Get(&Machine::GetAssociationStats).counters[1];
+  const std::uint32_t associations = Get(&Machine::GetAssociationStats).numAssociations;
   ASSERT_EQ(machine.ApplyProfile(kAdapter, &profile, 0xFFFFFFFF, 0, 0), kOk);
-  EXPECT_EQ(Get(&Machine::GetAssociationStats).counters[1], associations + 1);
+  EXPECT_EQ(Get(&Machine::GetAssociationStats).numAssociations, associations + 1);
   const auto info = Get(&Machine::GetAssociationInfo);
   EXPECT_EQ(info.associated, 1u);
   EXPECT_STREQ(info.profileName, "Guest");
@@ -195,8 +195,9 @@ TEST_F(MachineTest, SettersKeepTheirValueWithinTheirRange) {
 TEST_F(MachineTest, ResetStatisticsClearsCountersOnly) {
   ASSERT_EQ(machine.ResetStatistics(kAdapter), kOk);
   const auto stats = Get(&Machine::GetAssociationStats);
-  EXPECT_EQ(stats.rssi, -48);
-  for (const std::uint32_t counter : stats.counters) EXPECT_EQ(counter, 0u);
+  AssociationStatsRecord cleared = {};
+  cleared.rssi = -48;
+  EXPECT_EQ(std::memcmp(&stats, &cleared, sizeof stats), 0);
   const auto traffic = Get(&Machine::GetTxRxStats);
   EXPECT_EQ(traffic.rates[0], 1000000u);
   EXPECT_EQ(traffic.txTotalPackets + traffic.rxDirectPacketsRate[11], 0u);
