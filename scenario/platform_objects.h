@@ -3,7 +3,6 @@
 // machine. Texts are UTF-8.
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -45,18 +44,16 @@ class ScenarioError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-struct Scenario;
-
-/// What a host keeps of a scenario: its own part, and the whole for the simulated libraries.
+/// What a host keeps of a scenario: its own part, and the whole text for the simulated libraries.
 struct LoadedScenario {
   PlatformObjects platform;
-  std::shared_ptr<const Scenario> whole;
+  std::string text;
 };
 
 /// Reads and checks a scenario file; its path is UTF-8, an empty one means the scenario that is
 /// compiled in. Throws ScenarioError.
 LoadedScenario LoadForHost(const std::string& path);
 /// The same of a text that was read already.
-LoadedScenario ReadForHost(std::string_view text, const std::string& name);
+LoadedScenario ReadForHost(std::string text, const std::string& name);
 
 }  // namespace simulator

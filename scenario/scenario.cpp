@@ -5,7 +5,6 @@
 #include "platform/platform.h"
 #include "scenario/parse.h"
 #include "scenario/sections.h"
-#include "scenario/simulator_hooks.h"
 #include "scenario/text_file.h"
 
 EMBEDDED_TEXT(default_scenario)
@@ -27,9 +26,19 @@ Scenario Defaults() {
   return scenario;
 }
 
-LoadedScenario ForHost(Scenario scenario) {
-  const auto whole = std::make_shared<const Scenario>(std::move(scenario));
-  return {whole->platform, whole};
+/// A scenario's text, with what messages call it.
+struct NamedText {
+  std::string name;
+  std::string text;
+};
+
+NamedText ReadScenarioText(const std::string& path) {
+  if (path.empty()) return {"compiled-in scenario", std::string(embedded::default_scenario())};
+  try {
+    return {path, ReadTextFile(path)};
+  } catch (const FileError& error) {
+    throw ScenarioError(error.what());
+  }
 }
 
 Scenario ParseNamed(std::string_view text, const std::string& name) {
@@ -55,12 +64,8 @@ Scenario ParseScenario(std::string_view text, const std::string& file) {
 }
 
 Scenario LoadScenario(const std::string& path) {
-  if (path.empty()) return ParseScenario(embedded::default_scenario(), "compiled-in scenario");
-  try {
-    return ParseNamed(ReadTextFile(path), path);
-  } catch (const FileError& error) {
-    throw ScenarioError(error.what());
-  }
+  const NamedText read = ReadScenarioText(path);
+  return ParseNamed(read.text, read.name);
 }
 
 std::optional<Scenario> ScenarioOfEnvironment() {
@@ -73,20 +78,13 @@ std::optional<Scenario> ScenarioOfEnvironment() {
 }
 
 LoadedScenario LoadForHost(const std::string& path) {
-  return ForHost(LoadScenario(path));
+  NamedText read = ReadScenarioText(path);
+  return ReadForHost(std::move(read.text), read.name);
 }
 
-LoadedScenario ReadForHost(std::string_view text, const std::string& name) {
-  return ForHost(ParseNamed(text, name));
-}
-
-std::size_t ScenarioLayout() {
-  std::size_t layout = 0;
-  for (const std::size_t size : {sizeof(Scenario), sizeof(Adapter), sizeof(AdapterRecords),
-                                 sizeof(ProfileRecord), sizeof(Fault), sizeof(std::string)}) {
-    layout = layout * 31 + size;
-  }
-  return layout;
+LoadedScenario ReadForHost(std::string text, const std::string& name) {
+  PlatformObjects platform = ParseNamed(text, name).platform;
+  return {std::move(platform), std::move(text)};
 }
 
 }  // namespace simulator

@@ -8,12 +8,11 @@
 
 namespace simulator {
 
-/// SimulatorSet over a library.
-template <class Library>
-int SetMember(Library& library, const char* path, const char* value, char* problem,
-              std::size_t size) noexcept {
+/// Runs the steps of a hook: 1, or 0 with what they throw in `problem`.
+template <class Steps>
+int RunHook(Steps&& steps, char* problem, std::size_t size) noexcept {
   try {
-    library.Change(path, value);
+    steps();
     return 1;
   } catch (const std::exception& error) {
     std::strncpy(problem, error.what(), size - 1);
@@ -22,16 +21,18 @@ int SetMember(Library& library, const char* path, const char* value, char* probl
   }
 }
 
+/// SimulatorSet over a library.
+template <class Library>
+int SetMember(Library& library, const char* path, const char* value, char* problem,
+              std::size_t size) noexcept {
+  return RunHook([&] { library.Change(path, value); }, problem, size);
+}
+
 /// SimulatorPlay over a library.
 template <class Library>
-int PlayScenario(Library& library, const Scenario& scenario, std::size_t layout) noexcept {
-  if (layout != ScenarioLayout()) return 0;
-  try {
-    library.Play(scenario);
-    return 1;
-  } catch (const std::exception&) {
-    return 0;
-  }
+int PlayScenario(Library& library, std::string_view text, char* problem,
+                 std::size_t size) noexcept {
+  return RunHook([&] { library.Play(ParseScenario(text, "scenario")); }, problem, size);
 }
 
 }  // namespace simulator

@@ -156,6 +156,6 @@ int SimulatorSet(const char* path, const char* value, char* problem, std::size_t
   return simulator::SetMember(library, path, value, problem, size);
 }
 
-int SimulatorPlay(const simulator::Scenario* scenario, std::size_t layout) noexcept {
-  return simulator::PlayScenario(library, *scenario, layout);
+int SimulatorPlay(const char* text, std::size_t length, char* problem, std::size_t size) noexcept {
+  return simulator::PlayScenario(library, {text, length}, problem, size);
 }

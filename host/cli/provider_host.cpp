@@ -51,11 +51,12 @@ Function Hook(const char* library, const char* name) {
 constexpr const char* kLibraries[] = {"QuarnApi", "TolvaApi"};
 
 /// Has the simulated libraries play the scenario; libraries that are none go their own way.
-void Play(const simulator::Scenario& scenario) {
+void Play(const std::string& scenario) {
   for (const char* library : kLibraries) {
     const auto play = FindHook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
-    if (play != nullptr && play(&scenario, simulator::ScenarioLayout()) == 0) {
-      throw ModuleError(std::string(library) + " cannot play the scenario of this program");
+    char problem[1024];
+    if (play != nullptr && play(scenario.data(), scenario.size(), problem, sizeof problem) == 0) {
+      throw ModuleError(std::string(library) + " cannot play the " + problem);
     }
   }
 }
@@ -126,7 +127,7 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
 }
 
 ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
-  Play(*scenario.whole);
+  Play(scenario.text);
   const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
   if (named || osVersion_) {
     const simulator::OsVersion told = named.value_or(ownVersion_);

@@ -31,8 +31,8 @@ simulator::LoadedScenario ScenarioFile::Load(const std::optional<std::string>& o
   const bool once = isInput || IsPipe(path);
   simulator::LoadedScenario loaded;
   if (isInput) {
-    const std::string text(std::istreambuf_iterator<char>(std::cin), {});
-    loaded = simulator::ReadForHost(text, "standard input");
+    loaded = simulator::ReadForHost(std::string(std::istreambuf_iterator<char>(std::cin), {}),
+                                    "standard input");
   } else {
     loaded = simulator::LoadForHost(path);
   }
