@@ -5,6 +5,7 @@
 #include <array>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "platform/platform.h"
@@ -25,13 +26,18 @@ enum class Step {
   kNext,
   kAdapterLibrary,
   kProfileLibrary,
+  kEnd,  ///< no step
 };
+/// A number for each step.
+using StepCounts = std::array<int, static_cast<std::size_t>(Step::kEnd)>;
+
 enum class Manner {
   kCode,        ///< answers a failing code
   kThrow,       ///< throws
   kNothing,     ///< answers success and gives nothing
   kStructured,  ///< raises a structured exception, where the system has them
   kReenter,     ///< goes well, and lets another request in first
+  kEnd,         ///< no manner
 };
 
 class FaultPlan {
@@ -45,7 +51,7 @@ class FaultPlan {
   int struck = 0;
 
   static inline FaultPlan* armed = nullptr;
-  static inline std::array<int, 13> calls = {};    ///< of each step since it was last cleared
+  static inline StepCounts calls = {};             ///< of each step since it was last cleared
   static inline thread_local bool inside = false;  ///< whether the provider's own code runs
   static inline void (*raiseStructured)() = nullptr;
 
@@ -79,14 +85,15 @@ struct PlannedException : std::exception {};
 /// One call out of the provider. Its constructor throws or raises where the plan wants that.
 class Outgoing {
  public:
-  explicit Outgoing(Step step) : manner_(Strike(step)) {}
+  explicit Outgoing(Step step) : failure_(Strike(step)) {}
   /// Whether the call has to answer with code() and give nothing.
-  bool struck() const { return manner_ != Manner::kReenter; }
-  HRESULT code() const { return manner_ == Manner::kNothing ? S_OK : kPlannedFailure; }
+  bool struck() const { return failure_.has_value(); }
+  HRESULT code() const { return failure_.value_or(S_OK); }
 
  private:
-  static Manner Strike(Step step) {
-    if (!FaultPlan::Hit(step)) return Manner::kReenter;
+  /// What the call answers without giving anything; null for a call that goes well.
+  static std::optional<HRESULT> Strike(Step step) {
+    if (!FaultPlan::Hit(step)) return std::nullopt;
     FaultPlan& plan = *FaultPlan::armed;
     if (plan.manner == Manner::kThrow) throw PlannedException();
     if (plan.manner == Manner::kStructured) FaultPlan::raiseStructured();
@@ -95,11 +102,12 @@ class Outgoing {
       FaultPlan::armed = nullptr;
       plan.reenter();
       FaultPlan::armed = &plan;
+      return std::nullopt;
     }
-    return plan.manner;
+    return plan.manner == Manner::kNothing ? S_OK : kPlannedFailure;
   }
 
-  Manner manner_;
+  std::optional<HRESULT> failure_;
   Side outside_{false};
 };
 

@@ -59,6 +59,7 @@ struct Outcome {
 constexpr const char* kStepNames[] = {
     "new",    "text", "fetch", "signature",       "spawn",          "put", "get", "indicate",
     "status", "open", "next",  "adapter library", "profile library"};
+static_assert(std::size(kStepNames) == std::tuple_size_v<StepCounts>);
 
 /// What is alive between two requests.
 struct Levels {
@@ -197,7 +198,7 @@ class Sweep : public ProviderFixture {
     SCOPED_TRACE(request.name);
     for (int round = 0; round < 3; ++round) Run(request), Run(other_);
     const Outcome untouched = Run(request);
-    const std::array<int, 13> calls = FaultPlan::calls;
+    const StepCounts calls = FaultPlan::calls;
     const Outcome other = Run(other_);
     const Levels before;
     for (const auto& [step, manner] : kFaults) {
@@ -249,7 +250,7 @@ class Sweep : public ProviderFixture {
   };
   static const std::vector<Fault> kFaults;
 
-  static inline std::array<int, 13> points = {};
+  static inline StepCounts points = {};
   static inline int failures = 0;
   static void TearDownTestSuite() {
     std::cout << std::accumulate(points.begin(), points.end(), 0) << " failure points tried:";
@@ -270,11 +271,9 @@ class Sweep : public ProviderFixture {
 
 const std::vector<Sweep::Fault> Sweep::kFaults = [] {
   std::vector<Fault> faults = {{Step::kHeap, Manner::kCode}, {Step::kText, Manner::kCode}};
-  for (int step = static_cast<int>(Step::kFetch); step <= static_cast<int>(Step::kProfileLibrary);
-       ++step) {
-    for (const Manner manner :
-         {Manner::kCode, Manner::kThrow, Manner::kNothing, Manner::kStructured, Manner::kReenter}) {
-      faults.push_back({static_cast<Step>(step), manner});
+  for (int step = static_cast<int>(Step::kFetch); step < static_cast<int>(Step::kEnd); ++step) {
+    for (int manner = 0; manner < static_cast<int>(Manner::kEnd); ++manner) {
+      faults.push_back({static_cast<Step>(step), static_cast<Manner>(manner)});
     }
   }
   return faults;
