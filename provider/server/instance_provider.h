@@ -2,17 +2,21 @@
 
 #include <atomic>
 
+#include "platform/unserved_services.h"
 #include "provider/core/provider_state.h"
 #include "provider/server/module_lock.h"
 
 namespace wifi {
 
 /// The object that the management service loads and talks to. Serves six operations of
-/// IWbemServices; every other one answers WBEM_E_NOT_SUPPORTED and touches nothing.
+/// IWbemServices; every other one answers WBEM_E_NOT_SUPPORTED, touches no argument and calls no
+/// sink.
 ///
 /// Starts with one reference, the creator's. The service calls it from the thread of its apartment;
 /// requests take no lock.
-class InstanceProvider final : public IWbemProviderInit, public IWbemServices {
+class InstanceProvider final
+    : public IWbemProviderInit,
+      public platform::UnservedServices<IWbemServices, WBEM_E_NOT_SUPPORTED> {
  public:
   explicit InstanceProvider(adapterapi::AdapterApi& api) : state_(api, memory_) {}
   InstanceProvider(const InstanceProvider&) = delete;
@@ -46,33 +50,6 @@ class InstanceProvider final : public IWbemProviderInit, public IWbemServices {
   HRESULT STDMETHODCALLTYPE ExecMethodAsync(const BSTR path, const BSTR method, LONG flags,
                                             IWbemContext* context, IWbemClassObject* inParameters,
                                             IWbemObjectSink* sink) override;
-
-// The operations that are not served: they touch no argument and call no sink.
-#define NOT_SERVED(operation, parameters)                   \
-  HRESULT STDMETHODCALLTYPE operation parameters override { \
-    return WBEM_E_NOT_SUPPORTED;                            \
-  }
-  NOT_SERVED(OpenNamespace, (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
-  NOT_SERVED(CancelAsyncCall, (IWbemObjectSink*))
-  NOT_SERVED(QueryObjectSink, (LONG, IWbemObjectSink**))
-  NOT_SERVED(GetObject, (const BSTR, LONG, IWbemContext*, IWbemClassObject**, IWbemCallResult**))
-  NOT_SERVED(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  NOT_SERVED(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
-  NOT_SERVED(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  NOT_SERVED(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  NOT_SERVED(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  NOT_SERVED(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  NOT_SERVED(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  NOT_SERVED(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  NOT_SERVED(CreateInstanceEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  NOT_SERVED(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  NOT_SERVED(ExecNotificationQuery,
-             (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  NOT_SERVED(ExecNotificationQueryAsync,
-             (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  NOT_SERVED(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
-                          IWbemClassObject**, IWbemCallResult**))
-#undef NOT_SERVED
 
  private:
   template <class Steps>

@@ -8,6 +8,7 @@
 
 #include "platform/com_ptr.h"
 #include "platform/text.h"
+#include "platform/unserved_services.h"
 #include "platform/variant.h"
 #include "tests/support/journal.h"
 
@@ -71,40 +72,10 @@ class UnusedClassObject : public FakeUnknown<IWbemClassObject> {
   UNUSED_OPERATION(GetMethod, (LPCWSTR, LONG, IWbemClassObject**, IWbemClassObject**))
 };
 
-/// A namespace none of whose operations is there.
-class UnusedServices : public FakeUnknown<IWbemServices> {
- public:
-  UNUSED_OPERATION(OpenNamespace,
-                   (const BSTR, LONG, IWbemContext*, IWbemServices**, IWbemCallResult**))
-  UNUSED_OPERATION(CancelAsyncCall, (IWbemObjectSink*))
-  UNUSED_OPERATION(QueryObjectSink, (LONG, IWbemObjectSink**))
-  UNUSED_OPERATION(GetObjectAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(PutClass, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(PutClassAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(DeleteClass, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(DeleteClassAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(CreateClassEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(CreateClassEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(PutInstance, (IWbemClassObject*, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(PutInstanceAsync, (IWbemClassObject*, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(DeleteInstance, (const BSTR, LONG, IWbemContext*, IWbemCallResult**))
-  UNUSED_OPERATION(DeleteInstanceAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(CreateInstanceEnumAsync, (const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecQuery, (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(ExecQueryAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecNotificationQuery,
-                   (const BSTR, const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-  UNUSED_OPERATION(ExecNotificationQueryAsync,
-                   (const BSTR, const BSTR, LONG, IWbemContext*, IWbemObjectSink*))
-  UNUSED_OPERATION(ExecMethod, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
-                                IWbemClassObject**, IWbemCallResult**))
-  UNUSED_OPERATION(ExecMethodAsync, (const BSTR, const BSTR, LONG, IWbemContext*, IWbemClassObject*,
-                                     IWbemObjectSink*))
-  UNUSED_OPERATION(GetObject,
-                   (const BSTR, LONG, IWbemContext*, IWbemClassObject**, IWbemCallResult**))
-  UNUSED_OPERATION(CreateInstanceEnum, (const BSTR, LONG, IWbemContext*, IEnumWbemClassObject**))
-};
 #undef UNUSED_OPERATION
+
+/// A namespace none of whose operations is there.
+using UnusedServices = platform::UnservedServices<FakeUnknown<IWbemServices>, E_NOTIMPL>;
 
 /// How puts and spawns of a test's instances go; shared by all of them.
 struct InstanceScript {
