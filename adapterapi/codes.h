@@ -15,11 +15,11 @@ struct CodeText {
 /// Settings and policies by number: GetSettingValue and SetBoosSeteing, GetPolicyValue and
 /// SetPolicyValue.
 namespace setting {
-inline constexpr std::uint32_t kAutoConnectPolicy = 201;   ///< a policy: 0, 1 or 2
-inline constexpr std::uint32_t kSingleBssMode = 406;       ///< flag
-inline constexpr std::uint32_t kPersistentProfiles = 415;  ///< lowest bit: the store is in use
-inline constexpr std::uint32_t kPrelogonProfiles = 416;    ///< lowest bit: the store is in use
-inline constexpr std::uint32_t kDisableRfControl = 426;    ///< flag
+inline constexpr SettingNumber kAutoConnectPolicy{201};   ///< a policy: 0, 1 or 2
+inline constexpr SettingNumber kSingleBssMode{406};       ///< flag
+inline constexpr SettingNumber kPersistentProfiles{415};  ///< lowest bit: the store is in use
+inline constexpr SettingNumber kPrelogonProfiles{416};    ///< lowest bit: the store is in use
+inline constexpr SettingNumber kDisableRfControl{426};    ///< flag
 }  // namespace setting
 
 namespace codes {

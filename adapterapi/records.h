@@ -8,8 +8,14 @@
 
 namespace adapterapi {
 
-/// The library's number for an adapter, first argument of every call about it.
+/// The library's number for an adapter, first argument of every call about it and of no other.
 using AdapterNumber = std::uint32_t;
+
+/// The library's number for a setting or a policy; setting:: in codes.h has those that are known.
+enum SettingNumber : std::uint32_t {};
+
+/// A number that is the same in every call of its operation.
+enum FixedNumber : std::uint32_t {};
 
 /// What every operation of the library returns: zero is success.
 using ApiStatus = std::int32_t;

@@ -40,7 +40,7 @@ MethodResult IsTcpIpInstalledAndBound(const MethodCall& call) {
 
 MethodResult Release1xConfig(const MethodCall& call) {
   // The constant, not the adapter, which only has to be there.
-  return Answer(call.state.api.Release1xConfig(0) == 0);
+  return Answer(call.state.api.Release1xConfig(adapterapi::FixedNumber{0}) == 0);
 }
 
 MethodResult GetApiVersion(const MethodCall& call) {

@@ -12,7 +12,7 @@ constexpr std::uint32_t kPersistentOff = 0x8;
 constexpr std::uint32_t kPrelogonOff = 0x10;
 
 /// Only the lowest bit of the setting counts; its status does not.
-bool IsSettingOn(adapterapi::AdapterApi& api, std::uint32_t setting) {
+bool IsSettingOn(adapterapi::AdapterApi& api, adapterapi::SettingNumber setting) {
   std::uint32_t value = 0;
   api.GetSettingValue(setting, &value);
   return (value & 1) != 0;

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "adapterapi/adapter_api.h"
+
 namespace simulator {
 
 struct FaultTarget {
@@ -10,13 +12,20 @@ struct FaultTarget {
   bool ofAdapter;  ///< its first argument is an adapter number
 };
 
-/// `arguments` is the argument list as operations.inc writes it.
-constexpr bool TakesAdapter(std::string_view arguments) {
-  return arguments.starts_with("(adapter");
+/// Whether the first parameter is an adapter number.
+template <class... Parameters>
+constexpr bool TakesAdapter(adapterapi::ApiStatus (adapterapi::AdapterApi::*)(Parameters...)) {
+  return false;
+}
+template <class... Others>
+constexpr bool TakesAdapter(
+    adapterapi::ApiStatus (adapterapi::AdapterApi::*)(adapterapi::AdapterNumber, Others...)) {
+  return true;
 }
 
 inline constexpr FaultTarget kFaultTargets[] = {
-#define QUARN_OPERATION(ordinal, name, parameters, arguments) {#name, TakesAdapter(#arguments)},
+#define QUARN_OPERATION(ordinal, name, parameters, arguments) \
+  {#name, TakesAdapter(&adapterapi::AdapterApi::name)},
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION
     {"CProfileMgr::SetWiFiProvider", false},

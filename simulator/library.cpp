@@ -1,8 +1,6 @@
 #include "simulator/library.h"
 
-#include <tuple>
-
-#include "scenario/fault_targets.h"
+#include <type_traits>
 
 namespace simulator {
 namespace {
@@ -14,15 +12,16 @@ constexpr bool NeedsScenario(std::string_view operation) {
 }
 
 /// The adapter that a call is about, by its first argument.
-template <class... Arguments>
-std::optional<AdapterNumber> AdapterOf(bool ofAdapter, const std::tuple<Arguments...>& arguments) {
-  if constexpr (sizeof...(Arguments) == 0) {
-    return std::nullopt;
-  } else if constexpr (std::is_same_v<std::tuple_element_t<0, std::tuple<Arguments...>>,
-                                      AdapterNumber>) {
-    if (ofAdapter) return std::get<0>(arguments);
-  }
+std::optional<AdapterNumber> AdapterOf() {
   return std::nullopt;
+}
+template <class First, class... Others>
+std::optional<AdapterNumber> AdapterOf(const First& first, const Others&...) {
+  if constexpr (std::is_same_v<First, AdapterNumber>) {
+    return first;
+  } else {
+    return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -62,10 +61,10 @@ ApiStatus Library::Run(std::string_view operation, std::optional<AdapterNumber> 
                        [&] { return call(loaded->machine); });
 }
 
-#define QUARN_OPERATION(ordinal, name, parameters, arguments)                         \
-  ApiStatus Library::name parameters {                                                \
-    return Run(#name, AdapterOf(TakesAdapter(#arguments), std::make_tuple arguments), \
-               [&](Machine& machine) { return machine.name arguments; });             \
+#define QUARN_OPERATION(ordinal, name, parameters, arguments)             \
+  ApiStatus Library::name parameters {                                    \
+    return Run(#name, AdapterOf arguments,                                \
+               [&](Machine& machine) { return machine.name arguments; }); \
   }
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION

@@ -216,19 +216,19 @@ ApiStatus Machine::GetApiVersion(std::uint32_t* version) {
   return kOk;
 }
 
-ApiStatus Machine::GetSettingValue(std::uint32_t setting, std::uint32_t* value) {
+ApiStatus Machine::GetSettingValue(SettingNumber setting, std::uint32_t* value) {
   return GiveSetting(scenario_.settings, setting, value);
 }
 
-ApiStatus Machine::SetBoosSeteing(std::uint32_t setting, std::uint32_t value) {
+ApiStatus Machine::SetBoosSeteing(SettingNumber setting, std::uint32_t value) {
   return KeepSetting(scenario_.settings, setting, value);
 }
 
-ApiStatus Machine::GetPolicyValue(std::uint32_t setting, std::uint32_t* value) {
+ApiStatus Machine::GetPolicyValue(SettingNumber setting, std::uint32_t* value) {
   return GiveSetting(scenario_.policies, setting, value);
 }
 
-ApiStatus Machine::SetPolicyValue(std::uint32_t setting, std::uint32_t value) {
+ApiStatus Machine::SetPolicyValue(SettingNumber setting, std::uint32_t value) {
   return KeepSetting(scenario_.policies, setting, value);
 }
 
@@ -272,7 +272,7 @@ ApiStatus Machine::RegisterProfileService(AdapterNumber adapter, std::uint32_t e
   return Keep<std::uint32_t>(adapter, &AdapterRecords::registrationState, enroll, 0, 1);
 }
 
-ApiStatus Machine::Release1xConfig(std::uint32_t) {
+ApiStatus Machine::Release1xConfig(FixedNumber) {
   return kOk;
 }
 
@@ -280,7 +280,7 @@ ApiStatus Machine::CloseLibrary() {
   return kOk;
 }
 
-ApiStatus Machine::SetLibraryMode(std::uint32_t) {
+ApiStatus Machine::SetLibraryMode(FixedNumber) {
   return kOk;
 }
 

@@ -83,7 +83,7 @@ adapterapi::ApiStatus ListCandidates(adapterapi::AdapterApi& api,
     const ClientImpersonation impersonation;
     status = api.GetAdapterList(&list);
   }
-  api.SetLibraryMode(1);
+  api.SetLibraryMode(adapterapi::FixedNumber{1});
   if (status != 0) return status;
 
   std::int32_t count = 0;

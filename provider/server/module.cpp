@@ -32,7 +32,8 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
     thisModule = module;
     // A library that fails here says so itself once it is asked for its adapters.
-    platform::Survives([] { adapterapi::ImportedAdapterApi().SetLibraryMode(1); });
+    platform::Survives(
+        [] { adapterapi::ImportedAdapterApi().SetLibraryMode(adapterapi::FixedNumber{1}); });
   }
   return TRUE;
 }

@@ -76,27 +76,20 @@ TEST_F(Methods, CallsWithAFlag) {
 }
 
 TEST_F(Methods, CallsWithTheAdapterAlone) {
-  const struct {
-    const char* className;
-    const char* method;
-    std::function<adapterapi::ApiStatus(std::uint32_t)>& operation;
-    const char* argument = "107";
-    const char* refused = kFalse;
-  } kRows[] = {
-      {"WiFi_NetworkAdapter", "ResetStatistics", api.onResetStatistics},
-      {"WiFi_NetworkAdapter", "StopAuthentication", api.onStopAuthentication},
-      {"WiFi_NetworkAdapter", "Release1xConfig", api.onRelease1xConfig, "0"},
-      {"WiFi_NetworkAdapter", "ResetExcludeList", api.onResetExcludeList, "107", kTrue},
-      {"WiFi_NetworkAdapterConfiguration", "Disassociate", api.onDisassociate},
+  const auto expect = [this](const char* className, const char* method, auto& operation,
+                             const char* argument = "107", const char* refused = kFalse) {
+    SCOPED_TRACE(method);
+    operation = Noting();
+    EXPECT_EQ(Answer(className, method), kTrue);
+    EXPECT_EQ(arguments, argument);
+    operation = Noting(1);
+    EXPECT_EQ(Answer(className, method), refused);
   };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.method);
-    row.operation = Noting();
-    EXPECT_EQ(Answer(row.className, row.method), kTrue);
-    EXPECT_EQ(arguments, row.argument);
-    row.operation = Noting(1);
-    EXPECT_EQ(Answer(row.className, row.method), row.refused);
-  }
+  expect("WiFi_NetworkAdapter", "ResetStatistics", api.onResetStatistics);
+  expect("WiFi_NetworkAdapter", "StopAuthentication", api.onStopAuthentication);
+  expect("WiFi_NetworkAdapter", "Release1xConfig", api.onRelease1xConfig, "0");
+  expect("WiFi_NetworkAdapter", "ResetExcludeList", api.onResetExcludeList, "107", kTrue);
+  expect("WiFi_NetworkAdapterConfiguration", "Disassociate", api.onDisassociate);
 }
 
 TEST_F(Methods, Questions) {

@@ -23,7 +23,7 @@ Library::Loader WithFaults(const std::string& faults) {
 
 TEST(Library, WithoutAScenarioEveryOperationFails) {
   Library library([] { return std::optional<Scenario>(); });
-  EXPECT_EQ(library.SetLibraryMode(1), 0);
+  EXPECT_EQ(library.SetLibraryMode(FixedNumber{1}), 0);
   EXPECT_EQ(library.CloseLibrary(), 0);
   std::uint32_t value = 7;
   EXPECT_EQ(library.GetBand(1, &value), static_cast<ApiStatus>(0x80004005));
@@ -37,7 +37,7 @@ TEST(Library, ReadsTheScenarioOnceAtTheFirstOperationThatNeedsIt) {
     ++reads;
     return ParseScenario("{}", "test");
   });
-  library.SetLibraryMode(1);
+  library.SetLibraryMode(FixedNumber{1});
   EXPECT_EQ(reads, 0);
   const AdapterList* list = nullptr;
   EXPECT_EQ(library.GetAdapterList(&list), 0);
@@ -120,7 +120,7 @@ TEST(Faults, CanWaitAndThenCarryOutOrFail) {
 TEST(Faults, ASettingIsNoAdapter) {
   Library library(WithFaults(R"({"operation": "GetSettingValue", "status": 9})"));
   std::uint32_t value = 0;
-  EXPECT_EQ(library.GetSettingValue(415, &value), 9);
+  EXPECT_EQ(library.GetSettingValue(SettingNumber{415}, &value), 9);
 }
 
 TEST(Library, ToleratesThreadsOnOneAdapter) {
@@ -157,8 +157,8 @@ TEST(Library, RefusesWhatIsNotThereWithoutWriting) {
   EXPECT_EQ(library.GetAssociationInfo(9, &record), kRefused);
   EXPECT_EQ(library.ApplyProfile(9, &profile, 0, 0, 0), kRefused);
   EXPECT_EQ(library.ApplyProfileFromMacAddress("00:00:00:00:00:03", &profile), kRefused);
-  EXPECT_LT(library.GetSettingValue(7, &value), 0);
-  EXPECT_LT(library.SetPolicyValue(7, 1), 0);
+  EXPECT_LT(library.GetSettingValue(SettingNumber{7}, &value), 0);
+  EXPECT_LT(library.SetPolicyValue(SettingNumber{7}, 1), 0);
   EXPECT_EQ(value, 77u);
   EXPECT_EQ(list, nullptr);
   EXPECT_EQ(library.GetBand(1, nullptr), kRefused);

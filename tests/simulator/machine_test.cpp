@@ -187,8 +187,8 @@ TEST_F(MachineTest, SettersKeepTheirValueWithinTheirRange) {
   EXPECT_LT(machine.SetPspMode(kAdapter, 8), 0);
   EXPECT_EQ(Get(&Machine::GetPspInfo).mode, 7u);
   std::uint32_t value = 0;
-  EXPECT_EQ(machine.SetBoosSeteing(426, 1), kOk);
-  EXPECT_EQ(machine.GetSettingValue(426, &value), kOk);
+  EXPECT_EQ(machine.SetBoosSeteing(SettingNumber{426}, 1), kOk);
+  EXPECT_EQ(machine.GetSettingValue(SettingNumber{426}, &value), kOk);
   EXPECT_EQ(value, 1u);
 }
 

@@ -24,7 +24,7 @@ class SharedLibraries : public ::testing::Test {
 };
 
 TEST_F(SharedLibraries, GiveTheAdaptersOfTheScenario) {
-  EXPECT_EQ(quarn::SetLibraryMode(1), 0);
+  EXPECT_EQ(quarn::SetLibraryMode(FixedNumber{1}), 0);
   const AdapterList* list = nullptr;
   ASSERT_EQ(quarn::GetAdapterList(&list), 0);
   ASSERT_EQ(list->count, 2u);
