@@ -1,6 +1,8 @@
 #!/bin/sh
-# set_load_config.sh DLL OBJDUMP NM SIZE: enters the DLL's load configuration, which the linker leaves
-# out, into its header. The structure is the exported-to-nobody symbol _load_config_used.
+# set_load_config.sh DLL OBJDUMP NM SIZE: enters the DLL's load configuration, the symbol
+# _load_config_used that nobody exports, into its header. The linker writes the header itself, where no
+# object file and no section of a linker script reaches; GNU ld 2.40 fills the directories that it
+# knows, of which this is none, and objcopy has no option for one. So the bytes are written here.
 set -eu
 dll=$1
 objdump=$2
