@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Builds the benchmarks and prints their tables: ./bench.sh [--windows] [OPTIONS of the benchmark library…]
-# --windows measures the Windows build through Wine, beside a provider of the platform's own.
+# --windows measures the Windows build under Wine, compared with a provider of the platform itself.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"
 
-# Debian packs the benchmark library for its own machines alone. For Windows it is compiled from the
-# same package's sources, fetched through a list of sources of this build's own.
+# Debian has the benchmark library only for its own architectures. For Windows it is compiled from the
+# sources of the same package, which are fetched through a separate list of package sources.
 benchmark_sources() {
   local apt=$root/build/benchmark-sources
   [ -f "$apt/library/CMakeLists.txt" ] && return
@@ -29,8 +29,8 @@ else
   install_packages native bench
 fi
 build "$preset"
-# The least of several short runs, provider and floor in turns: whatever else the machine does then
-# tells on both alike.
+# The minimum of several short runs in which provider and floor alternate, so that other load on the
+# machine affects both alike.
 set -- --table --benchmark_repetitions=7 --benchmark_min_time=0.05 \
   --benchmark_enable_random_interleaving=true "$@"
 if [ "$preset" = bench-windows ]; then

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Runs the native tests and prints how much of the product they run, lines and branches, a row a
-# folder. Not counted are branches into the cleaning up behind an exception, and what is one template
-# for each of the 68 operations: every row of the list has the same ones. ./coverage.sh --missing
-# also lists what did not run. Fails if a folder is below 99 % of the lines or 95 % of the branches.
+# Runs the native tests and prints which share of the product's lines and branches they run, one row per
+# folder. Branches into the clean-up after an exception are not counted, nor is the template code that is
+# instantiated for each of the 68 operations: each instance has the same branches. ./coverage.sh
+# --missing also lists what did not run. Fails if a folder is below 99 % of the lines or 95 % of the
+# branches.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# fuzz.sh [--keep] [SECONDS [TARGET…]]: runs the fuzzers (fuzz/targets.inc), each for SECONDS (60), from
-# their corpora and from what earlier runs found, which build/fuzz/corpus holds. A finding is left in
-# build/fuzz/findings and fails. --keep only writes fuzz/corpus anew: the inputs that together reach
-# all that is reached, as far as they are short, one a line in hexadecimal digits.
+# fuzz.sh [--keep] [SECONDS [TARGET…]]: runs the fuzzers (fuzz/targets.inc), each for SECONDS (60),
+# starting from their corpora and from the inputs that earlier runs found, which are in
+# build/fuzz/corpus. A finding is written to build/fuzz/findings and makes the script fail. --keep only
+# rebuilds fuzz/corpus: the short inputs that together reach everything that is reached, one per line in
+# hexadecimal digits.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"

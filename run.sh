@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds what is missing and runs wmihost: ./run.sh [--windows] [ARGS…]
-# Without ARGS: lists the adapters of the default scenario. --windows takes the DLL, through Wine.
+# Without ARGS it lists the adapters of the default scenario. --windows uses the DLL, under Wine.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"

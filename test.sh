@@ -4,17 +4,17 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"
 
-# One row a step, in the order in which they run: name, whether a plain ./test.sh runs it (+) or only
-# who names it (-), Debian packages (parts of cmake/prepare.sh), what it does. Its commands are the
+# One row per step, in the order in which they run: name, whether a plain ./test.sh runs it (+) or only
+# if it is named (-), Debian packages (parts of cmake/prepare.sh), description. Its commands are in the
 # function step_NAME.
 steps='
---mend    - native,format          format, and write every generated document and expected output anew
+--mend    - native,format          format, and rebuild every generated document and expected output
 format    + format                 formatting of all C++ sources
-floors    + format                 no include runs up the house
+floors    + format                 no include of a higher floor
 --lint    - native,lint            clang-tidy and cppcheck over all product sources
 native    - native,browser         the same without sanitizers, as ./run.sh builds
 sanitize  + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
-windows   + native,windows         build the Windows product, all tests through Wine
+windows   + native,windows         build the Windows product, all tests under Wine
 '
 step_--mend() {
   "$root/cmake/check_format.sh" --mend

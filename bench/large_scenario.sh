@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# large_scenario.sh [ADAPTERS [NETWORKS]] > FILE: a scenario of 200 adapters that see 1,000 networks each,
-# to measure with:
+# large_scenario.sh [ADAPTERS [NETWORKS]] > FILE: writes a scenario of 200 adapters that see 1,000
+# networks each, for measurements:
 #   /usr/bin/time -v wmihost --scenario FILE --format csv enum WiFi_AdapterCachedScanList > /dev/null
 set -euo pipefail
 awk -v adapters="${1:-200}" -v networks="${2:-1000}" 'BEGIN {

@@ -7,12 +7,12 @@ if(MSVC)
 else()
   target_compile_options(build_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    # GCC 12 reports overlaps that are none in std::string's operator+.
+    # GCC 12 reports overlaps in std::string's operator+ where there are none.
     target_compile_options(build_settings INTERFACE -Wno-restrict)
   endif()
 endif()
 
-# A compiler cache where one is installed; -DCMAKE_CXX_COMPILER_LAUNCHER= does without.
+# Use a compiler cache if one is installed; -DCMAKE_CXX_COMPILER_LAUNCHER= switches it off.
 if(NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
   find_program(CCACHE ccache)
   if(CCACHE)
@@ -20,7 +20,7 @@ if(NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
   endif()
 endif()
 if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
-  # What it needs to keep results that used a precompiled header.
+  # ccache needs this to keep results that used a precompiled header.
   list(PREPEND CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime)
 endif()
@@ -45,7 +45,7 @@ if(WIFI_THREADS)
   add_link_options(-fsanitize=thread)
 endif()
 
-# measured(TARGET…): counts which lines and branches of these run, in the build that ./coverage.sh makes.
+# measured(TARGET…): counts which lines and branches of these targets run, in the build of ./coverage.sh.
 option(WIFI_COVERAGE "Measure the coverage of the product's folders" OFF)
 function(measured)
   if(WIFI_COVERAGE)
@@ -59,26 +59,27 @@ if(WIFI_COVERAGE)
 endif()
 
 if(NOT WIN32 AND NOT (WIFI_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES Clang))
-  # A shared object names every library that it uses. Clang's sanitizers live in the program alone.
+  # A shared object must name every library that it uses. Clang's sanitizer runtime is only in the
+  # program.
   string(APPEND CMAKE_SHARED_LINKER_FLAGS " -Wl,-z,defs")
   string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,-z,defs")
 endif()
 
 if(WIN32)
-  # One file each, no runtime of the compiler beside it; data execution prevention, address space
-  # randomisation with high entropy.
+  # Each binary is self-contained, without DLLs of the compiler's runtime. Data execution prevention and
+  # high-entropy address space randomisation are on.
   add_link_options(-static -static-libgcc -static-libstdc++ -Wl,--nxcompat -Wl,--dynamicbase
                    -Wl,--high-entropy-va -Wl,--no-insert-timestamp)
 endif()
 if(MINGW)
-  # Lines for the debug files, without the path of the machine that built them.
+  # Line numbers for the debug files, without paths of the machine that built them.
   add_compile_options(-g1 -gno-record-gcc-switches
                       -ffile-prefix-map=${CMAKE_BINARY_DIR}=/wifi-adapter-provider/build
                       -ffile-prefix-map=${CMAKE_SOURCE_DIR}=/wifi-adapter-provider)
 endif()
 
-# The header-only libraries lie directly in the system's include folder, which a cross build must
-# not search: their folders are linked into the build tree.
+# The header-only libraries are directly in the system's include folder, which a cross build must not
+# search, so their folders are linked into the build tree.
 set(header_only ${CMAKE_BINARY_DIR}/header_only)
 file(MAKE_DIRECTORY ${header_only})
 foreach(library CLI nlohmann)

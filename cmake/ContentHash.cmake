@@ -1,12 +1,12 @@
 # content_hash(FILE VARIABLE): sets VARIABLE to FILE's hash as a content security policy writes it,
-# sha256-BASE64. A change of FILE runs CMake anew.
+# sha256-BASE64. When FILE changes, CMake runs again.
 
 function(content_hash file variable)
   get_filename_component(input ${file} ABSOLUTE)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${input})
   file(SHA256 ${input} hex)
   set(alphabet "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
-  # 64 digits are ten groups of six and one of four, which two zeros fill up.
+  # 64 digits are ten groups of six and one of four, which is padded with two zeros.
   string(APPEND hex "00")
   set(text "")
   foreach(start RANGE 0 60 6)

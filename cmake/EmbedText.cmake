@@ -1,6 +1,6 @@
-# embed_text(TARGET FILE SYMBOL): compiles FILE's bytes into TARGET as
-# a text that EMBEDDED_TEXT(SYMBOL) of platform/embedded_text.h declares and gives as SYMBOL()
-# in namespace embedded. The source is made anew whenever FILE changes.
+# embed_text(TARGET FILE SYMBOL): compiles FILE's bytes into TARGET as a text, which
+# EMBEDDED_TEXT(SYMBOL) of platform/embedded_text.h declares and SYMBOL() in namespace embedded returns.
+# The source is rebuilt whenever FILE changes.
 
 function(embed_text target file symbol)
   get_filename_component(input ${file} ABSOLUTE)

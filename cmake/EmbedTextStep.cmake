@@ -1,4 +1,4 @@
-# Writes OUTPUT, a source file that holds the bytes of INPUT under the name SYMBOL.
+# Writes OUTPUT, a source file with the bytes of INPUT under the name SYMBOL.
 file(READ ${INPUT} hex HEX)
 string(LENGTH "${hex}" digits)
 math(EXPR size "${digits} / 2")

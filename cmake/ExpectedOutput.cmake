@@ -1,8 +1,8 @@
-# expected_output(NAME FILE file [SECTION section] [STATUS status] COMMAND program argument…): a test
-# that what COMMAND prints is what FILE holds, in every build alike, and the one place where such an
-# output is declared: ./test.sh --mend writes all of them anew. FILE is seen from the source folder;
-# with a SECTION only its lines between <!-- begin SECTION --> and <!-- end SECTION --> are meant.
-# Program is a target, or a script. STATUS is the exit status, 0 if left out.
+# expected_output(NAME FILE file [SECTION section] [STATUS status] COMMAND program argument…): declares a
+# test that COMMAND prints the content of FILE, the same in every build. All expected outputs are
+# declared with it, and ./test.sh --mend rebuilds all of them. FILE is relative to the source folder.
+# With a SECTION only its lines between <!-- begin SECTION --> and <!-- end SECTION --> are compared.
+# Program is a target or a script. STATUS is the exit status, 0 if left out.
 
 add_custom_target(expected_outputs)  # the programs that print them
 
@@ -24,7 +24,7 @@ function(expected_output name)
   add_test(NAME ${name}
            COMMAND ${CMAKE_SOURCE_DIR}/cmake/expected_output.sh ${name} ${file} "${row_SECTION}"
                    ${row_STATUS} ${CMAKE_BINARY_DIR}/expected_outputs ${command})
-  # Several sections of one file are not written at once.
+  # Several sections of one file must not be written at the same time.
   set_tests_properties(${name} PROPERTIES LABELS expected_output RESOURCE_LOCK ${file}
                        ENVIRONMENT SOURCE_DATE_EPOCH=0)
 endfunction()

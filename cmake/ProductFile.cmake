@@ -1,5 +1,5 @@
-# product_file(TARGET DESCRIPTION [PRODUCT_NAME_SUFFIX]): makes TARGET a file that is handed out. On
-# Windows it gets a version resource, and its debug symbols go into a file of their own beside it,
+# product_file(TARGET DESCRIPTION [PRODUCT_NAME_SUFFIX]): makes TARGET a file that is delivered. On
+# Windows it gets a version resource, and its debug symbols go into a separate file next to it,
 # TARGET.dll.debug or TARGET.exe.debug. The version is that of project().
 
 function(product_file target description)

@@ -1,11 +1,11 @@
 # read_mof(FILE): reads a MOF file as far as the build needs it and sets, for the caller,
 #   mof_contract   the rows of schema/contract.inc
-#   mof_removal    the pragmas that take the classes and instances away again: associations before the
-#                  classes that they tie, the last instance first
-# What it cannot read stops CMake with "FILE:LINE: expected WHAT, found WHAT". Whether what it reads makes
-# sense is for `wmihost check`.
+#   mof_removal    the pragmas that delete the classes and instances: associations before the
+#                  classes that they connect, the last instance first
+# Text that it cannot read stops CMake with "FILE:LINE: expected WHAT, found WHAT". `wmihost check`
+# checks whether the content makes sense.
 
-# Characters that a list of CMake would not keep as they are travel as control characters.
+# Characters that would not survive in a CMake list are replaced by control characters.
 string(ASCII 1 MOF_SEMICOLON)
 string(ASCII 2 MOF_OPEN)
 string(ASCII 3 MOF_CLOSE)
@@ -55,7 +55,7 @@ macro(mof_split)
   mof_advance()
 endmacro()
 
-# The token in hand is `token`, in lower case `word`, in line `line`.
+# The current token is `token`, in lower case `word`, in line `line`.
 macro(mof_advance)
   math(EXPR at "${at} + 1")
   set(token "${token_${at}}")
@@ -72,7 +72,7 @@ macro(mof_fail expected)
   message(FATAL_ERROR "${file}:${line}: expected ${expected}, found ${found}")
 endmacro()
 
-# Takes the token, as `taken`, if its lower case matches.
+# Takes the current token, as `taken`, if its lower case form matches.
 macro(mof_expect pattern what)
   if(NOT word MATCHES "^(${pattern})$")
     mof_fail("${what}")
@@ -84,7 +84,7 @@ endmacro()
 set(MOF_NAME "[a-z_][a-z0-9_]*")
 set(MOF_TEXT "\".*\"")
 
-# Goes on to the token, which is not inside a text.
+# Skips to the token, which must not be inside a text.
 macro(mof_skip_to pattern what)
   while(NOT word MATCHES "^(${pattern})$")
     if(token STREQUAL "")
@@ -155,7 +155,7 @@ macro(mof_read_array)
   endif()
 endmacro()
 
-# Sets `variable` to true or false: whether the qualifiers have the name.
+# Sets `variable` to true or false: whether the qualifiers contain the name.
 macro(mof_flag variable name)
   set(${variable} false)
   if("${name}" IN_LIST qualifiers)
@@ -231,8 +231,8 @@ macro(mof_read_class)
   endif()
 endmacro()
 
-# `instance of CLASS [as $alias] { name = value; … };`. Its path is made of its key, which only the
-# service's own class declares: Provider, a reference, of a registration, else Name.
+# `instance of CLASS [as $alias] { name = value; … };`. Its path is built from its key, which only the
+# service's own class declares: Provider, a reference, in a registration, else Name.
 macro(mof_read_instance)
   set(first_line ${line})
   mof_advance()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails, naming the line, on an include that runs up the house. The floors, from the lowest up, each
-# with the folders that it may include beside its own; tests, benchmarks and fuzzers stand outside.
+# Fails, naming the line, on an include of a higher floor. The floors, from the lowest up, each with the
+# folders that it may include besides its own; tests, benchmarks and fuzzers are not checked.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -43,7 +43,7 @@ git ls-files -co --exclude-standard -- '*.h' '*.cpp' '*.inc' |
         if (words > 0) floor[names[1]] = 1
       }
     }
-    # The floor of a file: the longest named folder that it lies in.
+    # The floor of a file: the longest listed folder that contains it.
     function floor_of(file) {
       while (sub("/[^/]*$", "", file)) if (file in floor) return file
       return ""

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# check_format.sh [--mend]: says which files clang-format would change, or changes them.
+# check_format.sh [--mend]: names the files that clang-format would change, or changes them.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 mkdir -p build
-# Also the files that git does not know yet; not those that are gone.
+# Include files that git does not know yet, but not deleted ones.
 files=()
 while read -r -d '' file; do
   [ ! -f "$file" ] || files+=("$file")

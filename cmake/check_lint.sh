@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails on what clang-tidy (.clang-tidy) or cppcheck find in the product's sources. Clang reads them
-# joined, so that it reads each header once.
+# Fails on what clang-tidy (.clang-tidy) or cppcheck find in the product's sources. Clang reads them as
+# unity builds, so that it reads each header once.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build=build/lint
@@ -13,7 +13,7 @@ failed=0
 cores=$(nproc)
 units=$(sed -nE 's/.*"file": "(.*)".*/\1/p' "$build/compile_commands.json" | grep -vE '/tests/|/embedded_')
 echo "clang-tidy: $(wc -l <<<"$units") units"
-# Standard error only counts what the filter left out.
+# Standard error contains only the number of suppressed warnings.
 xargs -P "$cores" -n 1 clang-tidy -p "$build" --quiet <<<"$units" 2>"$build/clang-tidy.log" || failed=1
 [ "$failed" = 0 ] || grep -i error "$build/clang-tidy.log" >&2 || true
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# expected_output.sh NAME FILE SECTION STATUS WORK COMMAND…: runs COMMAND and holds its standard output
-# against FILE, byte for byte, and its exit status against STATUS. With a SECTION (else: empty) only
-# the lines of FILE between "<!-- begin SECTION" and "<!-- end SECTION" count. WORK is a folder for
-# scratch files. With WIFI_MEND=1 what is different is written into FILE instead.
+# expected_output.sh NAME FILE SECTION STATUS WORK COMMAND…: runs COMMAND and compares its standard
+# output with FILE, byte for byte, and its exit status with STATUS. With a SECTION (else empty) only the
+# lines of FILE between "<!-- begin SECTION" and "<!-- end SECTION" are compared. WORK is a folder for
+# temporary files. With WIFI_MEND=1 the new output is written into FILE instead.
 set -euo pipefail
 name=$1 file=$2 section=$3 status=$4 work=$5
 shift 5
@@ -11,7 +11,7 @@ printed=$work/$name.printed
 expected=$work/$name.expected
 
 begin="<!-- begin $section" end="<!-- end $section"
-# The lines of the section, or those before it and its mark, or its end mark and those behind it.
+# The lines of the section, or those up to and including its begin mark, or those from its end mark on.
 part() {
   awk -v begin="$begin" -v end="$end" -v wanted="$1" '
     index($0, end) == 1 { place = "after" }

@@ -16,7 +16,7 @@ packages_of() {
   esac
 }
 
-# Installs the Debian packages of the named parts that are not there yet.
+# Installs those Debian packages of the named parts that are missing.
 install_packages() {
   local part package missing=()
   for part in "$@"; do
@@ -42,7 +42,7 @@ install_packages() {
       "${missing[@]}"; } >&2
 }
 
-# build PRESET [TARGET…]: quiet unless it fails.
+# build PRESET [TARGET…]: prints nothing unless it fails.
 build() {
   local preset=$1 log=$root/build/$1.log
   shift
@@ -55,13 +55,13 @@ build() {
   fi
 }
 
-# A Wine prefix of the build's own; made once.
+# A Wine prefix for this build only; created once.
 use_wine() {
   export WINEDEBUG=-all WINEPREFIX=$root/build/windows/wineprefix
-  # No prompts for optional components, and no debugger: under it a crash ends now and then with 0.
+  # No prompts for optional components, and no debugger: with it a crash sometimes ends with status 0.
   export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
   [ -f "$WINEPREFIX/system.reg" ] && return
-  mkdir -p "$WINEPREFIX"  # Wine makes no folder above it
+  mkdir -p "$WINEPREFIX"  # Wine does not create parent folders
   local log=$root/build/wineboot.log
   if ! wine wineboot -i >"$log" 2>&1; then
     cat "$log" >&2

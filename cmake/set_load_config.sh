@@ -1,8 +1,8 @@
 #!/bin/sh
-# set_load_config.sh DLL OBJDUMP NM SIZE: enters the DLL's load configuration, the symbol
-# _load_config_used that nobody exports, into its header. The linker writes the header itself, where no
-# object file and no section of a linker script reaches; GNU ld 2.40 fills the directories that it
-# knows, of which this is none, and objcopy has no option for one. So the bytes are written here.
+# set_load_config.sh DLL OBJDUMP NM SIZE: enters the DLL's load configuration, the unexported symbol
+# _load_config_used, into its header. The linker writes the header itself, out of reach of object files
+# and linker scripts. GNU ld 2.40 fills only the directories that it knows, which do not include this
+# one, and objcopy has no option for it. So the bytes are written here.
 set -eu
 dll=$1
 objdump=$2
@@ -18,7 +18,7 @@ little() { # VALUE: four bytes as printf escapes
   printf '\\%03o\\%03o\\%03o\\%03o' $(($1 & 255)) $(($1 >> 8 & 255)) $(($1 >> 16 & 255)) $(($1 >> 24 & 255))
 }
 
-# The header's place stands at 0x3C; the eleventh data directory lies 24 + 112 + 80 bytes behind it.
+# The offset of the header is at 0x3C; the eleventh data directory is 24 + 112 + 80 bytes after it.
 header=$(od -An -tu4 -j60 -N4 "$dll" | tr -d ' ')
 printf "$(little $relative)$(little $(($4)))" |
   dd of="$dll" bs=1 seek=$((header + 216)) conv=notrunc status=none

@@ -1,8 +1,8 @@
-# cmake -DSOURCE=… -DBINARIES=… -DREMOVAL=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…]
-# -P make_package.cmake: stages the package's files and makes of them, in OUTPUT, the archive, the archive of the debug
-# symbols and the installer. The same files give the same archives: fixed order, fixed times, fixed
-# modes. SIGN is a list of osslsigncode's options that name certificate and key; the provider, the
-# host, the simulated libraries and the installer are signed with them.
+# cmake -DSOURCE=… -DBINARIES=… -DREMOVAL=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P
+# make_package.cmake: stages the package's files and builds from them, in OUTPUT, the archive, the
+# archive of the debug symbols and the installer. The same files give the same archives: fixed order,
+# fixed times, fixed modes. SIGN is a list of osslsigncode's options that name certificate and key; the
+# provider, the host, the simulated libraries and the installer are signed with them.
 
 set(name WiFiAdapterProvider-${VERSION})
 set(root ${STAGE}/${name})
@@ -30,7 +30,7 @@ function(pack folder)
   set(archive ${OUTPUT}/${folder}.zip)
   file(REMOVE ${archive})
   run(${CMAKE_COMMAND} -E env TZ=UTC touch -d 2026-01-01T00:00:00 ${files})
-  # Without the extra fields, which hold the times of access.
+  # Without the extra fields, which contain access times.
   run(${CMAKE_COMMAND} -E env TZ=UTC zip -X -D -q ${archive} ${files})
   message(STATUS "Package: ${folder}.zip")
 endfunction()
@@ -44,7 +44,7 @@ file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
 put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/fleet-guide.md
     ${SOURCE}/docs/classes.md
     ${SOURCE}/docs/result-codes.md ${SOURCE}/docs/scenarios.md ${SOURCE}/docs/wmihost.md)
-# Never beside the product: a simulated adapter must not be taken for a real one.
+# Never next to the product: a simulated adapter must not be taken for a real one.
 put(${root}/simulator ${BINARIES}/QuarnApi.dll ${BINARIES}/TolvaApi.dll)
 file(GLOB scenarios ${SOURCE}/simulator/scenarios/*.json)
 put(${root}/scenarios ${scenarios})
@@ -58,7 +58,7 @@ foreach(file WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll)
 endforeach()
 pack(${name}-symbols)
 
-# Each version is a product of its own that replaces the ones before it.
+# Each version is a separate product that replaces the earlier ones.
 string(UUID product NAMESPACE 0e0a9f2c-6c1b-4b0b-9b5b-6c4e1f6a9d37 NAME ${VERSION} TYPE SHA1 UPPER)
 set(installer ${OUTPUT}/${name}.msi)
 execute_process(
@@ -66,9 +66,8 @@ execute_process(
           ${SOURCE}/package/installer.wxs
   COMMAND_ERROR_IS_FATAL ANY
   WORKING_DIRECTORY ${root})
-# What wixl leaves out: that the Undo… actions run on a failure only, that the two options reach them,
-# and the versions of the two files that have one, without which an installer keeps whatever file of
-# any version it finds.
+# Sets what wixl leaves out: the Undo… actions run only after a failure, the two options reach them, and
+# two files get their versions. Without a version an installer keeps a file of any version that it finds.
 set(rollback 3442)  # a program named by a property; ignore its status; in the script, on rollback, as the system
 run(msibuild ${installer} -q
     "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoCompileSchema'")
