@@ -6,14 +6,14 @@
 
 namespace platform {
 
-/// A to Z as a to z, every other character of any width as it is.
+/// Lower-cases A to Z; every other character is returned unchanged. Works for any character type.
 template <class Character>
 constexpr Character AsciiLower(Character character) {
   return character >= 'A' && character <= 'Z' ? static_cast<Character>(character + ('a' - 'A'))
                                               : character;
 }
 
-/// Whether two texts are the same, ignoring the case of A to Z.
+/// Whether two texts are equal when the case of A to Z is ignored.
 template <class Character>
 constexpr bool SameIgnoringAsciiCase(
     std::basic_string_view<Character> left,
@@ -26,7 +26,7 @@ constexpr bool SameIgnoringAsciiCase(std::string_view left, std::string_view rig
   return SameIgnoringAsciiCase<char>(left, right);
 }
 
-/// The value of a hexadecimal digit of either case, -1 of every other character.
+/// The value of a hexadecimal digit of either case; -1 for any other character.
 template <class Character>
 constexpr int HexDigit(Character character) {
   if (character >= '0' && character <= '9') return character - '0';

@@ -12,7 +12,7 @@ namespace platform {
 using OleString = std::basic_string<OLECHAR>;
 using OleStringView = std::basic_string_view<OLECHAR>;
 
-/// The characters of a text that may be missing; a missing one is empty.
+/// The characters of `text`; empty if it is null.
 inline OleStringView ViewOf(const OLECHAR* text) {
   return text == nullptr ? OleStringView() : OleStringView(text);
 }
@@ -25,13 +25,17 @@ inline void SetTextLength(BSTR text, UINT length) noexcept {
   text[length] = OLECHAR{};
 }
 
-/// Owns a BSTR. Holds none after a failed allocation.
+/// Owns a BSTR. Is null after a failed allocation; check with `if (text)`.
+///
+///     Bstr path;
+///     if (FAILED(QueryPathOfRegTypeLib(kTypeLibrary, 1, 0, locale, path.put()))) return S_OK;
+///     Print(path.view());  // freed at the end of the scope
 class Bstr {
  public:
   Bstr() noexcept = default;
   explicit Bstr(OleStringView text) noexcept
       : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-  /// A text of `length` characters that are still to be written.
+  /// Allocates `length` characters, which the caller must then write.
   static Bstr OfLength(UINT length) noexcept {
     Bstr text;
     text.text_ = SysAllocStringLen(nullptr, length);
@@ -53,7 +57,7 @@ class Bstr {
     return text_ == nullptr ? OleStringView() : OleStringView(text_, SysStringLen(text_));
   }
   explicit operator bool() const noexcept { return text_ != nullptr; }
-  /// The place for an out-parameter; frees what was held.
+  /// The address to pass as an out-parameter. Frees the old text first.
   BSTR* put() noexcept {
     SysFreeString(release());
     return &text_;

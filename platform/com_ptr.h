@@ -6,14 +6,18 @@
 
 namespace platform {
 
-/// Owns one reference to a COM object. What the object raises while it is counted stays here: there
-/// is nothing left to do with it.
+/// Owns one reference to a COM object. Exceptions from AddRef and Release are swallowed, because
+/// the caller could do nothing about them.
+///
+///     ComPtr<IWbemClassObject> instance;
+///     IWbemClassObject** place = instance.put();  // outside the fence, as it may call Release
+///     const HRESULT result = CallFenced([&] { return definition.SpawnInstance(0, place); });
 template <class Interface>
 class ComPtr {
  public:
   ComPtr() noexcept = default;
   ComPtr(std::nullptr_t) noexcept {}
-  /// Shares `object`: takes a reference of its own.
+  /// Shares `object`: adds a reference.
   explicit ComPtr(Interface* object) noexcept : object_(object) {
     if (object_ != nullptr) Survives([this] { object_->AddRef(); });
   }
@@ -25,7 +29,7 @@ class ComPtr {
     return *this;
   }
 
-  /// Takes over the reference that comes with `object`.
+  /// Takes over the caller's reference: adds none.
   static ComPtr Adopt(Interface* object) noexcept {
     ComPtr owner;
     owner.object_ = object;
@@ -36,7 +40,7 @@ class ComPtr {
   Interface* operator->() const noexcept { return object_; }
   explicit operator bool() const noexcept { return object_ != nullptr; }
 
-  /// The place for an out-parameter; releases what was held.
+  /// The address to pass as an out-parameter. Releases the old object first.
   Interface** put() noexcept {
     reset();
     return &object_;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// Declares a text that embed_text() compiled in, and gives it as SYMBOL().
+/// Declares `embedded::SYMBOL()`, which returns a text that embed_text() of CMake compiled in.
 #define EMBEDDED_TEXT(symbol) \
   namespace embedded {        \
   std::string_view symbol();  \

@@ -8,7 +8,7 @@ std::optional<std::string> EnvironmentText(const char* name) {
   std::wstring value;
   DWORD size = GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
   if (size == 0) return std::nullopt;
-  // Another thread may make the value longer in between; then the answer is the new size.
+  // Another thread may make the value longer between the calls; the call then returns the new size.
   while (size > value.size()) {
     value.resize(size);
     size = GetEnvironmentVariableW(wideName.c_str(), value.data(), size);

@@ -1,6 +1,10 @@
 #pragma once
-// Reading memory that a library owns: it may be missing, end early, or not be there at all. Where
-// the platform has no structured exceptions, only a missing address is noticed.
+// Reads memory that a library owns: the address may be null or invalid, the block may be too short.
+// Where the platform has no structured exceptions, only a null address is noticed.
+//
+//     Entry entry;
+//     std::int32_t index = 0;
+//     for (; ReadListEntry(list, index, entry) == ListStep::kEntry; ++index) Deliver(entry);
 
 #include <cstring>
 #include <type_traits>
@@ -9,7 +13,7 @@
 
 namespace platform {
 
-/// Copies one record from `theirs`; false if it cannot be read.
+/// Copies one record from `theirs`. Returns false if it cannot be read.
 template <class Record>
 bool CopyForeign(const void* theirs, Record& ours) noexcept {
   static_assert(std::is_trivially_copyable_v<Record>);
@@ -18,8 +22,9 @@ bool CopyForeign(const void* theirs, Record& ours) noexcept {
 
 enum class ListStep { kEntry, kEnd, kUnreadable };
 
-/// Copies the entry at `index` of a list: a count, then as many entries without gaps. The count is
-/// read anew at every step, as the list belongs to its library; a missing list cannot be read.
+/// Copies the entry at `index` of a list. A list is a count, followed by that many entries without
+/// gaps. The count is read again at every step, because the library owns the list and may change
+/// it. A null list is unreadable.
 template <class Count, class Entry>
 ListStep ReadListEntry(const void* list, Count index, Entry& entry) noexcept {
   Count count = 0;

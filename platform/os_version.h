@@ -12,7 +12,7 @@ struct OsVersion {
   bool IsNt() const { return platformId == VER_PLATFORM_WIN32_NT; }
 };
 
-/// What the platform's version query answers now; all zero if it fails.
+/// What GetVersionExA answers now; all zero if it fails.
 inline OsVersion QueryOsVersion() {
   OSVERSIONINFOA info = {};
   info.dwOSVersionInfoSize = sizeof(info);

@@ -1,6 +1,6 @@
 #pragma once
-// The Windows interfaces that the product uses: the platform's own on Windows, the native layer's
-// elsewhere. Everything above this folder includes this header and never the platform's own.
+// The Windows interfaces that the product uses: from the system headers on Windows, from the native
+// layer elsewhere. All other folders include this header, never the system headers themselves.
 
 #ifdef _WIN32
 #ifndef NOMINMAX

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// Owns an open registry key. Results are the registry's own error codes, 0 for success.
+/// Owns an open registry key. Results are the error codes of the system, 0 for success.
 class RegistryKey {
  public:
   RegistryKey() noexcept = default;
@@ -33,13 +33,13 @@ class RegistryKey {
   LSTATUS Open(HKEY parent, const char* ansiName, REGSAM access) {
     return RegOpenKeyExA(parent, ansiName, 0, access, put());
   }
-  /// Writes a text value; an empty name means the key's default value.
+  /// Writes a text value. An empty name means the default value of the key.
   LSTATUS SetText(const OleString& name, const OleString& text) {
     return RegSetValueExW(key_, name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
                           reinterpret_cast<const BYTE*>(text.c_str()),
                           static_cast<DWORD>((text.size() + 1) * sizeof(OLECHAR)));
   }
-  /// The text of a value, none if there is none or it is no text.
+  /// The text of a value; nullopt if there is no such value or its type is not REG_SZ.
   std::optional<OleString> Text(const OleString& name) const {
     DWORD type = 0;
     DWORD size = 0;
@@ -58,7 +58,8 @@ class RegistryKey {
     return RegSetValueExW(key_, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
                           sizeof(number));
   }
-  /// The four bytes of a number or of binary data, lowest first; none for anything else.
+  /// A REG_DWORD, or a REG_BINARY of four bytes read in little-endian order; nullopt for anything
+  /// else.
   std::optional<DWORD> Number(const char* ansiName) const {
     DWORD number = 0;
     DWORD size = sizeof(number);

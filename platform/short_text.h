@@ -9,8 +9,10 @@
 
 namespace platform {
 
-/// A narrow text of at most `Room` characters, put together in place: it needs no memory, follows
-/// no locale, and the compiler knows the type of each part. What goes beyond the room is cut off.
+/// A narrow text of at most `Room` characters, built in place: no heap, no locale, and every part
+/// is type-checked. Characters beyond `Room` are cut off.
+///
+///     ShortText<32>().Add("Number of Adapter:").Decimal(2).c_str()  // "Number of Adapter:2"
 template <std::size_t Room>
 class ShortText {
  public:
@@ -20,7 +22,7 @@ class ShortText {
     size_ += added;
     return *this;
   }
-  /// A wide text of ASCII characters.
+  /// Adds a wide text, which must be ASCII.
   template <class Character>
   ShortText& Ascii(const Character* text) {
     for (; *text != 0; ++text) {
@@ -33,14 +35,14 @@ class ShortText {
     size_ = EndOf(std::to_chars(text_ + size_, text_ + Room, number));
     return *this;
   }
-  /// Upper-case hexadecimal, of that many digits.
+  /// Adds `number` in upper-case hexadecimal, with exactly `digits` digits.
   ShortText& Hex(std::uint32_t number, int digits) {
     for (int digit = digits - 1; digit >= 0; --digit) {
       Add({&"0123456789ABCDEF"[number >> 4 * digit & 0xF], 1});
     }
     return *this;
   }
-  /// Decimal, of one digit behind the point.
+  /// Adds `number` in decimal with one digit after the point.
   ShortText& Tenths(double number) {
     size_ = EndOf(std::to_chars(text_ + size_, text_ + Room, number, std::chars_format::fixed, 1));
     return *this;

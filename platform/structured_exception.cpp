@@ -30,7 +30,7 @@ namespace {
 struct FencedStep {
   void (*step)(void*);
   void* argument;
-  std::exception_ptr* thrown;  ///< where a C++ exception goes; nowhere if none
+  std::exception_ptr* thrown;  ///< receives a C++ exception; null: the exception is dropped
   bool finished = false;
 };
 
@@ -46,13 +46,13 @@ void RunInner(FencedStep* fenced) noexcept {
 
 #ifdef __GNUC__
 
-// The filter: named in the assembly of __try1, so with a plain name.
+// The exception filter. __try1 names it in assembly, so its name must not be decorated.
 extern "C" LONG CALLBACK TakeStructuredException(EXCEPTION_POINTERS*) {
   return EXCEPTION_EXECUTE_HANDLER;
 }
 
-// The compiler does not know of the handler, which resumes behind the call: the frame must exist
-// as written, with nothing to destroy in it.
+// The compiler does not know that the handler resumes after the call. So the frame must exist as
+// written, and nothing in it may need a destructor.
 __attribute__((noinline, optimize("O0"))) bool RunOuter(FencedStep* fenced) {
   volatile bool finished = false;
   __try1(TakeStructuredException);

@@ -1,10 +1,16 @@
 #pragma once
 // The fence around code and memory that are not ours. On Windows they can raise structured
 // exceptions (an access violation, RaiseException, another compiler's C++ exception) that
-// `catch (...)` may not see and that skip destructors. The fence stops them at the call itself, so
-// that everything above needs only C++ rules. Elsewhere it knows C++ exceptions alone.
+// `catch (...)` may not see and that skip destructors. The fence catches them at the call itself,
+// so that all code above it needs only the rules of C++. Elsewhere it handles C++ exceptions only.
 //
-// What runs behind it must hold no object with a destructor while foreign code runs.
+// The code that calls foreign code inside the fence must hold no object with a destructor, because
+// a structured exception would skip it.
+//
+//     HRESULT result = E_FAIL;
+//     Survives([&] { result = instance->Put(name, 0, value, 0); });  // an exception leaves E_FAIL
+//     return CallFenced([&] { return sink->Indicate(1, &instance); });  // throws
+//     StructuredException
 
 #include <exception>
 #include <new>
@@ -15,26 +21,28 @@
 
 namespace platform {
 
-/// Stands for a structured exception that code which is not ours raised.
+/// Thrown in place of a structured exception that foreign code raised.
 class StructuredException : public std::exception {
  public:
   const char* what() const noexcept override { return "structured exception"; }
 };
 
-/// Runs step(argument). C++ exceptions pass through, structured ones become StructuredException.
+/// Runs step(argument). A C++ exception passes through; a structured exception is thrown again as
+/// StructuredException.
 void RunFenced(void (*step)(void*), void* argument);
-/// Runs step(argument); whether it ended without an exception of any kind. Needs no memory.
+/// Runs step(argument). Returns whether it ended without an exception of either kind. Allocates
+/// nothing.
 bool Survives(void (*step)(void*), void* argument) noexcept;
 
-/// Runs `call` behind the fence; whether it ended without an exception of any kind.
+/// Runs `call` inside the fence. Returns whether it ended without an exception of either kind.
 template <class Call>
 bool Survives(Call&& call) noexcept {
   return Survives(
       [](void* argument) { (*static_cast<std::remove_reference_t<Call>*>(argument))(); }, &call);
 }
 
-/// Runs `call` behind the fence and returns what it returns; throws StructuredException, or what
-/// the call throws.
+/// Runs `call` inside the fence and returns its result. Throws StructuredException, or what `call`
+/// throws.
 template <class Call>
 auto CallFenced(Call&& call) -> decltype(call()) {
   using Result = decltype(call());
@@ -56,8 +64,8 @@ auto CallFenced(Call&& call) -> decltype(call()) {
   }
 }
 
-/// The last fence of an entry point: what `steps` (to HRESULT) answer, E_OUTOFMEMORY without
-/// memory, E_UNEXPECTED after every other exception.
+/// The outermost fence of an entry point. Returns the HRESULT of `steps`, E_OUTOFMEMORY after
+/// std::bad_alloc, E_UNEXPECTED after any other exception.
 template <class Steps>
 HRESULT AnswerFenced(Steps&& steps) noexcept {
   try {

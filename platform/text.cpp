@@ -16,7 +16,8 @@ std::string Narrow(UINT codePage, OleStringView text) {
   return narrow;
 }
 
-/// How many wide characters the text is; `wide` has room for as many as it has bytes.
+/// Converts `text` and returns the number of wide characters. `wide` must have room for one
+/// character per byte of `text`.
 UINT WidenInto(UINT codePage, std::string_view text, OLECHAR* wide) noexcept {
   const int length = static_cast<int>(text.size());
   if (length == 0) return 0;
@@ -24,7 +25,7 @@ UINT WidenInto(UINT codePage, std::string_view text, OLECHAR* wide) noexcept {
 }
 
 OleString Widen(UINT codePage, std::string_view text) {
-  // No text has more wide characters than bytes.
+  // A text never has more wide characters than bytes.
   OleString wide(text.size(), OLECHAR{});
   wide.resize(WidenInto(codePage, text, wide.data()));
   return wide;
@@ -39,7 +40,7 @@ OleString WideText(std::string_view ansi) {
   return Widen(CP_ACP, ansi);
 }
 std::size_t WidenAnsi(std::string_view ansi, OLECHAR* wide) noexcept {
-  // No converter needs to be asked about ASCII, which goes by eight characters and then by one.
+  // ASCII is copied without the converter: eight characters at a time, then the rest one by one.
   std::size_t ascii = 0;
   for (std::uint64_t eight; ascii + sizeof(eight) <= ansi.size(); ascii += sizeof(eight)) {
     std::memcpy(&eight, ansi.data() + ascii, sizeof(eight));
@@ -55,7 +56,7 @@ Bstr AnsiBstr(std::string_view ansi) noexcept {
   Bstr wide = Bstr::OfLength(static_cast<UINT>(ansi.size()));
   if (!wide) return wide;
   const std::size_t length = WidenAnsi(ansi, wide.get());
-  // Only where characters have several bytes is the text shorter than its room.
+  // The text is shorter than its buffer only if some characters have several bytes.
   return length == ansi.size() ? std::move(wide) : Bstr(OleStringView(wide.get(), length));
 }
 std::string Utf8Text(OleStringView text) {

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-/// IWbemServices, over `Base`, with every operation refused: what a class serves, it overrides.
-/// They answer `kAnswer` and touch no argument, unless `kClearsResults` asks for null as the
-/// result.
+/// IWbemServices on top of `Base`, with every operation refused: it returns `kAnswer` and touches
+/// no argument. With `kClearsResults` it also sets the out-parameter to null. A derived class
+/// overrides the operations that it serves.
 template <class Base, HRESULT kAnswer, bool kClearsResults = false>
 class UnservedServices : public Base {
  public:

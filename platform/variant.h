@@ -10,8 +10,8 @@
 
 namespace platform {
 
-/// Owns a VARIANT and what it holds. Objects that a client's value holds are called behind the
-/// fence.
+/// Owns a VARIANT and its value. A client's value may hold an object, so it is cleared and
+/// converted inside the fence.
 class Variant {
  public:
   Variant() noexcept = default;
@@ -23,15 +23,15 @@ class Variant {
     return *this;
   }
 
-  /// A text. One that cannot be allocated gives VT_ERROR with E_OUTOFMEMORY.
+  /// A VT_BSTR. Out of memory: VT_ERROR with E_OUTOFMEMORY.
   static Variant Text(OleStringView text);
-  /// Takes over the text; VT_ERROR with E_OUTOFMEMORY if it holds none.
+  /// Takes over the text. A null text (a failed allocation) gives VT_ERROR with E_OUTOFMEMORY.
   static Variant Owning(Bstr text) noexcept;
-  /// An ANSI text as VT_BSTR; VT_ERROR with E_OUTOFMEMORY if it cannot be allocated.
+  /// A VT_BSTR from an ANSI text. Out of memory: VT_ERROR with E_OUTOFMEMORY.
   static Variant AnsiText(std::string_view text);
-  /// A VT_BSTR that holds no text.
+  /// A VT_BSTR whose text is null.
   static Variant NoText() noexcept;
-  /// What `make` gives; VT_ERROR with E_OUTOFMEMORY if it finds no memory.
+  /// The result of `make`. If it throws std::bad_alloc: VT_ERROR with E_OUTOFMEMORY.
   template <class Make>
   static Variant OrOutOfMemory(Make&& make) {
     try {
@@ -43,34 +43,35 @@ class Variant {
   static Variant Boolean(bool value) noexcept;
   static Variant Integer(LONG value) noexcept;
   static Variant Error(HRESULT code) noexcept;
-  /// Takes over the array; VT_ARRAY of its element type.
+  /// A VT_ARRAY of `elementType`. Takes over the array.
   static Variant Array(SafeArray array, VARTYPE elementType) noexcept;
-  /// A copy; one that fails gives VT_ERROR with the failure's code.
+  /// A copy. If VariantCopy fails: VT_ERROR with its result code.
   static Variant CopyOf(const VARIANT& value) noexcept;
 
   VARTYPE type() const noexcept { return value_.vt; }
-  /// The text of a VT_BSTR, none for every other type.
+  /// The text of a VT_BSTR, null for every other type.
   BSTR text() const noexcept { return value_.vt == VT_BSTR ? value_.bstrVal : nullptr; }
   const VARIANT& get() const noexcept { return value_; }
-  /// For platform calls that take a VARIANT in place; the owner stays this object.
+  /// For platform calls that take a VARIANT*. This object remains the owner.
   VARIANT* in_place() noexcept { return &value_; }
-  /// The place for an out-parameter; clears what was held.
+  /// The address to pass as an out-parameter. Clears the old value first.
   VARIANT* put() noexcept {
     Clear();
     return &value_;
   }
-  /// Converts in place, as VariantChangeType does; after a failure the old value stays.
+  /// Converts in place, as VariantChangeType does. After a failure the old value is kept.
   HRESULT ChangeType(VARTYPE type) noexcept {
-    HRESULT result = DISP_E_TYPEMISMATCH;  // of an object that raises when it is asked
+    HRESULT result = DISP_E_TYPEMISMATCH;  // for an object that raises an exception when asked
     Survives([&] { result = VariantChangeType(&value_, &value_, 0, type); });
     return result;
   }
 
  private:
-  /// The platform is asked only where there is something to free: values are made and moved often.
+  /// Calls VariantClear only if there is something to free, because values are made and moved
+  /// often.
   void Clear() noexcept {
     if (value_.vt != VT_EMPTY && value_.vt != VT_I4 && value_.vt != VT_BOOL) {
-      // An object that raises when it is released is gone all the same.
+      // An object that raises an exception in Release counts as released.
       Survives([this] { VariantClear(&value_); });
     }
     value_.vt = VT_EMPTY;

@@ -1,6 +1,6 @@
 #pragma once
-// What tests and the host set of the platform around the provider; the provider itself uses none of
-// it. Paths are UTF-8.
+// What tests and the host change in the platform around the provider. The provider itself uses none
+// of it. Paths are UTF-8.
 
 #include <string>
 
@@ -8,15 +8,14 @@
 
 namespace platform {
 
-/// Lets the version query of `module` (null: of this program) answer NT `major`.`minor` from now
-/// on.
+/// From now on GetVersionExA answers NT `major`.`minor` to `module` (null: to this program).
 void SetOsVersion(HMODULE module, DWORD major, DWORD minor);
 
-/// Keeps the registry in a file from now on; false where the system has its own, or if the file
-/// cannot be used.
+/// From now on the registry is kept in `file`. Returns false if the system has a registry of its
+/// own, or if the file cannot be used.
 bool KeepRegistryIn(const std::string& file);
 
-/// While it lives, HKEY_LOCAL_MACHINE of this process is an empty key of its own.
+/// While the object lives, HKEY_LOCAL_MACHINE of this process is an empty private key.
 class PrivateLocalMachine {
  public:
   PrivateLocalMachine();
@@ -25,7 +24,7 @@ class PrivateLocalMachine {
   ~PrivateLocalMachine();
 };
 
-/// While it lives, this thread may call COM objects of the apartment threading model.
+/// While the object lives, this thread is in a single-threaded apartment and may call COM objects.
 class Apartment {
  public:
   Apartment();

@@ -11,7 +11,7 @@ bool KeepRegistryIn(const std::string& file) {
   return native::KeepRegistryIn(file);
 }
 
-// The registry lives in memory and starts empty.
+// The registry is in memory and starts empty.
 PrivateLocalMachine::PrivateLocalMachine() {
   native::ClearRegistry();
 }

@@ -45,7 +45,7 @@ PrivateLocalMachine::PrivateLocalMachine() {
 PrivateLocalMachine::~PrivateLocalMachine() {
   RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
   RegDeleteTreeW(HKEY_CURRENT_USER, ScratchKey().c_str());
-  RegDeleteKeyW(HKEY_CURRENT_USER, kScratchFolder);  // stays while another host uses it
+  RegDeleteKeyW(HKEY_CURRENT_USER, kScratchFolder);  // fails while another host has a key in it
 }
 
 Apartment::Apartment() {

@@ -1,5 +1,5 @@
 #pragma once
-// The addresses through which a loaded module calls what it imports. For tests and the host alone.
+// The import address table of a loaded module. Only tests and the host use it.
 
 #include <cstddef>
 #include <cstring>
@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// From which libraries a module imports, mapped alone or loaded: up to a row without a name, whose
-/// offsets count from the module's start.
+/// The import descriptors of a module, which may be loaded or only mapped. The last row has no
+/// name. Their offsets are relative to the start of the module.
 inline const IMAGE_IMPORT_DESCRIPTOR* ImportsOf(HMODULE module) {
   static constexpr IMAGE_IMPORT_DESCRIPTOR kNone = {};
   const auto* base = reinterpret_cast<const std::byte*>(module);
@@ -20,8 +20,9 @@ inline const IMAGE_IMPORT_DESCRIPTOR* ImportsOf(HMODULE module) {
   return place == 0 ? &kNone : reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + place);
 }
 
-/// The module's slot for an imported function, by name or, as MAKEINTRESOURCEA(n), by ordinal; null
-/// if it imports none such. Without a library, of whichever. Without a module, of this program.
+/// The slot of an imported function in the module's import address table; null if the module does
+/// not import it. `function` is a name or, as MAKEINTRESOURCEA(n), an ordinal. A null `library`
+/// matches every library; a null `module` means this program.
 inline ULONGLONG* ImportSlot(HMODULE module, const char* library, const char* function) {
   if (module == nullptr) module = GetModuleHandleW(nullptr);
   auto* base = reinterpret_cast<std::byte*>(module);
@@ -51,7 +52,7 @@ inline ULONGLONG* ImportSlot(HMODULE module, const char* library, const char* fu
   return nullptr;
 }
 
-/// Lets the module call `replacement` instead; false if it imports no such function.
+/// Makes the module call `replacement` instead. Returns false if it does not import the function.
 template <class Function>
 bool ReplaceImport(HMODULE module, const char* library, const char* function,
                    Function* replacement) {

@@ -2,8 +2,9 @@
 
 namespace platform {
 
-/// The characters of bytes 0x80 to 0x9F of code page 1252; five bytes without one stand for the
-/// control characters of their own numbers. Every other byte is the character of its number.
+/// The characters of bytes 0x80 to 0x9F in code page 1252. The five unassigned bytes map to the
+/// control characters of the same numbers. Every other byte maps to the character of the same
+/// number.
 inline constexpr char16_t kCodePage1252Controls[32] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

@@ -1,7 +1,7 @@
 #pragma once
-// The management service's codes as signed results: the platform's headers hold them in unsigned
-// enumerations, which neither compare with nor narrow to a result. A macro does not expand again
-// inside itself, so each line still reaches the enumeration.
+// The result codes of the management service as HRESULT. The system headers declare them in
+// unsigned enumerations, which neither compare with an HRESULT nor narrow to it. A macro does not
+// expand again inside itself, so each line still refers to the enumerator.
 
 #include <wbemcli.h>
 
