@@ -3,6 +3,7 @@
 # folders that it may include besides its own; tests, benchmarks and fuzzers are not checked.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. cmake/source_files.sh
 
 floors='
 platform/tables
@@ -31,7 +32,7 @@ host/terminal          platform scenario host/mof host/os host/service host/quer
 host/cli               platform platform/control scenario host/mof host/os host/service host/query host/format host/model host/report host/terminal
 '
 
-git ls-files -co --exclude-standard -- '*.h' '*.cpp' '*.inc' |
+source_files '*.h' '*.cpp' '*.inc' |
   grep -vE '^(tests|bench|fuzz)/' |
   xargs grep -nE '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' |
   awk -F: -v floors="$floors" '

@@ -3,6 +3,7 @@
 # unity builds, so that it reads each header once.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. cmake/source_files.sh
 build=build/lint
 mkdir -p "$build"
 log=$build/configure.log
@@ -18,7 +19,7 @@ xargs -P "$cores" -n 1 clang-tidy -p "$build" --quiet <<<"$units" 2>"$build/clan
 [ "$failed" = 0 ] || grep -i error "$build/clang-tidy.log" >&2 || true
 
 # cppcheck needs no compiler of the platform: it sees the Windows sources too.
-sources=$(git ls-files -co --exclude-standard -- '*.cpp' | grep -vE '^(tests|bench|fuzz)/')
+sources=$(source_files '*.cpp' | grep -vE '^(tests|bench|fuzz)/')
 echo "cppcheck: $(wc -l <<<"$sources") sources"
 xargs cppcheck --quiet --std=c++20 --language=c++ --enable=warning,performance,portability \
   --inline-suppr -I. -j"$cores" --error-exitcode=1 <<<"$sources" || failed=1

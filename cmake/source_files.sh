@@ -1,0 +1,15 @@
+# For the checks, which source it. source_files PATTERN… prints the files of this folder whose names
+# match: in a checkout those that git knows or does not ignore, in an unpacked archive all outside
+# build/. No file at all is an error: a check that has seen none does not pass.
+source_files() {
+  local pattern names=()
+  for pattern in "$@"; do names+=(-o -name "$pattern"); done
+  if [ "$(git rev-parse --show-toplevel 2>/dev/null)" = "$(pwd -P)" ]; then
+    git ls-files -co --exclude-standard --deduplicate -- "$@"
+  else
+    find . -path ./build -prune -o -type f \( "${names[@]:1}" \) -printf '%P\n'
+  fi | while IFS= read -r file; do
+    # git also names what is deleted and not yet committed.
+    [ ! -f "$file" ] || printf '%s\n' "$file"
+  done | sort | grep . || { echo "$PWD has no file named $*" >&2 && return 1; }
+}
