@@ -87,6 +87,12 @@ class Terminal {
 class TerminalTest : public ::testing::Test {
  protected:
   void SetUp() override {
+    int master = -1;
+    int slave = -1;
+    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0)
+        << "no pseudo-terminal is to be had: is /dev/pts mounted?";
+    close(master);
+    close(slave);
     std::string folder = ::testing::TempDir() + "wmihost-XXXXXX";
     ASSERT_NE(mkdtemp(folder.data()), nullptr);
     state_ = folder;
