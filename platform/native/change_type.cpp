@@ -158,20 +158,38 @@ HRESULT StoreInteger(const Number& number, const IntegerRange& range, VARIANT* v
   return S_OK;
 }
 
+// 15 digits. A small number is written out while 15 decimals hold it, where a single digit counts
+// as two; else it has an exponent, as a large one has.
+std::string RealText(double real) {
+  constexpr int kDigits = 15;
+  const auto write = [real](std::chars_format format, int precision) {
+    char text[40];
+    return std::string(text, std::to_chars(text, text + sizeof text, real, format, precision).ptr);
+  };
+  std::string text = write(std::chars_format::general, kDigits);
+  const std::size_t exponent = text.find("e-");
+  if (exponent == std::string::npos) {
+    std::ranges::replace(text, 'e', 'E');
+    return text;
+  }
+  const auto digits = static_cast<int>(std::ranges::count_if(text.substr(0, exponent), IsDigit));
+  const int zeros = std::stoi(text.substr(exponent + 2));
+  if (zeros + std::max(digits, 2) - 1 <= kDigits) {
+    return write(std::chars_format::fixed, zeros + digits - 1);
+  }
+  text[exponent] = 'E';
+  return text;
+}
+
 HRESULT StoreText(const VARIANT& source, VARIANT* value) {
-  char text[40];
-  char* end = text;
+  std::string text;
   if (source.vt != VT_EMPTY) {
     Number number;
     const HRESULT result = NumberOf(source, &number);
     if (FAILED(result)) return result;
-    end = number.isReal ? std::to_chars(text, text + sizeof text, number.real + 0.0,
-                                        std::chars_format::general, 15)
-                              .ptr
-                        : std::to_chars(text, text + sizeof text, number.integer).ptr;
-    std::replace(text, end, 'e', 'E');
+    text = number.isReal ? RealText(number.real + 0.0) : std::to_string(number.integer);
   }
-  const std::u16string wide(text, end);
+  const std::u16string wide(text.begin(), text.end());
   value->bstrVal = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
   return value->bstrVal == nullptr ? E_OUTOFMEMORY : S_OK;
 }

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 #include "platform/environment.h"
 #include "platform/native/observe.h"
@@ -53,6 +55,32 @@ TEST(NativeAllocation, FailsAtEveryPointAndLosesNothing) {
   native::FailAllocation(0);
   EXPECT_EQ(9, points);
   EXPECT_EQ(before, native::LiveAllocations());
+}
+
+// Wine does so from version 9 on.
+TEST(NativeNumbers, AreWrittenOutWhileFifteenDecimalsHoldThem) {
+  const std::pair<double, const char16_t*> rows[] = {
+      {0.0005, u"0.0005"},
+      {1e-7, u"0.0000001"},
+      {-1e-7, u"-0.0000001"},
+      {5.6789e-11, u"0.000000000056789"},
+      {5.6789e-12, u"5.6789E-12"},
+      {1e-14, u"0.00000000000001"},
+      {1e-15, u"1E-15"},
+      {1.0 / 300000, u"3.33333333333333E-06"},
+      {1.25e-300, u"1.25E-300"},
+      {999999999999999.0, u"999999999999999"},
+      {1e15, u"1E+15"},
+      {-0.0, u"0"},
+  };
+  for (const auto& [number, text] : rows) {
+    Variant value;
+    VARIANT& raw = *value.put();
+    raw.vt = VT_R8;
+    raw.dblVal = number;
+    ASSERT_EQ(S_OK, value.ChangeType(VT_BSTR));
+    EXPECT_EQ(std::u16string_view(text), std::u16string_view(value.text()));
+  }
 }
 
 TEST(NativeImpersonation, CountsForEachThreadAndOpensItsToken) {

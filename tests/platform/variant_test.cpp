@@ -147,7 +147,7 @@ TEST(Variant, ChangesNumbers) {
       {VT_R8, 3.14, VT_BSTR, "'3.14'"},
       {VT_R8, 1.0 / 3, VT_BSTR, "'0.333333333333333'"},
       {VT_R8, 1e20, VT_BSTR, "'1E+20'"},
-      {VT_R8, 1e-7, VT_BSTR, "'1E-07'"},
+      {VT_R8, 5.6789e-12, VT_BSTR, "'5.6789E-12'"},
       {VT_BOOL, -1, VT_BSTR, "'-1'"},
       {VT_BOOL, 0, VT_BSTR, "'0'"},
       {VT_BOOL, -1, VT_I4, "I4 -1"},
