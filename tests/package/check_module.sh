@@ -7,7 +7,6 @@ source=$1
 binaries=$2
 tools=$3
 version=$4
-objdump=${tools}objdump
 ordinals=$source/tests/adapterapi/ordinals.txt
 names=$source/adapterapi/tolva_api.def
 module=$binaries/WiFiAdapterProvider.dll
@@ -19,20 +18,11 @@ same() { # WHAT EXPECTED FOUND
   failures=$((failures + 1))
 }
 words() { tr -s ' \n' ' ' | sed 's/^ //;s/ $//'; }
-headers() { "$objdump" -p "$1"; }
-imported() { headers "$1" | awk '/DLL Name:/ { print toupper($3) }' | sort | words; }
-exports() { # the names, or for nameless ones nothing
-  headers "$1" | awk '/\[Ordinal\/Name Pointer\] Table/ { on = 1; next } on && NF == 0 { on = 0 } on { print $NF }' | words
-}
-ordinals_from() { # FILE LIBRARY: what it imports of it, ordinals as decimal numbers, names as they are
-  headers "$1" | awk -v library="$2" '
-    /DLL Name:/ { on = ($3 == library); next }
-    NF == 0 { on = 0 }
-    on && NF == 4 && $1 != "vma:" { print $2, $3 }
-    on && NF == 3 { print $2, $3 }' |
-    while read -r number name; do
-      [ "$name" = "<none>" ] && printf '%d\n' "0x$number" || echo "$name"
-    done | sort -n | words
+tables() { perl "$source/tests/package/pe_tables.pl" "$1"; }
+imported() { tables "$1" | awk '$1 == "import" { print toupper($2) }' | sort -u | words; }
+exports() { tables "$1" | awk '$1 == "export" && NF == 3 { print $3 }' | sort | words; } # those with a name
+imports_from() { # FILE LIBRARY: what it imports of it, ordinals as numbers, names as they are
+  tables "$1" | awk -v library="$2" '$1 == "import" && $2 == library { sub("#", "", $3); print $3 }' | sort -n | words
 }
 
 listed=$(sed 's/ .*//' "$ordinals" | words)
@@ -41,32 +31,27 @@ same "exports of the module" "DllCanUnloadNow DllGetClassObject DllRegisterServe
 same "libraries that the module imports" \
   "ADVAPI32.DLL KERNEL32.DLL MSVCRT.DLL OLE32.DLL OLEAUT32.DLL QUARNAPI.DLL TOLVAAPI.DLL" \
   "$(imported "$module")"
-same "operations that the module imports" "$listed" "$(ordinals_from "$module" QuarnApi.dll)"
+same "operations that the module imports" "$listed" "$(imports_from "$module" QuarnApi.dll)"
 same "number of operations" 68 "$(echo "$listed" | wc -w)"
 same "names that QuarnApi exports" "SimulatorPlay SimulatorSet" "$(exports "$binaries/QuarnApi.dll")"
 same "ordinals that QuarnApi exports" "$listed 1001 1002" \
-  "$(headers "$binaries/QuarnApi.dll" | sed -n '/Export Address Table -- Ordinal Base/,/^$/p' |
-    sed -n 's/.*+base\[ *\([0-9]*\)\].*/\1/p' | sort -n | words)"
+  "$(tables "$binaries/QuarnApi.dll" | awk '$1 == "export" { print $2 }' | sort -n | words)"
 
 profile_names=$(sed -n 's/.* == "\(.*\)"/\1/p' "$names" | sort | words)
 same "profile library members that the module imports" "$profile_names" \
-  "$(ordinals_from "$module" TolvaApi.dll | tr ' ' '\n' | sort | words)"
+  "$(imports_from "$module" TolvaApi.dll | tr ' ' '\n' | sort | words)"
 same "profile library members and hooks that TolvaApi exports" \
   "$(printf '%s\n' $profile_names SimulatorPlay SimulatorSet | sort | words)" \
   "$(exports "$binaries/TolvaApi.dll" | tr ' ' '\n' | sort | words)"
 
 for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   same "protections of $file" "DYNAMIC_BASE HIGH_ENTROPY_VA NX_COMPAT" \
-    "$(headers "$binaries/$file" | grep -oE 'HIGH_ENTROPY_VA|DYNAMIC_BASE|NX_COMPAT' | sort | words)"
+    "$(tables "$binaries/$file" | sed -n 's/^protection //p' | words)"
   same "runtime beside $file" "" "$(imported "$binaries/$file" | grep -oiE 'LIB[A-Z0-9_+-]*\.DLL' | words)"
 done
 
 # The load configuration's flags: the module's folder (0x100) and the system's (0x800) only.
-configuration=$(headers "$module" | awk '/Load Configuration Directory/ { print $3 }')
-base=$(headers "$module" | awk '$1 == "ImageBase" { print $2 }')
-start=$(printf '0x%x' $((0x$base + 0x$configuration + 0x4E)))
-same "folders searched for imports" "0009" \
-  "$("$objdump" -s --start-address="$start" --stop-address=$((start + 2)) "$module" | tail -n 1 | awk '{ print $2 }')"
+same "folders searched for imports" 0900 "$(tables "$module" | sed -n 's/^searches //p')"
 
 resources=$(strings -e l "$module"; strings "$module")
 for text in REGISTRY TYPELIB 'val ThreadingModel = s' 'ForceRemove {3B14BAD6-C364-4576-8271-39B5850ABDA8}' \
