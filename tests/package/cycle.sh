@@ -34,7 +34,7 @@ for file in WiFiAdapterProvider.dll wmihost.exe wifi_adapter_provider.mof uninst
 done
 [ ! -e QuarnApi.dll ] || fail "a simulated library lies beside the product"
 
-wine wineboot -i >/dev/null 2>&1
+start_wine
 
 # Without the maker's libraries nothing is registered, and the exit status says so.
 if wine regsvr32 /s WiFiAdapterProvider.dll; then fail "registered without the maker's libraries"; fi

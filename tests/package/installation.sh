@@ -10,6 +10,13 @@ fail() {
   echo "$test: $*" >&2
   exit 1
 }
+# Wine's helper processes hold the output of the program that starts them, and go a minute after the
+# last program: they start here, without a pipe that the test's reader would wait for.
+start_wine() {
+  mkdir -p "$WINEPREFIX"
+  wineserver -p60
+  wine wineboot -i >"$work/wine.log" 2>&1 </dev/null || fail "Wine could not start: $(cat "$work/wine.log")"
+}
 windows_path() { wine winepath -w "$1" | tr -d '\r'; }
 registered() { # KEY: the registry's text of it, nothing when it is not there
   text=$(wine reg query "$1" /s 2>/dev/null) || return 0
@@ -52,6 +59,7 @@ expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: through COM they are th
   libraries=$2
   scenario=$3
   shift 3
+  export SOURCE_DATE_EPOCH=0 # a dump tells when it was made
   for command; do
     wine "$host" --registered --scenario "$scenario" --format json $command >by_class.txt ||
       fail "--registered $command answered $?"

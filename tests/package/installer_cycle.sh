@@ -71,7 +71,7 @@ for file in "$older" "$staged/WiFiAdapterProvider.dll" "$staged/wmihost.exe"; do
     fail "the signature of $file does not hold: $(tail -n 5 verify.log)"
 done
 
-wine wineboot -i >/dev/null 2>&1
+start_wine
 "${tools}gcc" -O1 "$source/tests/package/schema_compiler.c" -o "$system/wbem/mofcomp.exe"
 
 # Without the maker's libraries: the installer needs them no more than the module to load.
