@@ -8,6 +8,10 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 preset=native
 if [ "${1:-}" = --windows ]; then
   preset=windows
+  if reason=$(cannot_windows); then
+    echo "./run.sh: --windows: $reason" >&2
+    exit 1
+  fi
   shift
 fi
 [ $# -gt 0 ] ||

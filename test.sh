@@ -5,16 +5,20 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$root/cmake/prepare.sh"
 
 # One row per step, in the order in which they run: name, whether a plain ./test.sh runs it (+) or only
-# if it is named (-), Debian packages (parts of cmake/prepare.sh), description. Its commands are in the
-# function step_NAME.
+# if it is named (-), parts of the package table in cmake/prepare.sh, description. Its commands are in
+# the function step_NAME.
 steps='
 --mend    - native,format          format, and rebuild every generated document and expected output
 format    + format                 formatting of all C++ sources
-floors    + format                 no include of a higher floor
+floors    + none                   no include of a higher floor
 --lint    - native,lint            clang-tidy and cppcheck over all product sources
-native    - native,browser         the same without sanitizers, as ./run.sh builds
+scripts   - scripts                the package'"'"'s scripts parse, by a parser of the npm registry
+native    - native,browser         build natively as ./run.sh does, all tests
+no-unity  - native,browser         build natively with each source compiled alone, all tests
 sanitize  + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
 windows   + native,windows         build the Windows product, all tests under Wine
+fresh     - fresh                  both commands of the README on new machines of the Debian releases named after it
+                                   (bookworm and trixie)
 '
 step_--mend() {
   "$root/cmake/check_format.sh" --mend
@@ -29,48 +33,81 @@ step_--mend() {
 step_format() { "$root/cmake/check_format.sh"; }
 step_floors() { "$root/cmake/check_floors.sh"; }
 step_--lint() { "$root/cmake/check_lint.sh"; }
+step_scripts() { "$root/tests/package/scripts/check_scripts.sh" "$root/build" "$root"/package/*.ps1; }
 step_native() { test_preset native; }
+step_no-unity() { test_preset no-unity; }
 step_sanitize() { test_preset sanitize; }
-step_windows() {
-  use_wine
-  test_preset windows
-}
+step_windows() { test_preset windows; }
+step_fresh() { "$root/cmake/fresh_machine.sh" "${releases[@]}"; }
 
 test_preset() {
+  build_options=(-DCMAKE_COMPILE_WARNING_AS_ERROR=ON)
   build "$1"
-  (cd "$root" && ctest --preset "$1")
-}
-
-rows() { grep . <<<"$steps"; }
-rows_marked() { rows | sed -nE "s/^([^ ]+) +[$1] +[^ ]+ +/  \\1\t/p"; }
-usage() {
-  echo "usage: ./test.sh [STEP]…"
-  echo "Runs the steps that are named, else all of these, in this order, and stops at the first failure:"
-  rows_marked + | expand -t 14
-  echo "Only when named:"
-  rows_marked - | expand -t 14
-}
-
-for word in "$@"; do
-  case $word in -h | --help) usage && exit 0 ;; esac
-  if ! rows | awk -v word="$word" '$1 == word { found = 1 } END { exit !found }'; then
-    echo "./test.sh: there is no step '$word'" >&2
-    usage >&2
-    exit 2
+  [ "$1" != windows ] || use_wine
+  if [ "$times" = 1 ]; then
+    (cd "$root" && ctest --preset "$1")
+  else
+    "$root/cmake/repeat_tests.sh" "$1" "$times"
   fi
+}
+
+rows() { grep -E '^[^ ]' <<<"$steps"; }
+rows_marked() { # + or -: their names and descriptions, with continuation lines
+  awk -v mark="$1" '/^[^ ]/ { on = ($2 == mark) } on' <<<"$steps" | sed -E 's/^(.{10})..(.{23})/  \1/'
+}
+usage() {
+  echo "usage: ./test.sh [--repeat N] [STEP]…"
+  echo "Runs the steps that are named, else all of these, in this order, and stops at the first failure:"
+  rows_marked +
+  echo "Only when named:"
+  rows_marked -
+  echo "--repeat N runs the tests N times, in random order, with another load on the machine, and prints for each"
+  echo "how often it failed, and its fastest and slowest time."
+}
+refuse() {
+  echo "./test.sh: $1" >&2
+  usage >&2
+  exit 2
+}
+
+times=1 named=() releases=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    -h | --help) usage && exit 0 ;;
+    --repeat)
+      times=${2:-}
+      [[ $times =~ ^[1-9][0-9]*$ ]] || refuse "--repeat takes a number"
+      shift
+      ;;
+    *)
+      if rows | awk -v word="$1" '$1 == word { found = 1 } END { exit !found }'; then
+        named+=("$1")
+      elif [[ " ${named[*]} " = *" fresh "* ]]; then
+        releases+=("$1")
+      else
+        refuse "there is no step '$1'"
+      fi
+      ;;
+  esac
+  shift
 done
-chosen=() packages=()
-while read -r name marked parts _; do
-  case " $* " in
+chosen=() parts=()
+while read -r name marked of _; do
+  case " ${named[*]} " in
     "  ") [ "$marked" = + ] || continue ;;
     *" $name "*) ;;
     *) continue ;;
   esac
+  if declare -F "cannot_$name" >/dev/null && reason=$("cannot_$name"); then
+    echo "== $name is left out: $reason"
+    [ ${#named[@]} = 0 ] && continue
+    exit 1
+  fi
   chosen+=("$name")
-  packages+=(${parts//,/ })
+  parts+=(${of//,/ })
 done < <(rows)
 
-install_packages "${packages[@]}"
+install_packages "${parts[@]}"
 finish() {
   local code=$?
   [ "$code" = 0 ] || echo "== $step failed after $((SECONDS - started)) s" >&2
