@@ -61,8 +61,8 @@ usage() {
   rows_marked +
   echo "Only when named:"
   rows_marked -
-  echo "--repeat N runs the tests N times, in random order, with another load on the machine, and prints for each"
-  echo "how often it failed, and its fastest and slowest time."
+  echo "--repeat N runs the tests N times, in random order, with another load on the machine, and prints of"
+  echo "each how often it failed, and its fastest and slowest time."
 }
 refuse() {
   echo "./test.sh: $1" >&2
