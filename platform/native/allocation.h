@@ -1,11 +1,12 @@
 #pragma once
-// The one source of memory for texts and arrays, counted and made to fail as observe.h says.
+// All memory for texts and arrays comes from here. observe.h counts the blocks and makes
+// allocations fail.
 
 #include <cstddef>
 
 namespace native {
 
-/// A block, or none when memory is short or the failure of this allocation was asked for.
+/// A block; null if out of memory or if a test made this allocation fail.
 void* AllocateBlock(std::size_t size);
 void FreeBlock(void* block);
 

@@ -2,9 +2,9 @@
 // OLE automation values: BSTR, VARIANT and SAFEARRAY with the types that the product uses.
 //
 // Narrower than Windows: a VARIANT holds VT_EMPTY, VT_NULL, VT_I2, VT_I4, VT_R8, VT_BSTR, VT_ERROR,
-// VT_BOOL, VT_UNKNOWN, VT_UI1, VT_UI2, VT_UI4 or an array of those; VariantChangeType knows the
-// conversions among the scalar ones (texts in decimal or &H form to numbers and booleans); arrays
-// have one dimension.
+// VT_BOOL, VT_UNKNOWN, VT_UI1, VT_UI2, VT_UI4 or an array of one of these. VariantChangeType
+// converts between the scalar types (a text in decimal, &H or &O form to a number or boolean).
+// Arrays have one dimension.
 
 #include "platform/native/com.h"
 

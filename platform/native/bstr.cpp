@@ -52,8 +52,8 @@ int LiveAllocations() {
 
 namespace {
 
-// The text's length in bytes stands in the 4 bytes before it; the prefix is as long as it is to
-// keep the text aligned as malloc aligns.
+// The 4 bytes before the text hold its length in bytes. The prefix is 16 bytes long so that the
+// text keeps the alignment of malloc.
 constexpr std::size_t kPrefix = 16;
 constexpr UINT kMaxLength =
     (std::numeric_limits<UINT>::max() - kPrefix - sizeof(OLECHAR)) / sizeof(OLECHAR);

@@ -15,7 +15,7 @@ struct Number {
   double real = 0;
   LONGLONG integer = 0;
   bool isReal = false;
-  /// Bytes of the integers that take over the bits as they are, whatever their sign.
+  /// Integers of this size in bytes, signed or unsigned, take the bits unchanged.
   std::size_t sameBits = 0;
   bool isBoolean = false;
 };
@@ -31,7 +31,7 @@ bool IsDigit(char unit) {
   return unit >= '0' && unit <= '9';
 }
 
-// The text without outer blanks, none if it holds anything but ASCII.
+// The text without leading and trailing blanks; nullopt if it is not ASCII.
 std::optional<std::string> PlainText(BSTR text) {
   std::u16string_view view(text, SysStringLen(text));
   while (!view.empty() && IsBlank(view.front())) view.remove_prefix(1);
@@ -44,7 +44,8 @@ std::optional<std::string> PlainText(BSTR text) {
   return plain;
 }
 
-// "&H1F" and "&O17". A number of up to 16 or 32 bits stands for the signed integer of its bits.
+// Reads "&H1F" and "&O17". A number that fits in 16 bits, else one of 32, is taken as the bits of a
+// signed integer of that size.
 HRESULT ParseBits(std::string_view text, Number* number) {
   const char kind = text.size() < 2 ? '\0' : static_cast<char>(text[1] | 0x20);
   if (text.size() < 3 || (kind != 'h' && kind != 'o')) return DISP_E_TYPEMISMATCH;
@@ -57,7 +58,7 @@ HRESULT ParseBits(std::string_view text, Number* number) {
   return S_OK;
 }
 
-// Takes one sign off the front or the back of the text: 1 or -1, 0 if there is none.
+// Removes one sign from the front or the end of the text. Returns 1 or -1, 0 if there is no sign.
 int TakeSign(std::string_view* text) {
   const auto signOf = [](char unit) { return unit == '-' ? -1 : unit == '+' ? 1 : 0; };
   if (text->empty()) return 0;
@@ -79,7 +80,7 @@ HRESULT ParseDecimal(std::string_view text, Number* number) {
   const std::size_t grouped = digits.size();
   std::erase(digits, ',');
   digits.append(text.substr(grouped));
-  // The reader below would also take a sign of its own and the words for no number.
+  // std::from_chars would also accept a second sign and "inf" or "nan".
   if (digits.empty() || !(IsDigit(digits[0]) || digits[0] == '.')) return DISP_E_TYPEMISMATCH;
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -139,7 +140,7 @@ constexpr IntegerRange kIntegerRanges[] = {
     {VT_UI2, 0, 0xFFFF},      {VT_UI4, 0, 0xFFFFFFFFLL},
 };
 
-// Fractions round to the nearest integer, halves to the even one.
+// Fractions are rounded to the nearest integer, halves to the even one.
 HRESULT StoreInteger(const Number& number, const IntegerRange& range, VARIANT* value) {
   LONGLONG integer = number.integer;
   const std::size_t size = native::ElementSize(range.type);
@@ -194,7 +195,7 @@ HRESULT StoreText(const VARIANT& source, VARIANT* value) {
   return value->bstrVal == nullptr ? E_OUTOFMEMORY : S_OK;
 }
 
-// The words that a boolean may be written as.
+// Reads the words for a boolean; nullopt for any other value.
 std::optional<VARIANT_BOOL> BooleanWord(const VARIANT& source) {
   if (source.vt != VT_BSTR) return std::nullopt;
   const std::u16string_view text(source.bstrVal, SysStringLen(source.bstrVal));

@@ -22,7 +22,7 @@ constexpr OLECHAR WideOf(BYTE byte) {
   return byte >= 0x80 && byte < 0xA0 ? platform::kCodePage1252Controls[byte - 0x80] : byte;
 }
 
-// The byte of every character, exact or similar; 0 for those that have none.
+// The byte for each character, exact or best fit; 0 if it has neither.
 const std::array<BYTE, 0x10000>& ByteTable() {
   static const auto table = [] {
     std::array<BYTE, 0x10000> bytes{};
@@ -39,7 +39,7 @@ const std::array<BYTE, 0x10000>& ByteTable() {
   return table;
 }
 
-// Counts what is written, and writes as far as the caller's room goes.
+// Counts all units, and writes those that fit in the caller's buffer.
 template <class Unit>
 class Output {
  public:
@@ -50,7 +50,7 @@ class Output {
     ++count_;
   }
 
-  // The caller's answer: a size of 0 asks for the length only.
+  // The result for the caller. A size of 0 asks for the length only.
   int Finish() const {
     if (size_ != 0 && count_ > size_) {
       SetLastError(ERROR_INSUFFICIENT_BUFFER);
@@ -65,7 +65,7 @@ class Output {
   LONGLONG count_ = 0;
 };
 
-// The arguments that both directions check alike; a negative length takes in the terminator.
+// Checks the arguments of both directions. A negative length includes the terminator.
 template <class From, class To>
 bool CheckArguments(UINT codePage, const From* from, int fromLength, const To* to, int toLength,
                     std::basic_string_view<From>* input) {
@@ -82,8 +82,9 @@ bool CheckArguments(UINT codePage, const From* from, int fromLength, const To* t
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kInvalid = 0xFFFFFFFF;
 
-// Takes one character off the text. Of a broken sequence it takes the bytes up to and including
-// the one that makes the sequence impossible, but never a byte that may begin a character.
+// Removes one character from the text, which is not empty. From a broken sequence it removes the
+// bytes up to and including the one that makes it invalid, but never a byte that may begin a
+// character.
 char32_t TakeUtf8(std::string_view* text) {
   const auto next = [text] {
     const auto byte = static_cast<BYTE>(text->front());
@@ -106,7 +107,7 @@ char32_t TakeUtf8(std::string_view* text) {
   return character;
 }
 
-// Likewise; as there the text is not empty.
+// Removes one character from the text, which is not empty.
 char32_t TakeUtf16(std::u16string_view* text) {
   // cppcheck-suppress containerOutOfBounds
   const char32_t unit = text->front();

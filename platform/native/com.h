@@ -35,7 +35,7 @@ inline constexpr IID IID_IUnknown = {
 inline constexpr IID IID_IClassFactory = {
     0x00000001, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-// No virtual destructors: the tables of virtual functions hold exactly the interface's operations.
+// No virtual destructors: a vtable holds exactly the operations of its interface.
 struct IUnknown {
   virtual HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) = 0;
   virtual ULONG STDMETHODCALLTYPE AddRef() = 0;
@@ -53,7 +53,7 @@ struct IClassFactory : IUnknown {
   ~IClassFactory() = default;
 };
 
-// There is no client to impersonate: both calls succeed and only keep, for each thread, the counts
-// that platform/native/observe.h shows.
+// There is no client to impersonate. Both calls succeed; they only count, per thread, for
+// platform/native/observe.h.
 extern "C" HRESULT WINAPI CoImpersonateClient();
 extern "C" HRESULT WINAPI CoRevertToSelf();

@@ -4,7 +4,7 @@
 
 namespace native {
 
-/// The capital of a letter of code page 1252; every other code unit is its own.
+/// The upper-case form of a letter of code page 1252. Every other code unit is returned unchanged.
 constexpr OLECHAR Capital(OLECHAR unit) {
   if ((unit >= u'a' && unit <= u'z') || (unit >= 0xE0 && unit <= 0xFE && unit != 0xF7)) {
     return static_cast<OLECHAR>(unit - 0x20);

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Stands for the one module that is built in.
+// Its address is the handle of "userenv.dll", the only built-in module.
 const char userenvModule = 0;
 HMODULE UserenvModule() {
   return reinterpret_cast<HMODULE>(const_cast<char*>(&userenvModule));
@@ -24,8 +24,8 @@ std::string ProgramPath() {
   return path ? std::string(path.get()) : std::string();
 }
 
-// The file of a module that LoadLibraryA gave, or of the one that holds the address, which is what
-// DllMain is told.
+// The file of a module. The handle is what LoadLibraryA returned, or an address inside the module,
+// which is what DllMain receives.
 std::string PathOf(HMODULE module) {
   if (module == nullptr) return ProgramPath();
   if (module == UserenvModule()) return "userenv.dll";
@@ -88,7 +88,7 @@ DWORD GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size) {
   }
   const int length = MultiByteToWideChar(CP_UTF8, 0, file, -1, name, static_cast<int>(size));
   if (length != 0) return static_cast<DWORD>(length - 1);
-  // Too long: what fits, ended.
+  // Too long: truncated, with a terminator.
   name[size - 1] = u'\0';
   return size;
 }

@@ -1,4 +1,4 @@
-// Linked into each module: what the system's loader does with the entry point of a DLL.
+// Linked into each module. Calls DllMain as the loader of Windows does.
 
 #include "platform/native/system.h"
 
@@ -10,12 +10,12 @@ class ModuleEntry {
   ~ModuleEntry() { DllMain(Instance(), DLL_PROCESS_DETACH, nullptr); }
 
  private:
-  // An address inside the module, from which GetModuleFileNameW finds its file.
+  // An address inside the module, by which GetModuleFileNameW finds the file.
   HINSTANCE Instance() { return reinterpret_cast<HINSTANCE>(this); }
 };
 
-// Built when the module is loaded, in turn with the module's other static objects: an entry point
-// relies on none that needs a constructor to run.
+// Constructed when the module is loaded, in no fixed order with the other static objects of the
+// module. So DllMain must not use a static object that needs a constructor.
 ModuleEntry moduleEntry;
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
-// What tests and the native host may see and set of the native platform layer. Nothing here exists
-// on Windows; code that must build there reaches it through the host's own platform unit.
+// What tests and the native host may read and change in the native platform layer. Nothing here
+// exists on Windows. Code that must build there uses platform/control/control.h instead.
 
 #include <string>
 
@@ -15,23 +15,27 @@ struct ImpersonationCounts {
 };
 ImpersonationCounts ImpersonationCountsOfThread();
 
-/// Whether OpenProcessToken fails from now on, as it does for a process that may not see itself.
+/// From now on OpenProcessToken fails if `refuse`, as it does without the right to query the
+/// process.
 void RefuseProcessTokens(bool refuse);
 
-/// What GetVersionExA answers from now on, in every module of the process. Starts as NT 6.1.
+/// From now on GetVersionExA answers this in every module of the process. The default is NT 6.1.
 void SetOsVersion(DWORD platformId, DWORD major, DWORD minor);
 
-/// The n-th text or value allocation from now on (1 is the next) fails, once; 0 switches it off.
+/// The n-th allocation of a text or array from now on (1 is the next) fails, once. 0: none fails.
 void FailAllocation(int nth);
-/// Asked at each of them whether it must fail; none switches it off. Must not allocate.
+/// Each allocation fails for which `mustFail` returns true. nullptr: none fails. It must not
+/// allocate.
 void SetAllocationFault(bool (*mustFail)());
-/// Blocks of texts (BSTR) and arrays alive in the process; an array has two, itself and its data.
+/// The number of live blocks of texts (BSTR) and arrays in the process. An array has two: its
+/// descriptor and its data.
 int LiveAllocations();
 
-/// Keeps the registry in a file from now on: reads it if it exists, writes it at every change.
-/// Returns false if the file cannot be read, holds no registry, or cannot be written.
+/// From now on the registry is kept in a file. It is read now if it exists, and written now and at
+/// every change. Returns false if it cannot be read or written, or does not hold a registry.
 bool KeepRegistryIn(const std::string& path);
-/// Empties the registry, invalidates what is open of it and leaves the file, if any, as it is.
+/// Empties the registry. Open keys count as deleted. A file of KeepRegistryIn is left as it is, and
+/// no longer written.
 void ClearRegistry();
 
 }  // namespace native

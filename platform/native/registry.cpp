@@ -25,7 +25,7 @@ std::u16string_view View(LPCWSTR name) {
   return name == nullptr ? std::u16string_view() : name;
 }
 
-// Whether a key in the path has a name longer than keys may have.
+// Whether a key name in the path is longer than a key name may be.
 bool HasOverlongName(std::u16string_view path) {
   constexpr std::size_t kLongestName = 255;
   std::size_t length = 0;
@@ -36,7 +36,7 @@ bool HasOverlongName(std::u16string_view path) {
   return false;
 }
 
-// Holds the registry while one of its calls runs.
+// Holds the lock of the registry during a call.
 class Call {
  public:
   explicit Call(HKEY handle) { result = registry.Find(handle, &key); }
@@ -59,7 +59,7 @@ LSTATUS OpenKey(HKEY handle, std::u16string_view path, HKEY* result) {
   return ERROR_SUCCESS;
 }
 
-// The data of a text as bytes of `Unit`: with a terminator, unless there is no data at all.
+// The data of a text in characters of type `Unit`. A terminator is added unless there is no data.
 template <class Unit>
 std::vector<BYTE> TextData(const RegistryValue& value) {
   if (value.data.size() < sizeof(OLECHAR)) return {};
@@ -206,7 +206,7 @@ LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR subKey) try {
   if (call.result != ERROR_SUCCESS) return call.result;
   const RegistryNodeRef found = Registry::Descend(call.key, View(subKey), false);
   if (found == nullptr) return ERROR_FILE_NOT_FOUND;
-  // Without a name the key itself stays.
+  // Without a name, only the contents of the key are deleted.
   if (found == call.key) {
     Registry::Clear(found.get());
   } else {

@@ -28,7 +28,7 @@ std::u16string Wide(std::string_view utf8) {
   return text;
 }
 
-// The text of a REG_SZ that ends with its one terminator, none for all other data.
+// The text of a REG_SZ whose only terminator is at its end; nullopt for all other data.
 std::optional<std::u16string> TextOf(const RegistryValue& value) {
   constexpr std::size_t kUnit = sizeof(OLECHAR);
   if (value.type != REG_SZ || value.data.size() < kUnit || value.data.size() % kUnit != 0) {
@@ -65,7 +65,7 @@ std::vector<BYTE> BytesOf(const Plain* data, std::size_t count) {
   return {bytes, bytes + count * sizeof(Plain)};
 }
 
-// The readers below throw a Json::exception for whatever has another form.
+// The functions below throw a Json::exception if the JSON has another form.
 RegistryValue ValueOf(const std::string& name, const Json& json) {
   if (json.contains("text")) {
     const std::u16string text = Wide(json.at("text").get_ref<const std::string&>());

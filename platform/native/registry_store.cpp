@@ -21,7 +21,7 @@ const PredefinedKey kPredefinedKeys[] = {
     {HKEY_LOCAL_MACHINE, u"HKEY_LOCAL_MACHINE"},
 };
 
-// The predefined key of that handle, none for every other handle.
+// The predefined key of this handle; nullptr for any other handle.
 const PredefinedKey* Predefined(HKEY handle) {
   for (const PredefinedKey& key : kPredefinedKeys) {
     if (key.handle == handle) return &key;
@@ -43,7 +43,7 @@ RegistryNodeRef MakeChild(const RegistryNodeRef& key, std::u16string_view name) 
   auto child = std::make_shared<RegistryNode>();
   child->name = name;
   child->parent = key.get();
-  key->keys.emplace(std::move(folded), child);  // last: short of memory, there is no half a key
+  key->keys.emplace(std::move(folded), child);  // last: if memory runs out, nothing is half made
   return child;
 }
 
@@ -54,7 +54,7 @@ void SetValue(RegistryNode* key, RegistryValue value) {
 }
 
 Registry& Registry::Instance() {
-  // Lives as long as the process: modules still close keys while they are unloaded.
+  // Never destroyed, because modules close keys even while they are unloaded.
   static auto* registry = new Registry;
   return *registry;
 }
@@ -120,7 +120,7 @@ void Registry::Clear(RegistryNode* key) {
 
 void Registry::Delete(RegistryNode* key) {
   Clear(key);
-  // Forgetting the key may end its life, so its name is taken before.
+  // Erasing the key may destroy it, so its name is copied first.
   const std::u16string folded = FoldedName(key->name);
   if (RegistryNode* parent = std::exchange(key->parent, nullptr)) parent->keys.erase(folded);
 }

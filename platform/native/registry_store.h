@@ -1,5 +1,5 @@
 #pragma once
-// The one registry of the process: which key a handle stands for, and the file that keeps it.
+// The registry of the process: maps handles to keys, and keeps the contents in a file.
 
 #include <map>
 #include <mutex>
@@ -10,34 +10,34 @@
 
 namespace native {
 
-// What RegOpenKeyEx hands out; a key may be open more than once.
+// What the handle of RegOpenKeyEx points to. A key may be open more than once.
 struct OpenKey {
   RegistryNodeRef key;
 };
 
-/// Every operation is called with the lock held.
+/// The caller of any operation holds `lock`.
 class Registry {
  public:
   static Registry& Instance();
 
   std::mutex lock;
 
-  /// The key behind a handle; the code of the failure otherwise.
+  /// Finds the key of a handle. Returns an error code if there is no such key.
   LSTATUS Find(HKEY handle, RegistryNodeRef* key);
-  /// The key below `key`, none if there is none and it is not to be made. Empty parts of the path
-  /// count for nothing.
+  /// The key at `path` below `key`. If it does not exist, it is created with `make`, else the
+  /// result is null. Empty parts of the path are skipped.
   static RegistryNodeRef Descend(RegistryNodeRef key, std::u16string_view path, bool make);
 
   HKEY Open(RegistryNodeRef key);
   LSTATUS Close(HKEY handle);
-  /// Makes a predefined key stand for another one; none puts its own back.
+  /// Makes a predefined handle refer to another key. null restores its own key.
   LSTATUS Override(HKEY handle, RegistryNodeRef key);
 
-  /// Empties a key; open handles of what was below it say from then on that it is deleted.
+  /// Empties a key. Calls with open handles of its subkeys return ERROR_KEY_DELETED from then on.
   static void Clear(RegistryNode* key);
   static void Delete(RegistryNode* key);
 
-  /// Ends a change: writes the file, if there is one.
+  /// Called after each change: writes the file, if there is one.
   LSTATUS Save();
   bool KeepIn(const std::string& path);
   void Reset(RegistryNodeRef root);

@@ -1,5 +1,5 @@
 #pragma once
-// The registry's contents, and their form as a file.
+// The contents of the registry, and their file format.
 
 #include <map>
 #include <memory>
@@ -17,34 +17,36 @@ struct RegistryValue {
   std::vector<BYTE> data;
 };
 
-/// Keys and values are found by their names' folded form and keep the spelling they came with.
+/// The maps are indexed by the folded names. Keys and values keep the spelling that they were
+/// created with.
 struct RegistryNode {
   std::u16string name;
-  RegistryNode* parent = nullptr;  ///< none for the root and for a key that was deleted
+  RegistryNode* parent = nullptr;  ///< null for the root and for a deleted key
   std::map<std::u16string, std::shared_ptr<RegistryNode>> keys;
   std::map<std::u16string, RegistryValue> values;
 };
 using RegistryNodeRef = std::shared_ptr<RegistryNode>;
 
-/// The form in which names that differ only in letter case are equal.
+/// The upper-case form, equal for names that differ only in letter case.
 std::u16string FoldedName(std::u16string_view name);
 
-/// The child of that name, made if there is none.
+/// The child with this name, created if it does not exist.
 RegistryNodeRef MakeChild(const RegistryNodeRef& key, std::u16string_view name);
-/// A value that is already there keeps the spelling of its name.
+/// Sets or replaces a value. An existing value keeps the spelling of its name.
 void SetValue(RegistryNode* key, RegistryValue value);
 
-/// Whether the text survives the way to UTF-8 and back, as names in the file must.
+/// Whether the text is unchanged after conversion to UTF-8 and back, as names in the file must be.
 bool IsWellFormed(std::u16string_view text);
 
-/// The file's form is JSON in UTF-8: {"registry": 1, "root": KEY}, where a KEY is
+/// The file format is JSON in UTF-8: {"registry": 1, "root": KEY}, where a KEY is
 /// {"keys": {NAME: KEY}, "values": {NAME: VALUE}} and a VALUE {"text": "..."} (REG_SZ),
-/// {"number": 7} (REG_DWORD) or {"type": 3, "bytes": [0, 255]} (whatever else).
+/// {"number": 7} (REG_DWORD) or {"type": 3, "bytes": [0, 255]} (all other data).
 std::string WriteRegistry(const RegistryNode& root);
-/// The root that the text describes, none if the text is no such file.
+/// Reads the file format; null if the text is not in it.
 RegistryNodeRef ReadRegistry(const std::string& text);
 
-/// Replaces the file as a whole: a reader finds the old contents or the new, never a part.
+/// Replaces the file atomically: a reader sees the old contents or the new, never a part. Returns
+/// false if it cannot be written.
 bool ReplaceFile(const std::string& path, const std::string& contents);
 
 }  // namespace native

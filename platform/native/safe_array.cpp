@@ -66,7 +66,7 @@ constexpr USHORT kHasInterfaceId = 0x40;
 constexpr USHORT kHoldsTexts = 0x100;
 constexpr USHORT kHoldsObjects = 0x200;
 
-// The caller sees the array; its element type is kept before it.
+// The caller gets a pointer to `array`. The element type is in front of it.
 struct Block {
   VARTYPE type;
   SAFEARRAY array;
@@ -80,7 +80,7 @@ VARTYPE TypeOf(SAFEARRAY* array) {
   return BlockOf(array)->type;
 }
 
-// The address of an element that the array holds, none for every other index.
+// The address of an element; nullptr if the index is out of bounds.
 char* ElementAt(SAFEARRAY* array, LONG index) {
   const SAFEARRAYBOUND& bound = array->rgsabound[0];
   const LONGLONG offset = LONGLONG{index} - bound.lLbound;
@@ -179,7 +179,7 @@ HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* element) {
   if (array == nullptr || indices == nullptr) return E_INVALIDARG;
   char* place = ElementAt(array, *indices);
   if (place == nullptr) return DISP_E_BADINDEX;
-  // Of texts and objects the caller hands the pointer itself.
+  // For texts and objects the caller passes the pointer itself, not its address.
   const VARTYPE type = TypeOf(array);
   const bool owns = type == VT_BSTR || type == VT_UNKNOWN;
   if (!owns && element == nullptr) return E_INVALIDARG;

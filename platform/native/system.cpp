@@ -20,7 +20,7 @@ thread_local bool impersonating = false;
 std::mutex versionLock;
 OSVERSIONINFOA version = {sizeof(OSVERSIONINFOA), 6, 1, 7601, VER_PLATFORM_WIN32_NT, {}};
 
-// The C library's environment may move at every change.
+// A change may reallocate the environment of the C library.
 std::mutex environmentLock;
 
 std::atomic<bool> processTokensRefused = false;
@@ -120,7 +120,7 @@ void OutputDebugStringA(LPCSTR text) {
   if (text == nullptr || *text == '\0') return;
   std::string line(text);
   if (line.back() != '\n') line.push_back('\n');
-  // One call, so that the lines of several threads do not mix. Nobody hears of a failure.
+  // One call, so that the lines of several threads do not mix. A failure is ignored.
   [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.data(), line.size());
 }
 

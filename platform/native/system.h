@@ -1,16 +1,17 @@
 #pragma once
-// Kernel and registry services with Windows names and results, only what the product uses.
+// Kernel and registry functions with the names and results of Windows, as far as the product uses
+// them.
 //
 // Narrower than Windows:
-// - the only ANSI code page is 1252; CP_UTF8 converts as well, no other page is known;
-// - CompareStringW compares code units, with NORM_IGNORECASE after folding the letters of code
-//   page 1252; it knows no locale. LCMapStringW makes capitals of the same letters and maps nothing
-//   else;
-// - the registry lives in memory (see observe.h for the file that can keep it), knows REG_SZ,
-//   REG_DWORD and REG_BINARY, and has no access rights;
-// - a module is found by the path given or beside the calling program; "userenv.dll" is built in;
-//   what DllMain answers is not looked at;
-// - names of environment variables are told apart by letter case.
+// - The ANSI code page is always 1252. The only other code page is CP_UTF8.
+// - CompareStringW compares code units and ignores the locale. With NORM_IGNORECASE it upper-cases
+//   the letters of code page 1252 first. LCMapStringW upper-cases the same letters and does nothing
+//   else.
+// - The registry is in memory (observe.h can keep it in a file). It has REG_SZ, REG_DWORD and
+//   REG_BINARY, and no access rights.
+// - A module without a path is searched for only in the folder of the program. "userenv.dll" is
+//   built in. The result of DllMain is ignored.
+// - Names of environment variables are case-sensitive.
 
 #include "platform/native/com.h"
 
@@ -109,7 +110,7 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name);
 BOOL FreeLibrary(HMODULE module);
 DWORD GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size);
 
-// The module's own entry point, which module_entry.cpp calls; every module has one of its own.
+// The entry point of the module, which module_entry.cpp calls. Each module defines its own.
 __attribute__((visibility("hidden"))) BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason,
                                                           LPVOID reserved);
 

@@ -1,6 +1,7 @@
 #pragma once
-// Scalar types, result codes and calling convention of the Windows interfaces, where there is no
-// Windows. Widths are those of 64-bit Windows: LONG and ULONG have 32 bits, a wide character 16.
+// The scalar types, result codes and calling conventions of the Windows interfaces, for systems
+// other than Windows. Widths are those of 64-bit Windows: LONG and ULONG have 32 bits, a wide
+// character has 16.
 
 #include <cstddef>
 #include <cstdint>

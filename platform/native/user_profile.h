@@ -4,7 +4,7 @@
 
 namespace native {
 
-/// GetUserProfileDirectoryA of the built-in userenv.dll: the home directory of the environment.
+/// GetUserProfileDirectoryA of the built-in userenv.dll. Gives the value of HOME.
 BOOL UserProfileDirectory(HANDLE token, LPSTR directory, DWORD* size);
 
 }  // namespace native

@@ -2,7 +2,7 @@
 
 namespace {
 
-// The data of a VARIANT lies in its union from the first byte on.
+// The data of a VARIANT starts at the first byte of its union.
 void* DataOf(VARIANT* value) {
   return &value->bits;
 }

@@ -1,5 +1,6 @@
 #pragma once
-// The management service's interfaces and codes, operations in the order of their slots.
+// The interfaces and codes of the management service. Operations are in the order of their vtable
+// slots.
 
 #include "platform/native/automation.h"
 
