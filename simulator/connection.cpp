@@ -37,7 +37,7 @@ void Connect(Adapter& adapter, const ProfileRecord& profile) {
   adapterapi::AssociationInfoRecord association{};
   association.associated = 1;
   std::memcpy(association.profileName, profile.name, sizeof profile.name);
-  // A profile that some other library made says no more than its name.
+  // A profile from another library may contain only a name.
   const bool named = profile.ssid[0] != '\0';
   std::memcpy(association.ssid, named ? profile.ssid : profile.name, sizeof profile.ssid - 1);
   association.opMode = profile.opMode == kAdHoc ? kAdHoc : kInfrastructure;

@@ -24,7 +24,8 @@ std::optional<Fault> FaultSchedule::Take(std::string_view operation,
 }
 
 std::int32_t Strike(const Fault& fault) {
-  // Says to who traces the call which fault it was; the platform's own codes leave this bit alone.
+  // Tells the tracer of the call which fault was applied; the platform's own codes never set this
+  // bit.
   SetLastError(adapterapi::kFaultError | static_cast<DWORD>(fault.index));
   switch (fault.kind) {
     case Fault::Kind::kException:

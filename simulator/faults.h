@@ -1,5 +1,5 @@
 #pragma once
-// Faults in one place for every operation of both libraries.
+// Faults, in one place for every operation of both libraries.
 
 #include <chrono>
 #include <mutex>
@@ -20,24 +20,25 @@ class FaultSchedule {
  public:
   explicit FaultSchedule(std::vector<Fault> faults);
 
-  /// The fault that this call meets, if any: the first that fits it, has begun and is not used up.
-  /// Every fault that fits the call counts it.
+  /// The fault to apply to this call, if any: the first that matches, has begun and is not used up.
+  /// The call counter of every matching fault is incremented, not only of the one applied.
   std::optional<Fault> Take(std::string_view operation,
                             std::optional<adapterapi::AdapterNumber> adapter);
 
  private:
   struct Counted {
     Fault fault;
-    std::uint32_t calls = 0;  ///< that fitted
+    std::uint32_t calls = 0;  ///< that matched
   };
   std::vector<Counted> faults_;
 };
 
-/// Lets the fault happen: returns its status, or throws.
+/// Applies the fault: returns its status, or throws.
 std::int32_t Strike(const Fault& fault);
 
-/// Runs one operation under the lock and as its fault, if any, says. The lock is free while the
-/// call waits, and again before anything is thrown: a structured exception does not unwind.
+/// Runs one operation under the lock, with its fault if there is one. The lock is free during the
+/// fault's delay and before an exception is thrown: a structured exception does not unwind the
+/// stack.
 template <class Call>
 std::int32_t RunWithFaults(platform::CriticalSection& mutex, FaultSchedule& plan,
                            std::string_view operation,

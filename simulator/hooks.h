@@ -8,7 +8,7 @@
 
 namespace simulator {
 
-/// Runs the steps of a hook: 1, or 0 with what they throw in `problem`.
+/// Runs the steps of a hook. Returns 1, or 0 with the text of their exception in `problem`.
 template <class Steps>
 int RunHook(Steps&& steps, char* problem, std::size_t size) noexcept {
   try {
@@ -21,14 +21,14 @@ int RunHook(Steps&& steps, char* problem, std::size_t size) noexcept {
   }
 }
 
-/// SimulatorSet over a library.
+/// SimulatorSet for a library.
 template <class Library>
 int SetMember(Library& library, const char* path, const char* value, char* problem,
               std::size_t size) noexcept {
   return RunHook([&] { library.Change(path, value); }, problem, size);
 }
 
-/// SimulatorPlay over a library.
+/// SimulatorPlay for a library.
 template <class Library>
 int PlayScenario(Library& library, std::string_view text, char* problem,
                  std::size_t size) noexcept {

@@ -5,13 +5,13 @@
 namespace simulator {
 namespace {
 
-/// Modules call these while they are loaded and unloaded, when no file may be read, so they
+/// Modules call these while they are loaded and unloaded, when no file may be read, so the calls
 /// succeed without a scenario.
 constexpr bool NeedsScenario(std::string_view operation) {
   return operation != "SetLibraryMode" && operation != "CloseLibrary";
 }
 
-/// The adapter that a call is about, by its first argument.
+/// The adapter that a call concerns, from its first argument.
 std::optional<AdapterNumber> AdapterOf() {
   return std::nullopt;
 }

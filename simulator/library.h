@@ -10,18 +10,18 @@
 
 namespace simulator {
 
-/// The adapter control library as one process sees it: a machine with its faults, read when first
-/// needed. Safe to call from any thread.
+/// The adapter control library for one process: a machine with its faults, read when first needed.
+/// Safe to call from any thread.
 class Library final : public AdapterApi {
  public:
   using Loader = std::function<std::optional<Scenario>()>;
 
-  /// `loader` is called once; without a scenario every operation that needs one gives kFailed.
+  /// `loader` is called once; without a scenario every operation that needs one returns kFailed.
   explicit Library(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
 
-  /// Changes a member of the machine, which is read if it was not yet. Throws ScenarioError.
+  /// Changes a member of the machine, which is read first if necessary. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
-  /// Plays another scenario from now on. Lists given out end.
+  /// Plays another scenario from now on. Lists returned before become invalid.
   void Play(Scenario scenario);
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
@@ -36,7 +36,7 @@ class Library final : public AdapterApi {
     Machine machine;
   };
 
-  /// Whether there is a machine; reads it at the first call. Under the lock.
+  /// Whether there is a machine; the first call reads it. Call it with the lock held.
   bool Load();
   template <class Call>
   ApiStatus Run(std::string_view operation, std::optional<AdapterNumber> adapter, Call&& call);

@@ -8,7 +8,7 @@
 namespace simulator {
 namespace {
 
-/// What GetAdapterConfiguration fills; the rest of the record is the client's room.
+/// What GetAdapterConfiguration fills; the rest of the record belongs to the client.
 constexpr std::size_t kConfigurationSize = offsetof(ConfigInfoRecord, room);
 
 RecordList MakeAdapterList(std::span<const Adapter> adapters) {

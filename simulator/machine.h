@@ -8,7 +8,7 @@
 
 namespace simulator {
 
-using namespace adapterapi;  // the operation list is written in that namespace's names
+using namespace adapterapi;  // the operation list uses the names of that namespace
 
 /// Statuses of the simulated adapter control library.
 enum : ApiStatus {
@@ -22,13 +22,13 @@ enum : ApiStatus {
 
 /// The adapters of a scenario and how the operations change them. Not locked: see Library.
 ///
-/// Lists given out stay valid while the machine lives, an exclude list until its adapter's exclude
-/// list has been changed and asked for again kKeptExcludeLists times. Change() ends them all.
+/// Returned lists stay valid while the machine lives; an exclude list until its adapter's exclude
+/// list has been changed and read again kKeptExcludeLists times. Change() invalidates all lists.
 class Machine final : public AdapterApi {
  public:
   explicit Machine(Scenario scenario);
 
-  /// Changes a member of the scenario that plays: see ChangeMember. Throws ScenarioError.
+  /// Changes a member of the current scenario: see ChangeMember. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
@@ -46,7 +46,7 @@ class Machine final : public AdapterApi {
   };
 
   State* Find(AdapterNumber number);
-  /// The adapter that the record names in the bytes that clients only hand on.
+  /// The adapter that the record identifies in the bytes that clients only pass on.
   State* Find(const DeviceInfoRecord* record);
   template <class Value>
   ApiStatus Give(AdapterNumber number, Value AdapterRecords::*member, Value* output);

@@ -1,4 +1,4 @@
-// The operations that change what an adapter is associated with, and its exclude list.
+// The operations that change an adapter's association and its exclude list.
 
 #include <algorithm>
 
@@ -89,7 +89,7 @@ ApiStatus Machine::GetExcludeList(AdapterNumber adapter, const ExcludeList** lis
   return kOk;
 }
 
-/// Carries out `edit` on the entries and keeps the result, unless it answers a failure.
+/// Applies `edit` to the entries and keeps the result, unless it returns a failure.
 template <class Edit>
 ApiStatus Machine::EditExcludeList(AdapterNumber adapter, Edit&& edit) {
   State* state = Find(adapter);

@@ -8,8 +8,8 @@
 
 namespace simulator {
 
-/// The profiles of a scenario as one process sees them, read when first needed. Safe to call from
-/// any thread.
+/// The profiles of a scenario for one process, read when first needed. Safe to call from any
+/// thread.
 class ProfileLibrary {
  public:
   using Loader = std::function<std::optional<Scenario>()>;
@@ -21,8 +21,8 @@ class ProfileLibrary {
   /// Plays another scenario from now on: its profiles and faults.
   void Play(const Scenario& scenario);
 
-  /// Runs an operation of the profile manager as its fault, if any, says. `call` gets the scenario;
-  /// without one the status is negative.
+  /// Runs an operation of the profile manager, with its fault if there is one. `call` gets the
+  /// scenario; without a scenario the status is negative.
   template <class Call>
   std::int32_t Run(std::string_view operation, Call&& call) {
     if (!Load()) return kNoScenario;
@@ -42,10 +42,11 @@ class ProfileLibrary {
   std::optional<FaultSchedule> faults_;
 };
 
-/// The profile of a store at a position; null behind the last. A flag that is no store's has none.
+/// The profile at a position of a store; null past the end, or if no store has the flag.
 const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,
                                std::size_t position);
-/// The profile of that name, byte by byte, in whatever store; null if there is none.
+/// The profile with that name, compared byte by byte, in any store; null if there is no such
+/// profile.
 const ProfileRecord* ProfileNamed(const Scenario& scenario, std::string_view name);
 
 }  // namespace simulator

@@ -15,20 +15,20 @@ constexpr LONG kInvalidArgument = static_cast<LONG>(0x80070057);
 constexpr LONG kNotReady = static_cast<LONG>(0x80070015);
 constexpr LONG kNotFound = static_cast<LONG>(0x80070490);
 
-// What the library is called with, and takes nothing else for.
+// The only arguments that the library accepts.
 constexpr ULONG kOpenTimeout = 3000;
 constexpr ULONG kApplyFlags = 1;
 
-/// What the library keeps inside a manager.
+/// The library's data in a manager.
 struct Manager {
-  bool forWiFi = false;  ///< set to the provider's networks, which opening asks for
+  bool forWiFi = false;  ///< SetWiFiProvider(true) was called; Open requires it
   bool open = false;
-  std::uint32_t store = 0;   ///< the flag of the store that is being walked
-  std::size_t position = 0;  ///< of its next profile
+  std::uint32_t store = 0;   ///< flag of the store being walked
+  std::size_t position = 0;  ///< of the store's next profile
 };
 
-/// What the library keeps inside a profile: the record and a zero byte behind each text, whose
-/// field may be full.
+/// The library's data in a profile: the record, and a zero byte after each text, because a text may
+/// fill its field.
 struct Profile {
   char name[sizeof(ProfileRecord::name) + 1] = "";
   char ssid[sizeof(ProfileRecord::ssid) + 1] = "";

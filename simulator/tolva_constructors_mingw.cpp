@@ -2,7 +2,7 @@
 
 #include "adapterapi/tolva_api.h"
 
-// A constructor gives back its object, as callers of the platform's own compiler expect.
+// A constructor returns its object, as callers built with the platform's own compiler expect.
 extern "C" {
 
 void* ConstructProfileMgr(void* storage) {
