@@ -9,7 +9,7 @@
 namespace simulator {
 namespace {
 
-/// Takes one character off the front; a malformed one gives a value that no page has.
+/// Removes and returns the first character. A malformed one gives a value that no code page has.
 char32_t TakeCharacter(std::string_view& text) {
   const auto lead = static_cast<unsigned char>(text.front());
   const std::size_t size = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;

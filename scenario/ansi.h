@@ -6,7 +6,7 @@
 
 namespace simulator {
 
-/// The code page 1252 form of a UTF-8 text; none if the page lacks one of its characters.
+/// The code page 1252 form of a UTF-8 text; nullopt if the page lacks one of its characters.
 std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 
 }  // namespace simulator

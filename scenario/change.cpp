@@ -22,7 +22,7 @@ Path CutPath(const std::string& text) {
   return path;
 }
 
-/// One change: what to do at the place, the value, and how much of the path is walked.
+/// One change: how to apply it at the place, the value, and how much of the path has been followed.
 struct Change {
   Path path;
   json value;
@@ -35,7 +35,7 @@ struct Change {
   [[noreturn]] void Fail(std::size_t depth, const std::string& problem) const {
     Node{value, Place(depth)}.Fail(problem);
   }
-  /// The number at a place of the path, which counts `size` elements.
+  /// The index at a place of the path, below `size`.
   std::size_t Index(std::size_t depth, std::size_t size) const {
     const std::string text = depth < path.size() ? path[depth] : "";
     std::size_t index = 0;
@@ -48,7 +48,7 @@ struct Change {
     }
     return index;
   }
-  /// The value within the objects that the path names from `depth` on.
+  /// The value nested in the objects that the path names from `depth` on.
   json Nested(std::size_t depth) const {
     json nested = value;
     for (std::size_t index = path.size(); index > depth; --index) {
@@ -131,7 +131,7 @@ void ChangeMember(const std::string& path, const std::string& value, const Adapt
   try {
     return Apply(change, adapterAt, scenario);
   } catch (const ScenarioError&) {
-    // A text may look like a number: the name of a network, for one.
+    // A text may look like a number, for example the name of a network.
     if (!isJson || change.value.is_string() || change.value.is_structured()) throw;
   }
   const json number = std::exchange(change.value, value);
@@ -139,7 +139,7 @@ void ChangeMember(const std::string& path, const std::string& value, const Adapt
     Apply(change, adapterAt, scenario);
   } catch (const ScenarioError&) {
     change.value = number;
-    Apply(change, adapterAt, scenario);  // says what is wrong with the value as it was typed
+    Apply(change, adapterAt, scenario);  // throws with what is wrong with the typed value
   }
 }
 

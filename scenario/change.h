@@ -7,13 +7,13 @@
 
 namespace simulator {
 
-/// The adapter at a place in the scenario's array, null behind the last.
+/// The adapter at an index of the scenario's array, null past the end.
 using AdapterAt = std::function<Adapter*(std::size_t)>;
 
-/// Changes one member of a machine that plays already, named by its path in the scenario file:
+/// Changes one member of a running machine, named by its path in the scenario file:
 /// adapters/0/association/ssid, settings/406, profiles/user/0/ssid. The value is JSON, or else a
-/// text as it stands. What a machine takes over only when it starts is refused. Throws
-/// ScenarioError; then nothing has changed.
+/// text without quotes. Members that a machine reads only when it starts are refused. Throws
+/// ScenarioError and then has changed nothing.
 void ChangeMember(const std::string& path, const std::string& value, const AdapterAt& adapterAt,
                   Scenario& scenario);
 

@@ -133,7 +133,7 @@ constexpr OtherRow kOthers[] = {
                 "scenario/dump_classes.cpp");
 #include "schema/contract.inc"
 
-/// The first class of a table, or property of one, that the schema lacks.
+/// The first class of a table, or the first property of one, that is not in the schema.
 template <class Row, std::size_t Count>
 constexpr contract::Name Unknown(const Row (&rows)[Count]) {
   for (const Row& row : rows) {

@@ -9,35 +9,35 @@
 
 namespace simulator {
 
-/// How a property's value is turned back.
+/// How a property's value is converted back.
 enum class Turn {
-  kPlain,          ///< as the member's own row says
+  kPlain,          ///< by the member's own row
   kHex,            ///< hexadecimal text
   kDbm,            ///< "-52 dBm"
   kMbps,           ///< "54.0 Mbps", in bit/s
-  kProfileName,    ///< a blank is an association without a profile
-  kApAddress,      ///< of the association; empty or zeros where it is in none
+  kProfileName,    ///< a blank means an association without a profile
+  kApAddress,      ///< of the association; empty or zeros without an association
   kDottedVersion,  ///< "4.0.2"
   kMilliwatts,     ///< "1.0, 5.0 mW", in dBm
-  kJoined,         ///< texts with two blanks behind each
+  kJoined,         ///< texts, each followed by two blanks
   kReason,         ///< of an excluded network
   kProfileMode,    ///< BSS, IBSS
-  kNone,           ///< shown elsewhere, or said by the place of the instance
+  kNone,           ///< shown elsewhere, or given by the position of the instance
 };
 
 struct PropertyRow {
   std::string_view property;
   Turn turn;
-  const char* member;  ///< null: the one of the property's own name
+  const char* member;  ///< null: the member with the property's name
 };
 
 /// A class that shows one record of each adapter.
 struct RecordRow {
   const char* className;
-  const char* key;        ///< the property that holds the adapter's device id
-  const char* record;     ///< the member of the adapter that holds it; null for the adapter itself
-  const char* operation;  ///< a failure of this call leaves the instance out
-  bool unguarded;         ///< only an exception of it does
+  const char* key;        ///< the property with the adapter's device id
+  const char* record;     ///< the adapter's member with the record; null: the adapter itself
+  const char* operation;  ///< if this call fails, the instance is missing
+  bool unguarded;         ///< only an exception from it has that effect
   std::span<const PropertyRow> properties;
 };
 
@@ -50,7 +50,7 @@ struct ListRow {
   std::span<const PropertyRow> properties;
 };
 
-/// A class that shows no record: what it shows stands elsewhere in a scenario, or nowhere.
+/// A class that shows no record: its values are elsewhere in a scenario, or nowhere.
 struct OtherRow {
   const char* className;
   std::span<const PropertyRow> properties;

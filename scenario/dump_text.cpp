@@ -28,7 +28,7 @@ std::string Utf8Of(std::string_view text) {
   return platform::Utf8Text(wide);
 }
 
-/// The dump that a report holds; any other text as it is.
+/// The dump in a report; any other text unchanged.
 std::string_view WithoutPage(std::string_view text) {
   const std::size_t element = text.find(kReportElement);
   if (element == text.npos || text.find_first_not_of(" \t\r\n") != text.find('<')) return text;
@@ -36,7 +36,7 @@ std::string_view WithoutPage(std::string_view text) {
   return text.substr(0, text.find(kReportElementEnd));
 }
 
-/// A member of a member that is a text, empty otherwise.
+/// A text that is a member of a member, empty if there is no such text.
 std::string TextAt(const json& instance, const char* outer, const char* inner) {
   const auto found = instance.find(outer);
   if (found == instance.end() || !found->is_object()) return "";
@@ -44,7 +44,7 @@ std::string TextAt(const json& instance, const char* outer, const char* inner) {
   return text != found->end() && text->is_string() ? text->get<std::string>() : "";
 }
 
-/// The class that an instance names itself, as PowerShell's two families of commands do.
+/// The class that the instance itself names, as both of PowerShell's families of commands write it.
 std::string OwnClass(const json& instance) {
   for (const auto& [outer, inner] :
        {std::pair("CimSystemProperties", "ClassName"), std::pair("CimClass", "CimClassName")}) {
@@ -60,7 +60,7 @@ class Collector {
 
   Dump Take() { return std::move(dump_); }
 
-  /// `className` is the class of everything below, empty where the instances name theirs.
+  /// `className` is the class of everything below, empty if the instances name their class.
   void Visit(const json& value, const std::string& className) {
     if (value.is_null()) return;
     if (value.is_array()) {
@@ -68,7 +68,7 @@ class Collector {
       return;
     }
     if (!value.is_object()) Fail("expected instances, found " + value.dump());
-    // How ConvertTo-Json may write an array.
+    // One of the forms in which ConvertTo-Json writes an array.
     if (value.size() == 2 && value.contains("value") && value.contains("Count")) {
       return Visit(value["value"], className);
     }

@@ -17,7 +17,7 @@ using ScenarioJson = nlohmann::ordered_json;
 
 constexpr const char* kNothing = " stands for nothing that a scenario has: it is left out";
 
-/// The number before a unit; none if the text has not that form.
+/// The number before a unit; nullopt if the text does not have that form.
 std::optional<double> Measure(const json& value, std::string_view unit) {
   if (!value.is_string()) return std::nullopt;
   const auto& text = value.get_ref<const std::string&>();
@@ -57,7 +57,7 @@ bool TurnCcxVersion(const json& value, ScenarioJson& target) {
   return true;
 }
 
-/// The level in dBm that shows as these milliwatts; none if no whole one does.
+/// The level in dBm that is shown as these milliwatts; nullopt if no whole number is.
 std::optional<int> LevelOf(std::string_view milliwatts) {
   constexpr int kNoPower = -100;
   double power = 0;
@@ -90,8 +90,8 @@ bool TurnMilliwatts(const json& value, ScenarioJson& target) {
   return true;
 }
 
-/// Texts with two blanks behind each. A count beyond the array shows what lies behind it, which the
-/// other members make again.
+/// Texts, each followed by two blanks. A count larger than the array shows the memory after it,
+/// which the other members reproduce.
 bool TurnJoined(const json& value, const Field& field, std::string& problem, ScenarioJson& target) {
   constexpr std::string_view kSeparator = "  ";
   if (!value.is_string()) return false;
@@ -161,7 +161,7 @@ bool Turned(const PropertyRow& row, const Field* field, const json& value, std::
   return member.has_value();
 }
 
-/// The row of a property; one that has none is named like its member.
+/// The row of a property; a property without a row has the name of its member.
 PropertyRow RowOf(std::string_view property, std::span<const PropertyRow> rows) {
   const auto named =
       std::ranges::find_if(rows, [&](const PropertyRow& row) { return row.property == property; });

@@ -7,11 +7,12 @@
 
 namespace simulator {
 
-/// Whether a scenario has what a property shows: a member of `table`, or something else by its row.
+/// Whether a scenario has the source of a property: a member of `table`, or something else by its
+/// row.
 bool HasProducer(std::string_view property, std::span<const PropertyRow> rows, const Table& table);
 
-/// Turns one property of an instance into members of the object `target`, whose rows are `table`'s.
-/// Gives what is to be said about it, empty for nothing.
+/// Converts one property of an instance into members of the object `target`, whose rows are
+/// `table`'s. Returns the remark to print, empty if there is none.
 std::string TurnBack(std::string_view property, const nlohmann::json& value,
                      std::span<const PropertyRow> rows, const Table& table,
                      nlohmann::ordered_json& target);

@@ -35,7 +35,7 @@ bool HasName(const Field& field, std::string_view text) {
   return std::ranges::any_of(field.names, [text](const Name& name) { return name.text == text; });
 }
 
-/// A number that no row of the field has.
+/// A number that no row of the field uses.
 std::uint32_t NamelessCode(const Field& field) {
   std::uint32_t code = 0;
   while (std::ranges::any_of(field.names, [code](const Name& name) { return name.code == code; })) {
@@ -44,12 +44,12 @@ std::uint32_t NamelessCode(const Field& field) {
   return code;
 }
 
-/// The classes' words for a code or bits without a text.
+/// The classes' texts for a code or bits without a text of their own.
 bool MeansUnknown(std::string_view text) {
   return text == "Unknown" || text == "<Unknown>" || text == "UnKnown";
 }
 
-/// The number within the field's width: clients see 32 bits signed.
+/// The number limited to the field's width: clients see it as signed 32 bits.
 std::optional<ScenarioJson> NumberMember(std::int64_t number, const Field& field) {
   const bool isSigned = field.kind == Kind::kSigned;
   if (number < std::numeric_limits<std::int32_t>::min() ||
@@ -76,7 +76,7 @@ std::optional<ScenarioJson> CodeMember(const std::string& text, const Field& fie
   return ScenarioJson(code);
 }
 
-/// Names with commas between them.
+/// Names separated by commas.
 std::optional<ScenarioJson> BitsMember(const std::string& text, const Field& field,
                                        std::string& problem) {
   if (MeansUnknown(text)) {

@@ -21,7 +21,8 @@ const FaultTarget& TargetNamed(const Node& node) {
   return *found;
 }
 
-/// Status codes are signed; they are accepted as 32 bits too, the way codes are written.
+/// Status codes are signed; they are also accepted as unsigned 32 bits, as codes are usually
+/// written.
 std::int32_t ReadStatus(const Node& node) {
   return static_cast<std::int32_t>(node.Number(std::numeric_limits<std::int32_t>::min(), kAllBits));
 }
@@ -34,7 +35,7 @@ std::uint32_t ReadStructuredCode(const Node& node) {
   return static_cast<std::uint32_t>(node.Number(0, kAllBits));
 }
 
-/// The adapter of the fault `node` has to be there.
+/// The adapter of the fault `node` must exist.
 void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
                   std::span<const Adapter> adapters) {
   std::vector<std::string> numbers;

@@ -1,6 +1,6 @@
 #pragma once
-// Records described as data: one row a member. The rows drive reading, checks and the reference in
-// docs/scenarios.md.
+// Records described as data: one row per member. Reading, checks and the reference in
+// docs/scenarios.md use these rows.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,19 +9,19 @@
 
 namespace simulator {
 
-/// How a member is written in JSON and lies in its record.
+/// How a member is written in JSON and stored in its record.
 enum class Kind {
   kNumber,      ///< unsigned of the field's width, or a name
   kSigned,      ///< signed of the field's width
   kFlag,        ///< true, false or a number, in 32 bits
   kBits,        ///< 32 bits: a number, or an array of names
-  kText,        ///< code page 1252, ended by a zero byte inside the field
+  kText,        ///< code page 1252, with a terminating zero byte in the field
   kPaddedText,  ///< code page 1252, zero-padded, may fill the field
   kMac,         ///< six bytes, "00:1A:2B:3C:4D:5E"
   kNumbers,     ///< array of unsigned 32-bit numbers
   kLevels,      ///< array of signed 32-bit numbers, counted by the 32 bits before it
   kTexts,       ///< array of texts of kTextsStep bytes, counted by the 32 bits before it
-  kRecord,      ///< an object of its own rows
+  kRecord,      ///< an object with its own rows
 };
 
 inline constexpr std::size_t kTextsStep = 50;

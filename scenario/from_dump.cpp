@@ -31,13 +31,13 @@ std::string TextIn(const json& instance, std::string_view property) {
   return found != instance.end() && found->is_string() ? found->get<std::string>() : "";
 }
 
-/// Whether a member is a property of the class at all.
+/// Whether a member is a property of the class.
 bool IsProperty(std::string_view name) {
   return !name.starts_with("__") &&
          std::ranges::find(kPowershellMembers, name) == std::end(kPowershellMembers);
 }
 
-/// Instances of a class; none if the dump has not even its name.
+/// Instances of a class; null if the class is not in the dump.
 const Instances* Find(const Dump& dump, std::string_view className) {
   const auto found = dump.find(className);
   return found == dump.end() ? nullptr : &found->second;
@@ -120,7 +120,7 @@ class Maker {
     if (keys_.empty()) Say("no class shows an adapter");
   }
 
-  /// What the dump says, else the older of two systems that it can come from.
+  /// The version in the dump, else the older of the two systems that the dump may come from.
   std::string OsVersion() const {
     for (const json& origin : InstancesOf("wmihost")) {
       std::string version = TextIn(origin, "OsVersion");
@@ -132,7 +132,7 @@ class Maker {
     return "5.1";
   }
 
-  /// The address that the device record tells, else one of our own.
+  /// The address in the device record, else an invented one.
   std::string AddressOf(const std::string& key, std::size_t number) {
     const json* device = InstanceOf("WiFi_AdapterDevice", "SettingID", key);
     std::string address = device == nullptr ? "" : TextIn(*device, "MacAddress");
@@ -161,7 +161,7 @@ class Maker {
     faults_.push_back({{"operation", operation}, {"adapter", number}, {kind, value}});
   }
 
-  /// Whether the dump says that the class ended with a failure beyond an empty list.
+  /// Whether the dump says that the enumeration of the class failed, other than with an empty list.
   bool Failed(const std::string& className) const {
     constexpr std::string_view kNotFound = " 0x80041002";
     for (const json& origin : InstancesOf("wmihost")) {
@@ -178,7 +178,7 @@ class Maker {
     if (Find(dump_, row.className) == nullptr) return;
     const json* instance = InstanceOf(row.className, row.key, key);
     if (instance == nullptr) {
-      // A walk over the adapters ends here: what follows was not asked.
+      // A walk over the adapters ends here: the later ones were not read.
       if (!ended_.insert(row.className).second) return;
       Say(std::string(row.className) + " has no instance of adapter " + key +
           ": its call is to fail");
@@ -203,7 +203,7 @@ class Maker {
     }
   }
 
-  /// The access point's address stands in another class than its association.
+  /// The access point's address is in another class than its association.
   void AddAccessPoint(const std::string& key, Json& adapter) {
     const json* statistics = InstanceOf("WiFi_AdapterAssocStats", "SettingID", key);
     const std::string address = statistics == nullptr ? "" : TextIn(*statistics, "ApMacAddr");
@@ -256,8 +256,8 @@ class Maker {
     return object;
   }
 
-  /// A number or flag of the library as a whole; null, which is unknown to the library, where the
-  /// class shows none.
+  /// A number or flag of the library as a whole; null, which the library does not know, if the
+  /// class shows no value.
   static void AddValue(const Instances& instances, const char* property, std::uint32_t identifier,
                        Json& values) {
     if (instances.empty()) return;
@@ -301,7 +301,7 @@ class Maker {
   const std::string& source_;
   std::vector<std::string> keys_;
   std::set<std::string> addresses_;
-  std::set<std::string> ended_;  ///< classes whose walk met a failure
+  std::set<std::string> ended_;  ///< classes whose walk failed
   Json faults_ = Json::array();
   std::vector<std::pair<std::string, int>> remarks_;
 };

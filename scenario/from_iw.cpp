@@ -21,7 +21,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// A capture does not tell the adapter's own address; this one is locally administered.
+/// A capture does not contain the adapter's own address; this one is locally administered.
 constexpr const char* kAdapterAddress = "02:00:00:00:00:01";
 
 struct Channel {
@@ -29,7 +29,7 @@ struct Channel {
   int number;
 };
 
-/// The channel at a frequency in MHz; none outside the bands of 802.11a, b and g.
+/// The channel at a frequency in MHz; nullopt outside the bands of 802.11a, b and g.
 std::optional<Channel> ChannelAt(double frequency) {
   const int mhz = static_cast<int>(frequency);
   if (mhz == 2484) return Channel{false, 14};
@@ -42,7 +42,7 @@ bool IsLeftOut(const IwNetwork& network) {
   return network.frequency && !ChannelAt(*network.frequency);
 }
 
-/// A name as text where code page 1252 has all of it, else as its octets.
+/// A name as text if all of it exists in code page 1252, else as its octets.
 Json NameOf(const std::string& name) {
   const bool isUtf8 = platform::Utf8Text(platform::WideFromUtf8(name)) == name;
   if (isUtf8 && name.find('\0') == name.npos && AnsiFromUtf8(name)) return name;
@@ -82,8 +82,8 @@ Json EntryOf(const IwNetwork& network) {
   return entry;
 }
 
-/// Names for the bits of an entry and the code of an association that follows; the first one that
-/// the entry has decides.
+/// Names for the bits of an entry and the matching code of an association; the first row whose name
+/// the entry has is used.
 struct Choice {
   const char* bit;
   const char* code;
@@ -91,7 +91,7 @@ struct Choice {
 constexpr Choice kAuthenModes[] = {
     {"RSNA", "WPA2-Enterprise"}, {"WPA", "WPA-Enterprise"}, {"PSK", "WPA2-Personal"},
     {"WPA_PSK", "WPA-Personal"}, {"Open", "Open"},          {"Shared", "Shared"}};
-/// There is no code for AES-CCMP: it stays unknown.
+/// There is no code for AES-CCMP: the encryption is unknown.
 constexpr Choice kEncryptions[] = {{"AES-CCMP", nullptr},
                                    {"TKIP", "TKIP"},
                                    {"WEP104", "104-bit"},
@@ -125,15 +125,15 @@ void Associate(const IwNetwork& network, const Json& entry, Json& adapter) {
   adapter["signal"] = {{"quality", QualityOf(rssi)}, {"rssi", rssi}};
 }
 
-/// Greater for the one to keep of two networks with one address: the associated one, then the one
+/// Greater for the network to keep of two with the same address: the associated one, else the one
 /// seen last.
 auto Weight(const IwNetwork& network) {
   return std::tuple(network.associated,
                     -network.lastSeen.value_or(std::numeric_limits<double>::max()));
 }
 
-/// An address with the number in the place of what is masked, the last pair first; as far as it can
-/// be told, it is locally administered.
+/// The address with the number in place of the masked pairs, the last pair first; locally
+/// administered unless its first pair is known.
 std::string MadeUp(std::string address, std::size_t number) {
   for (std::size_t at = address.rfind(kMaskedPair); at != address.npos;
        at = address.rfind(kMaskedPair)) {
@@ -144,13 +144,13 @@ std::string MadeUp(std::string address, std::size_t number) {
   return address;
 }
 
-/// Gives masked addresses ones that stay apart, and says so.
+/// Gives masked addresses distinct invented ones, and adds a remark.
 void Unmask(std::vector<IwNetwork>& networks, const std::string& source,
             std::vector<std::string>& remarks) {
   constexpr std::size_t kMostTries = 1 << 16;
   std::set<std::string> used = {kAdapterAddress};
   for (const IwNetwork& network : networks) used.insert(network.address);
-  std::map<std::string, std::size_t> numbers;  ///< the next one, by the masked address
+  std::map<std::string, std::size_t> numbers;  ///< the next number of each masked address
   std::size_t count = 0;
   std::string example;
   for (IwNetwork& network : networks) {
@@ -168,8 +168,8 @@ void Unmask(std::vector<IwNetwork>& networks, const std::string& source,
                     " masked, and made up so that they stay apart: " + example);
 }
 
-/// Leaves one network for each address, which is a key of the management classes, and none that
-/// the library has no band for.
+/// Keeps one network for each address, because the address is a key of the management classes, and
+/// no network in a band that the library does not have.
 std::vector<IwNetwork> Select(std::vector<IwNetwork> networks, const std::string& source,
                               std::vector<std::string>& remarks) {
   const auto leaveOut = [&](const IwNetwork& network, const std::string& why) {

@@ -7,13 +7,12 @@
 namespace simulator {
 
 struct ScenarioOfCapture {
-  std::string json;                  ///< a scenario, indented by two blanks, ended by a line feed
-  std::vector<std::string> remarks;  ///< a line for each network that the scenario leaves out
+  std::string json;                  ///< a scenario, indented by two blanks, with a final line feed
+  std::vector<std::string> remarks;  ///< a line for each network that is left out
 };
 
-/// Makes a scenario of one adapter that sees the networks of a capture, the text that
-/// `iw dev <interface> scan` prints. `source` names the capture in remarks and errors. Throws
-/// ScenarioError.
+/// Makes a scenario of one adapter that sees the networks of a capture, which is the output of `iw
+/// dev <interface> scan`. `source` names the capture in remarks and errors. Throws ScenarioError.
 ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& source);
 
 }  // namespace simulator

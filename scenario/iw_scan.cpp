@@ -18,7 +18,7 @@ constexpr std::size_t kLongestName = 32;         // octets
 constexpr double kBestRate = 54;                 // Mbit/s
 constexpr double k11bRates[] = {1, 2, 5.5, 11};  // Mbit/s
 
-/// What a line should have held.
+/// What was expected in a line.
 struct Expected {
   std::string what;
 };
@@ -29,7 +29,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Takes what stands before `separator` off the front, and the separator.
+/// Removes and returns the text before `separator`, and removes the separator.
 std::string_view Take(std::string_view& text, char separator) {
   const std::size_t end = std::min(text.find(separator), text.size());
   const std::string_view taken = text.substr(0, end);
@@ -43,7 +43,7 @@ std::vector<std::string_view> Words(std::string_view text) {
   return words;
 }
 
-/// The number at the front; none unless it lies from `least` to `most`.
+/// The number at the start; nullopt unless it is between `least` and `most`.
 std::optional<double> NumberOf(std::string_view text, double least, double most) {
   double number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -57,7 +57,7 @@ double Expect(std::string_view text, double least, double most, const char* what
   return *number;
 }
 
-/// The octets of a name whose unprintable ones, blanks at its ends and backslashes are \xNN.
+/// The octets of a name in which backslashes, unprintable octets and blanks at both ends are \xNN.
 std::string Unescape(std::string_view text) {
   std::string name;
   while (!text.empty()) {
@@ -74,14 +74,14 @@ std::string Unescape(std::string_view text) {
   return name;
 }
 
-// One reader for each field. `value` is what stands behind the colon, without blanks around it.
+// One reader per field. `value` is the text after the colon, without blanks around it.
 
 void ReadFrequency(std::string_view value, IwNetwork& network) {
   network.frequency = Expect(value, 1, 100000, "a frequency in MHz");
 }
 
 void ReadSignal(std::string_view value, IwNetwork& network) {
-  // A driver that knows no unit gives hundredths of its best signal.
+  // A driver that does not know a unit gives hundredths of its best signal.
   network.signal = value.ends_with("/100")
                        ? Expect(value, 0, 100, "a signal from 0/100 to 100/100") / 2 - 100
                        : Expect(value, -200, 100, "a signal in dBm");
@@ -98,7 +98,7 @@ void ReadCapability(std::string_view value, IwNetwork& network) {
   }
 }
 
-/// A beacon may hide the name that the same network's answer to a probe tells.
+/// A beacon may hide the name that the network's probe response contains.
 void ReadName(std::string_view value, IwNetwork& network) {
   std::string name = Unescape(value);
   if (name.size() > kLongestName) throw Expected{"a name of at most 32 octets"};
@@ -107,7 +107,7 @@ void ReadName(std::string_view value, IwNetwork& network) {
   if (announced) network.name = std::move(name);
 }
 
-/// Words that are no rate, and rates beyond those of 802.11a and g, stand for other demands.
+/// Words that are not rates, and rates above those of 802.11a and g, mean other requirements.
 void ReadRates(std::string_view value, IwNetwork& network) {
   for (const std::string_view word : Words(value)) {
     const auto rate = NumberOf(word, 0.5, kBestRate);
@@ -130,7 +130,7 @@ constexpr FieldRow kFields[] = {{"freq", ReadFrequency},
                                 {"Supported rates", ReadRates},
                                 {"Extended supported rates", ReadRates}};
 
-/// What a suite's name or number has in it, and the scenario's word for it in either element.
+/// What the name or number of a suite contains, and the scenario's word for it in either element.
 struct SuiteRow {
   std::string_view part;
   std::string_view inRsn;
@@ -170,8 +170,8 @@ void ReadSecurity(bool rsn, std::string_view line, IwNetwork& network) {
   }
 }
 
-/// An address of six pairs; in one that its owner has masked every "xx" or "**" is XX, and an
-/// ellipsis stands for the pairs that are missing. Empty for any other text.
+/// An address of six pairs. In a masked address every "xx" or "**" becomes XX, and an ellipsis
+/// stands for the missing pairs. Empty for any other text.
 std::string AddressOf(std::string_view text) {
   constexpr std::size_t kPairs = 6;
   const auto isMask = [](std::string_view part) {
@@ -257,7 +257,7 @@ class Capture {
   std::string_view element_;
 };
 
-/// The start of a line, fit to be shown.
+/// The start of a line, with only printable characters.
 std::string Shown(std::string_view line) {
   constexpr std::size_t kMost = 40;
   const std::string_view text = Trim(line);

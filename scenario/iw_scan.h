@@ -10,10 +10,10 @@
 
 namespace simulator {
 
-/// A pair of an address that the owner of a capture has hidden.
+/// A pair of an address that was masked in the capture.
 inline constexpr std::string_view kMaskedPair = "XX";
 
-/// One network of a capture; what its text leaves out stays as it is here.
+/// One network of a capture; members that the capture does not give keep these values.
 struct IwNetwork {
   std::size_t line = 0;  ///< of its BSS line, from 1
   std::string
@@ -28,7 +28,7 @@ struct IwNetwork {
   bool adHoc = false;
   std::uint32_t bestRate = 0;  ///< bit/s; of 802.11a, b and g
   bool only11bRates = true;
-  bool secured = false;                  ///< an RSN or WPA element is there, and fills the sets
+  bool secured = false;                  ///< has an RSN or WPA element, which fills the sets
   std::set<std::string_view> auth;       ///< names that a scenario has for the bits
   std::set<std::string_view> unicast;    ///< names that a scenario has for the bits
   std::set<std::string_view> multicast;  ///< names that a scenario has for the bits

@@ -1,5 +1,5 @@
 #pragma once
-// The JSON library, compiled once: a source that includes this makes none of its members anew.
+// The JSON library, compiled once: a source that includes this does not instantiate it again.
 
 #include <nlohmann/json.hpp>
 

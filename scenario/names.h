@@ -1,5 +1,5 @@
 #pragma once
-// The names that a scenario may use for the libraries' codes and bits: their texts.
+// The names that a scenario may use for the libraries' codes and bits, which are their texts.
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace simulator {
 
-/// The rows by code, their texts without the blank or separator that some end in.
+/// The rows by code, their texts without the blank or separator with which some of them end.
 template <const auto& Rows>
 inline constexpr auto kNamesOf = [] {
   std::array<Name, std::size(Rows)> names;

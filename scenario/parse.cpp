@@ -13,7 +13,7 @@ using nlohmann::json;
 constexpr std::size_t kMostLevels = 16;
 constexpr std::string_view kStreamed = "adapters";
 
-/// Line and column, from 1, of the byte with this number.
+/// Line and column, from 1, of the byte at this offset.
 std::string PlaceOf(std::string_view text, std::size_t byte) {
   const std::string_view before = text.substr(0, std::min(byte == 0 ? 0 : byte - 1, text.size()));
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
@@ -22,10 +22,10 @@ std::string PlaceOf(std::string_view text, std::size_t byte) {
          std::to_string(before.size() - lineStart + 1);
 }
 
-constexpr std::size_t kMostShown = 40;  ///< bytes of what a file holds, in a message
+constexpr std::size_t kMostShown = 40;  ///< bytes of the file's text in a message
 
-/// What the parser found and what it expected, of its message
-/// "...: syntax error ... - FOUND; last read: 'LAST'; expected WHAT".
+/// What the parser found and expected, taken from its message "...: syntax error ... - FOUND; last
+/// read: 'LAST'; expected WHAT".
 std::string ReasonOf(std::string_view message, std::string_view last) {
   constexpr std::string_view kFound = " - ";
   constexpr std::string_view kLast = "; last read: '";
@@ -54,7 +54,7 @@ class Builder final : public json::json_sax_t {
   bool number_unsigned(number_unsigned_t value) override { return Add(value); }
   bool number_float(number_float_t value, const string_t&) override { return Add(value); }
   bool string(string_t& value) override { return Add(std::move(value)); }
-  bool binary(binary_t&) override { return false; }  // no JSON text has it
+  bool binary(binary_t&) override { return false; }  // does not occur in JSON text
   bool start_object(std::size_t) override { return Open(json::object()); }
   bool start_array(std::size_t) override { return Open(json::array()); }
   bool end_object() override { return Close(); }
@@ -78,15 +78,15 @@ class Builder final : public json::json_sax_t {
   }
 
  private:
-  /// An object or array that is not at its end.
+  /// An object or array whose end has not been read.
   struct Level {
     json* value;
     std::string name = {};     ///< of the member that is being read
     json* member = nullptr;    ///< where it goes
-    std::size_t elements = 0;  ///< that an array has had, with the one that is being read
+    std::size_t elements = 0;  ///< of an array so far, with the one being read
   };
 
-  /// Where the value that is being read stands.
+  /// The place of the value that is being read.
   std::string PlaceOfLevels() const {
     std::string place;
     for (const Level& level : levels_) {
@@ -111,7 +111,7 @@ class Builder final : public json::json_sax_t {
     return place;
   }
 
-  /// An adapter that has been read goes on, and leaves.
+  /// Passes on an adapter that has been read, and removes it.
   void Hand() {
     if (!Streams()) return;
     json& adapters = *levels_[1].value;

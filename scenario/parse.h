@@ -1,5 +1,5 @@
 #pragma once
-// The JSON of a scenario, read from its text in one pass. Only the sources of this folder include
+// Reads the JSON of a scenario from its text in one pass. Only the sources of this folder include
 // it.
 
 #include <functional>
@@ -9,10 +9,10 @@
 
 namespace simulator {
 
-/// Parses a scenario, in which comments may stand. Each element of the member `adapters` goes to
-/// `adapter` once its text has been read, and is not kept: the value that is given back has an
-/// empty array there. Throws ScenarioError for what is no JSON, a member that is there twice and
-/// endless nesting, and lets through what `adapter` throws.
+/// Parses a scenario, which may contain comments. Passes each element of the member `adapters` to
+/// `adapter` as soon as its text has been read and does not keep it: in the returned value that
+/// array is empty. Throws ScenarioError for text that is no JSON, for a duplicate member and for
+/// too deep nesting; exceptions from `adapter` pass through.
 nlohmann::json ParseScenarioText(std::string_view text,
                                  const std::function<void(const Node&)>& adapter);
 

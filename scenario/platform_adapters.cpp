@@ -7,7 +7,7 @@
 namespace simulator {
 
 std::vector<PlatformAdapter> PlatformAdaptersOf(std::span<const Adapter> adapters) {
-  // A machine has a few adapters of its own before the first of these.
+  // A machine usually has a few other network adapters with lower ids.
   constexpr std::size_t kFirstDeviceId = 7;
   const std::string description = "Orvel Wireless LAN Adapter";
   std::vector<PlatformAdapter> objects;

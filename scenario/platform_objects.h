@@ -1,6 +1,6 @@
 #pragma once
-// The part of a scenario that the management service plays: what the platform itself knows of the
-// machine. Texts are UTF-8.
+// The part of a scenario that the management service plays: what the platform knows of the machine.
+// Texts are UTF-8.
 
 #include <cstdint>
 #include <optional>
@@ -25,35 +25,36 @@ struct OsVersion {
   std::uint32_t major = 0;
   std::uint32_t minor = 0;
 };
-/// None for a text of another form than "6.1".
+/// nullopt for a text of another form than "6.1".
 std::optional<OsVersion> ParseOsVersion(std::string_view text);
 
 struct PlatformObjects {
   std::optional<std::string> userName;  ///< UserName of Win32_ComputerSystem
-  std::optional<OsVersion> osVersion;   ///< that the provider is told
+  std::optional<OsVersion> osVersion;   ///< what the provider's version query returns
   std::vector<PlatformAdapter> adapters;
   bool featureKeyPresent = true;  ///< whether the feature settings key exists
   std::optional<std::uint32_t> featureSet1;
   std::optional<std::uint32_t> featureSet2;
 };
 
-/// Says what is wrong in a scenario: the file, the line or the path of the value, what was
+/// Says what is wrong in a scenario: the file, the line or the path of the value, and what was
 /// expected.
 class ScenarioError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// What a host keeps of a scenario: its own part, and the whole text for the simulated libraries.
+/// The parts of a scenario that a host keeps: its own, and the whole text for the simulated
+/// libraries.
 struct LoadedScenario {
   PlatformObjects platform;
   std::string text;
 };
 
-/// Reads and checks a scenario file; its path is UTF-8, an empty one means the scenario that is
+/// Reads and checks a scenario file. Its path is UTF-8; an empty path means the scenario that is
 /// compiled in. Throws ScenarioError.
 LoadedScenario LoadForHost(const std::string& path);
-/// The same of a text that was read already.
+/// The same for a text that has already been read.
 LoadedScenario ReadForHost(std::string text, const std::string& name);
 
 }  // namespace simulator

@@ -1,6 +1,6 @@
 #pragma once
-// The two simulated libraries' own layout of ORVEL_WLAN_PROFILE: the published offsets, and between
-// them what the profile library tells the adapter library about the network.
+// The simulated libraries' own layout of ORVEL_WLAN_PROFILE: the published offsets, and between
+// them the network data that the profile library passes to the adapter library.
 
 #include <cstring>
 

@@ -13,7 +13,7 @@ namespace {
 
 using platform::HexDigit;
 
-/// The bytes of pairs of hexadecimal digits, with `separator` between them unless it is zero.
+/// The bytes of pairs of hexadecimal digits, separated by `separator` unless it is zero.
 std::string BytesOfHex(const Node& node, const std::string& hex, char separator,
                        const std::string& expected) {
   std::string bytes;
@@ -75,7 +75,8 @@ std::int64_t ReadBits(const Node& node, const Field& field) {
   return bits;
 }
 
-/// Fills `size` bytes with a text, zeros behind it. `full` lets it use the last byte as well.
+/// Fills `size` bytes with a text, padded with zeros. With `full` the text may use the last byte
+/// too.
 void ReadText(const Node& node, void* place, std::size_t size, bool full) {
   std::string bytes;
   if (node.value.is_object()) {
@@ -109,7 +110,7 @@ void ReadMac(const Node& node, void* place) {
   std::memcpy(place, bytes.data(), bytes.size());
 }
 
-/// Reads an array into the field, `step` bytes an element, and clears the rest. Returns the count.
+/// Reads an array into the field, `step` bytes per element, and clears the rest. Returns the count.
 std::uint32_t ReadArray(const Node& node, unsigned char* place, std::size_t size, std::size_t step,
                         const std::function<void(const Node&, void*)>& read) {
   std::memset(place, 0, size);

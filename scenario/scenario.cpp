@@ -15,7 +15,7 @@ namespace {
 
 using nlohmann::json;
 
-/// What a scenario starts from; its one adapter is what every adapter starts from.
+/// The default scenario; its one adapter has the defaults for every adapter.
 Scenario Defaults() {
   Scenario scenario;
   const auto append = [&scenario](const Node& node) {
@@ -26,7 +26,7 @@ Scenario Defaults() {
   return scenario;
 }
 
-/// A scenario's text, with what messages call it.
+/// A scenario's text, with its name for messages.
 struct NamedText {
   std::string name;
   std::string text;

@@ -1,5 +1,5 @@
 #pragma once
-// What a scenario says: the machine that both simulated libraries play.
+// The content of a scenario: the machine that both simulated libraries play.
 
 #include <array>
 #include <cstring>
@@ -15,7 +15,7 @@
 
 namespace simulator {
 
-/// The values of one adapter, in the records that the library hands out.
+/// The values of one adapter, in the records that the library returns.
 struct AdapterRecords {
   adapterapi::AdapterNumber number;
   adapterapi::MacAddress mac;
@@ -57,7 +57,7 @@ struct AdapterRecords {
   adapterapi::TxRxStatsRecord traffic;
 };
 
-/// A list as the library hands it out: a signed count, then the entries. The count may be smaller
+/// A list as the library returns it: a signed count, then the entries. The count may be smaller
 /// than the number of entries, never greater.
 class RecordList {
  public:
@@ -76,7 +76,7 @@ class RecordList {
   /// Bytes of the entries.
   std::size_t size() const { return bytes_.size() - sizeof(std::int32_t); }
   std::uint8_t* entries() { return bytes_.data() + sizeof(std::int32_t); }
-  /// The entries that the count lets a client see.
+  /// The entries that a client sees, according to the count.
   template <class Entry>
   std::span<const Entry> Seen() const {
     const auto* list = As<adapterapi::LibraryList<Entry>>();
@@ -102,20 +102,20 @@ struct Adapter {
 inline constexpr std::array<std::string_view, 5> kProfileStores = {"user", "persistent", "prelogon",
                                                                    "postlogon", "itprofile"};
 
-/// Makes calls of one operation fail, or last.
+/// Makes calls of one operation fail or take longer.
 struct Fault {
   enum class Kind { kDelay, kStatus, kException, kStructured };
 
-  std::size_t index = 0;  ///< in the scenario's array
+  std::size_t index = 0;  ///< position in the scenario's array
   std::string operation;
-  std::optional<adapterapi::AdapterNumber> adapter;  ///< none: every adapter
+  std::optional<adapterapi::AdapterNumber> adapter;  ///< nullopt: every adapter
   Kind kind = Kind::kDelay;
   std::int32_t status = 0;
-  std::string exception;               ///< what the C++ exception says
+  std::string exception;               ///< text of the C++ exception
   std::uint32_t structuredCode = 0;    ///< code of the structured exception
-  std::uint32_t after = 1;             ///< the first call that meets it, from 1
-  std::optional<std::uint32_t> times;  ///< none: every call from there on
-  std::uint32_t delayMs = 0;           ///< how long the call waits first
+  std::uint32_t after = 1;             ///< first matching call that it applies to, from 1
+  std::optional<std::uint32_t> times;  ///< nullopt: every call from there on
+  std::uint32_t delayMs = 0;           ///< time that the call waits first
   bool output = false;                 ///< the operation is carried out before it fails
 };
 
@@ -131,11 +131,11 @@ struct Scenario {
 
 /// Reads and checks a scenario; `file` names it in errors. Throws ScenarioError.
 Scenario ParseScenario(std::string_view json, const std::string& file);
-/// Reads a scenario file, whose path is UTF-8; an empty one means the scenario that is compiled in.
+/// Reads a scenario file. Its path is UTF-8; an empty path means the scenario that is compiled in.
 /// Throws ScenarioError.
 Scenario LoadScenario(const std::string& path);
-/// The scenario that WIFI_SCENARIO names, or the one compiled in; none, after one line to the
-/// debugger's output, if it cannot be read.
+/// The scenario that WIFI_SCENARIO names, or the one compiled in. If it cannot be read, nullopt,
+/// after one line on the debugger's output.
 std::optional<Scenario> ScenarioOfEnvironment();
 
 }  // namespace simulator

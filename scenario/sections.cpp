@@ -149,7 +149,7 @@ void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter
       node.Fail("another adapter has the same mac");
     }
   }
-  // What a client hands back to name the adapter: bytes that it does not read itself.
+  // Bytes that identify the adapter when a client passes them back; clients do not read them.
   std::memcpy(records.device.unread0, &records.number, sizeof records.number);
   records.tcpipv6.size = sizeof records.tcpipv6;
   adapters.push_back(std::move(adapter));
@@ -157,7 +157,7 @@ void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter
 
 std::optional<OsVersion> ParseOsVersion(std::string_view text) {
   OsVersion version;
-  // It takes the parsed numbers for views of their text.
+  // cppcheck takes the parsed numbers for views of their text.
   // cppcheck-suppress danglingTemporaryLifetime
   const char* end = text.data() + text.size();
   const auto major = std::from_chars(text.data(), end, version.major);

@@ -1,7 +1,7 @@
 #pragma once
-// What only the simulated libraries export beside the maker's operations: a host hands over the
-// text of the scenario that it has read, and a person at its shell changes the machine. A host
-// finds both by name with GetProcAddress; where they are missing the libraries are no simulator.
+// Exports that only the simulated libraries have: with them a host passes on the text of a scenario
+// that it has read, and a user of its shell changes the machine. A host looks up both by name with
+// GetProcAddress; a library without them is no simulator.
 
 #include <cstddef>
 
@@ -10,13 +10,12 @@
 #endif
 
 extern "C" {
-/// Changes the member at `path` of the scenario that plays, all UTF-8. 1, or 0 with what is wrong
-/// in `problem`, which has room for `size` bytes and is always terminated.
+/// Changes the member at `path` of the current scenario; texts are UTF-8. Returns 1, or 0 with the
+/// error in `problem`, which has room for `size` bytes and is always terminated.
 SIMULATOR_API int SimulatorSet(const char* path, const char* value, char* problem,
                                std::size_t size) noexcept;
-/// Plays the scenario of this text, `length` bytes, from now on, in place of the one that
-/// WIFI_SCENARIO names. 1, or 0 with what is wrong in `problem`, as above; the old one then plays
-/// on.
+/// From now on plays the scenario in `text`, `length` bytes, instead of the one that WIFI_SCENARIO
+/// names. Returns 1, or 0 with the error in `problem`, as above; then the old scenario stays.
 SIMULATOR_API int SimulatorPlay(const char* text, std::size_t length, char* problem,
                                 std::size_t size) noexcept;
 }

@@ -6,17 +6,17 @@
 
 namespace simulator {
 
-/// Says which file cannot be read, and why.
+/// Says which file cannot be read, and the reason.
 class FileError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// A path of UTF-8 as the system's own calls take it.
+/// A UTF-8 path in the form of the system's own calls.
 std::filesystem::path FilePath(const std::string& utf8);
 
-/// The whole content of a file, a pipe too; its path is UTF-8. Throws FileError for one that is
-/// missing, forbidden or a folder.
+/// The whole content of a file or pipe; its path is UTF-8. Throws FileError if it is missing, must
+/// not be read or is a folder.
 std::string ReadTextFile(const std::string& name);
 
 }  // namespace simulator
