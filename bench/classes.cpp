@@ -1,6 +1,6 @@
-// What an instance of each class costs, beside a floor measured in the same run: the same class
-// fetches, spawns, puts (of values that stand ready) and indications, without the provider; and
-// beside the same library calls alone. Growth by adapters and by networks, trace off and on.
+// What an instance of each class costs, compared with a floor measured in the same run (the same
+// class fetches, spawns, puts of prepared values and indications, without the provider) and with
+// the same library calls alone. Growth by adapters and by networks, trace off and on.
 
 #include <benchmark/benchmark.h>
 
@@ -34,7 +34,7 @@ std::string StationMac(std::size_t index) {
   return std::string(adapterapi::MacText(mac));
 }
 
-/// An initialised provider between the cheapest service and the cheapest libraries.
+/// An initialised provider between the cheapest possible service and libraries.
 class Bench {
  public:
   Bench(std::size_t adapters, std::size_t networks)
@@ -53,7 +53,7 @@ class Bench {
     }
     const auto initSink = ComPtr<InitSink>::Adopt(new InitSink);
     provider->Initialize(nullptr, 0, nullptr, nullptr, &services, nullptr, initSink.get());
-    wifi::SetTraceReceiver(nullptr);  // the journal listens no longer
+    wifi::SetTraceReceiver(nullptr);  // the journal no longer records trace lines
   }
 
   void Enumerate(const Bstr& name) {
@@ -99,7 +99,7 @@ constexpr Class kClasses[] = {
     {"WiFi_PreferredProfile", 1, 1000},
 };
 
-/// Seconds an instance, the figure that a row's ratios are made of.
+/// Seconds per instance, the figure from which a row's ratios are computed.
 void CountInstances(benchmark::State& state, std::size_t instances) {
   state.counters["instance"] = benchmark::Counter(
       static_cast<double>(instances),
@@ -120,7 +120,7 @@ void Provider(benchmark::State& state, const Class& shown) {
   state.counters["bytes"] = static_cast<double>(memory.bytes) / each;
 }
 
-/// The texts of an array as one that is to be made anew, as any provider has to.
+/// The texts of an array, created again each time, as any provider has to create its array.
 Variant MadeAnew(const Variant& array) {
   SAFEARRAYBOUND bound = {16, 0};
   platform::SafeArray made(SafeArrayCreate(VT_BSTR, 1, &bound));
@@ -188,7 +188,7 @@ void EnumerateNetworks(benchmark::State& state) {
   for (auto _ : state) bench.Enumerate(name);
 }
 
-/// Takes every line and does nothing with it.
+/// Receives every line and ignores it.
 class Listener final : public wifi::TraceReceiver {
   void OnLine(const char* line, bool) override { benchmark::DoNotOptimize(line); }
 };

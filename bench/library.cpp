@@ -54,7 +54,7 @@ void FillAdapter(std::size_t index, AdapterListRecord& record) {
   record.present = 1;
 }
 
-/// What getters write: records of small numbers, of which most codes are among the known ones.
+/// What getters write: records of small numbers, most of them known codes.
 template <class Record>
 void FillRecord(Record& record) {
   if constexpr (std::is_arithmetic_v<Record>) {
@@ -63,7 +63,7 @@ void FillRecord(Record& record) {
     static const Record typical = [] {
       Record made;
       std::memset(&made, 0, sizeof(made));
-      // Texts and codes alike: a word of 1 is a number and a text of one character.
+      // Works for texts and codes: a word of 1 is a number and a text of one character.
       for (std::size_t at = 0; at + 4 <= sizeof(made); at += 4) {
         const std::uint32_t word = 1;
         std::memcpy(reinterpret_cast<char*>(&made) + at, &word, sizeof(word));
@@ -136,7 +136,7 @@ void SetProfileCount(std::size_t count) {
 
 }  // namespace bench
 
-// The profile library: profiles without a memory of their own, in the user store alone.
+// The profile library: profiles without memory of their own, only in the user store.
 
 CPreferredProfile::CPreferredProfile() : storage_{} {}
 CPreferredProfile::~CPreferredProfile() = default;

@@ -1,5 +1,5 @@
 #pragma once
-// Both closed libraries at their cheapest: records that stand ready, lists of any length.
+// Both closed libraries at the lowest cost: prepared records, lists of any length.
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace bench {
 
-using namespace adapterapi;  // the list of operations names its records without a namespace
+using namespace adapterapi;  // the operation list names its records without a namespace
 
 /// An adapter control library that answers every getter with typical values and every setter with
 /// success.
@@ -24,11 +24,11 @@ class Library final : public AdapterApi {
 #include "adapterapi/operations.inc"
 #undef QUARN_OPERATION
 
-  /// Whether calls are noted, to be made again by RepeatCalls.
+  /// Whether calls are recorded for RepeatCalls.
   void NoteCalls(bool on) {
     noting_ = on;
   }
-  /// Makes the noted calls again, as the provider made them: through the interface.
+  /// Repeats the recorded calls as the provider made them: through the interface.
   void RepeatCalls() {
     for (const auto& call : noted_) call();
   }
@@ -37,13 +37,13 @@ class Library final : public AdapterApi {
   static void WriteMac(std::size_t index, MacAddress& mac);
 
  private:
-  /// Writes what an output argument of this type gets; leaves the others alone.
+  /// Writes the output for arguments of this type; leaves the others unchanged.
   template <class Argument>
   void Answer(Argument argument);
   template <class... Arguments>
   ApiStatus Call(ApiStatus (AdapterApi::*operation)(Arguments...),
                  std::type_identity_t<Arguments>... arguments);
-  /// Call with the operation given: what the list's parenthesised arguments follow.
+  /// The operation can be called with the parenthesised arguments of the operation list.
   template <class... Arguments>
   auto Bound(ApiStatus (AdapterApi::*operation)(Arguments...)) {
     return [this, operation](Arguments... arguments) { return Call(operation, arguments...); };

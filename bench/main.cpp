@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Seconds of processor time, by the benchmark's name: for one instance where the benchmark counts
-/// them, else for one request.
+/// Seconds of processor time by the benchmark's name: for one instance if the benchmark counts
+/// instances, else for one request.
 class Figures final : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
@@ -37,13 +37,13 @@ class Figures final : public benchmark::BenchmarkReporter {
         if (found != run.counters.end()) memory_[counter + name] = found->second;
       }
       names_[{run.family_index, run.per_family_instance_index}] = name;
-      // The least of the repetitions: noise only adds.
+      // The minimum of the repetitions: noise only adds time.
       double& least = seconds_.try_emplace(name, seconds).first->second;
       least = std::min(least, seconds);
     }
   }
 
-  /// In the order of the sources, in whichever they ran.
+  /// In the order of the sources, whatever order they ran in.
   std::vector<std::string> names() const {
     std::vector<std::string> names;
     for (const auto& [place, name] : names_) names.push_back(name);
@@ -54,7 +54,7 @@ class Figures final : public benchmark::BenchmarkReporter {
     return found == seconds_.end() ? std::nan("") : found->second;
   }
 
-  /// Of "allocations" or "bytes"; empty if they were not counted.
+  /// The counter "allocations" or "bytes"; empty if it was not counted.
   std::string MemoryOf(const char* counter, const std::string& name) const {
     const auto found = memory_.find(counter + name);
     if (found == memory_.end() || found->second == 0) return {};
@@ -68,14 +68,14 @@ class Figures final : public benchmark::BenchmarkReporter {
  private:
   std::map<std::pair<std::int64_t, std::int64_t>, std::string> names_;
   std::map<std::string, double> seconds_;
-  std::map<std::string, double> memory_;  ///< an instance, what the service asks for included
+  std::map<std::string, double> memory_;  ///< per instance, including the service's allocations
 };
 
 double Nanoseconds(double seconds) {
   return seconds * 1e9;
 }
 
-/// What an instance may cost at most, in floors; 0 where nothing is promised.
+/// What an instance may cost at most, in floors; 0 if there is no goal.
 double GoalOf(const std::string& className) {
   static const std::map<std::string, double> goals = {{"WiFi_NetworkAdapter", 5},
                                                       {"WiFi_AdapterTxRxStats", 3},
@@ -109,7 +109,7 @@ void PrintClasses(const Figures& figures) {
   }
 }
 
-/// Every benchmark with sizes: its times and the exponent between the two largest sizes.
+/// Every benchmark with sizes: its times, and the exponent from the previous size.
 void PrintGrowth(const Figures& figures) {
   std::map<std::string, std::map<double, double>> series;
   std::vector<std::string> order;

@@ -9,12 +9,12 @@ struct Memory {
   long bytes = 0;
 };
 
-/// How often `request` asks for memory and for how much, for texts, arrays and objects alike, the
-/// service's included; nothing where that cannot be counted.
+/// How many allocations `request` makes and of how many bytes, for texts, arrays and objects,
+/// including the service's; zero where that cannot be counted.
 Memory MemoryOf(const std::function<void()>& request);
 
-/// Where the platform has a management service of its own: benchmarks of an enumeration through it,
-/// to set the provider's figures beside.
+/// On platforms with a management service of their own: registers benchmarks of an enumeration
+/// through it, for comparison with the provider's figures.
 void RegisterPlatformProvider();
 
 }  // namespace bench

@@ -1,6 +1,6 @@
-// There is no management service here, but every malloc can be seen, operator new's and those of
-// texts too: the C library's own function stands behind this one, which all libraries of the
-// process find first.
+// There is no management service here, but every malloc can be counted, including those of operator
+// new and of texts: all libraries of the process find this function first, which calls the C
+// library's own.
 
 #include <cstdlib>
 

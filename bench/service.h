@@ -1,7 +1,7 @@
 #pragma once
-// A management service that does as little as one can: one class definition, instances from a pool
-// that keep a copy of each value put to them, one after the other, a sink that counts. What a
-// request costs beyond it is the provider's own.
+// A management service that does as little as possible: one class definition, instances from a pool
+// that keep a copy of each value put to them, one after the other, and a sink that counts. Whatever
+// a request costs beyond that is the provider's own cost.
 
 #include <cstddef>
 #include <memory>
@@ -13,7 +13,7 @@
 
 namespace bench {
 
-/// One value under its property's name.
+/// A value and its property's name.
 struct PutValue {
   platform::OleString name;
   platform::Variant value;
@@ -21,7 +21,7 @@ struct PutValue {
 
 class Definition;
 
-/// An instance; returns to its definition's pool at its last release and keeps its slots.
+/// An instance; its last release returns it to its definition's pool, and it keeps its slots.
 class Instance final : public testing_support::UnusedClassObject {
  public:
   explicit Instance(Definition& definition) : definition_(definition) {}
@@ -36,7 +36,7 @@ class Instance final : public testing_support::UnusedClassObject {
   friend class Definition;
   Definition& definition_;
   ULONG references_ = 0;
-  std::vector<PutValue> slots_;  ///< one for each put, repeated ones included
+  std::vector<PutValue> slots_;  ///< one for each put, including repeated ones
   std::size_t next_ = 0;
 };
 
@@ -52,7 +52,7 @@ class Definition final : public testing_support::UnusedClassObject {
   std::vector<Instance*> free_;
 };
 
-/// Counts instances; keeps what was put to the first one.
+/// Counts instances; keeps the values that were put to the first one.
 class CountingSink final : public testing_support::FakeUnknown<IWbemObjectSink> {
  public:
   std::size_t indicated = 0;

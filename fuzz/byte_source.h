@@ -9,7 +9,7 @@
 #include "platform/text.h"
 #include "platform/variant.h"
 
-/// Gives an input away piece by piece; zeros behind its end.
+/// Takes an input apart piece by piece; zeros after its end.
 class ByteSource {
  public:
   explicit ByteSource(FuzzInput bytes) : rest_(bytes) {}
@@ -22,7 +22,7 @@ class ByteSource {
     if (count != 0) std::memcpy(room, rest_.data(), count);
     rest_ = rest_.subspan(count);
   }
-  /// A record: any bytes, or one all over it, so that no text in it ends.
+  /// A record: arbitrary bytes, or the same byte throughout, so that no text in it is terminated.
   void Record(void* room, std::size_t size) {
     if (Below(4) == 3) {
       std::memset(room, Take<std::uint8_t>(), size);
@@ -39,14 +39,14 @@ class ByteSource {
   /// A number below `end`.
   unsigned Below(unsigned end) { return Take<std::uint8_t>() % end; }
 
-  /// Bytes, as many as the first says.
+  /// Bytes; the first one is their number.
   std::string Bytes() {
     std::string text(std::min<std::size_t>(Take<std::uint8_t>(), rest_.size()), '\0');
     Fill(text.data(), text.size());
     return text;
   }
   platform::OleString Text() { return platform::WideText(Bytes()); }
-  /// What is left, each byte a character.
+  /// The rest of the input, one character per byte.
   platform::OleString TextToTheEnd() {
     platform::OleString text(rest_.begin(), rest_.end());
     rest_ = {};

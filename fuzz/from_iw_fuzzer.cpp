@@ -1,4 +1,4 @@
-// Any bytes at all give a scenario that can be read, or are refused with ScenarioError.
+// Arbitrary bytes give a scenario that can be read, or are refused with ScenarioError.
 
 #include "fuzz/fuzz_target.h"
 #include "scenario/from_iw.h"

@@ -8,7 +8,7 @@
 
 using FuzzInput = std::span<const std::uint8_t>;
 
-/// Tries one input. Anything but a return is a finding.
+/// Tries one input. Anything but returning is a finding.
 #define FUZZ_TARGET(name) void Fuzz_##name(FuzzInput bytes);
 #include "fuzz/targets.inc"
 #undef FUZZ_TARGET
@@ -17,7 +17,7 @@ inline std::string_view TextOf(FuzzInput bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// A promise that an input broke.
+/// Ends the process with the promise that an input broke.
 inline void Require(bool kept, const char* promise) {
   if (kept) return;
   std::fprintf(stderr, "broken: %s\n", promise);

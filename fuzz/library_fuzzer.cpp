@@ -1,4 +1,5 @@
-// Any bytes in every record, list and text of both libraries, and any status of their operations.
+// Arbitrary bytes in every record, list and text of both libraries, and any status of their
+// operations.
 
 #include "fuzz/provider_world.h"
 

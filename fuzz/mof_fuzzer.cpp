@@ -1,4 +1,5 @@
-// Any bytes are a MOF text or give a MofError; what is read can be checked and described.
+// Arbitrary bytes are a MOF text or give a MofError; a schema that was read can be checked and
+// described.
 
 #include "fuzz/fuzz_target.h"
 #include "host/mof/check.h"

@@ -1,4 +1,4 @@
-// Any text is an object path or is refused. What the writer makes of a path reads as the same path.
+// Any text is an object path or is refused. The written form of a path is read as the same path.
 
 #include <memory>
 

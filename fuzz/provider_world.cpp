@@ -41,7 +41,7 @@ HRESULT ClientObject::Get(LPCWSTR name, LONG, VARIANT* value, CIMTYPE*, LONG*) {
     value->bstrVal = platform::AnsiBstr(class_ + (property == "__PATH" ? "=@" : "")).release();
     return S_OK;
   }
-  // The key is mostly that of an adapter, as nothing else is asked of the object otherwise.
+  // The key is mostly that of an adapter, because otherwise nothing else of the object is read.
   const std::uint8_t kind = source_.Take<std::uint8_t>();
   if ((property == "DeviceID" || property == "SettingID" || property == "AdapterID") &&
       kind < 224) {
@@ -59,7 +59,7 @@ ProviderWorld::ProviderWorld(ByteSource& source)
     : source_(source), textsBefore_(native::LiveAllocations()) {
   services_ = ComPtr<FakeNamespace>::Adopt(new FakeNamespace(script_));
   provider_ = ComPtr<wifi::InstanceProvider>::Adopt(new wifi::InstanceProvider(api_));
-  native::SetOsVersion(VER_PLATFORM_WIN32_NT, 5, 1);  // nothing is left out
+  native::SetOsVersion(VER_PLATFORM_WIN32_NT, 5, 1);  // no property is left out
   const std::uint32_t count = 2;
   const AdapterListRecord records[] = {Adapter(1), Adapter(2)};
   adapters_.resize(sizeof(count) + sizeof(records));
@@ -113,7 +113,7 @@ void ProviderWorld::Give(Value* value) {
   source_.Record(value, sizeof(*value));
 }
 
-// The count may say less than there is, never more: no memory behind the list is anybody's.
+// The count may be too small but never too large: the memory after the list belongs to others.
 template <class List, class Entry, class Count>
 void ProviderWorld::GiveList(const List** list) {
   const unsigned entries = source_.Below(5);

@@ -1,5 +1,5 @@
 #pragma once
-// A provider with two adapters among fakes, for one input. When it ends, nothing of it may be left.
+// A provider with two adapters among fakes, for one input. At its end nothing of it may be left.
 
 #include "fuzz/byte_source.h"
 #include "provider/server/instance_provider.h"
@@ -7,7 +7,7 @@
 #include "tests/support/fake_profile_library.h"
 #include "tests/support/fake_wbem.h"
 
-/// An object that a client hands over; what it holds comes from the input, read by read.
+/// An object that a client passes; its content comes from the input, one read at a time.
 class ClientObject final : public testing_support::UnusedClassObject {
  public:
   ClientObject(ByteSource& source, const char* className) : source_(source), class_(className) {}
@@ -35,7 +35,8 @@ class ProviderWorld {
   void LibrariesFromInput();
   void Initialize();
 
-  /// Makes a request (IWbemServices&, IWbemObjectSink* to HRESULT): it has one status, its answer.
+  /// Makes a request (IWbemServices&, IWbemObjectSink* to HRESULT): it sets one status, which
+  /// equals its result.
   template <class Make>
   void Request(Make&& make) {
     const auto sink =

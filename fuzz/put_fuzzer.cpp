@@ -1,4 +1,4 @@
-// Instances whose properties hold values of any type, put under each class that can be updated.
+// Instances with property values of any type, put to each class that can be updated.
 
 #include "fuzz/provider_world.h"
 

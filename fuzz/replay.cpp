@@ -1,6 +1,6 @@
-// replay FOLDER VARIATIONS: tries every input of FOLDER/NAME.txt, one a line in hexadecimal digits,
-// with each fuzzer, without the fuzzing library: as it stands, and then changed at random, the same
-// way in every run. A finding prints its input: that line belongs into the corpus.
+// replay FOLDER VARIATIONS: tries every input of FOLDER/NAME.txt, one per line in hexadecimal
+// digits, with each fuzzer, without the fuzzing library: unchanged, and then changed at random, the
+// same way in every run. A finding prints its input, a line to add to the corpus.
 
 #include <sanitizer/common_interface_defs.h>
 
@@ -91,7 +91,7 @@ class Variations {
   }
 
   const std::vector<Bytes>& corpus_;
-  std::mt19937 random_;  // NOLINT(cert-msc51-cpp): every run tries the same
+  std::mt19937 random_;  // NOLINT(cert-msc51-cpp): every run tries the same inputs
 };
 
 }  // namespace

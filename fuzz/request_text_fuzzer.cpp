@@ -1,4 +1,4 @@
-// Any text as a query, a class name or a path: each request has its one status.
+// Any text as a query, a class name or a path: each request sets exactly one status.
 
 #include "fuzz/provider_world.h"
 

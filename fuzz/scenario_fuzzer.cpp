@@ -1,4 +1,4 @@
-// Any bytes at all are a scenario, or are refused with ScenarioError.
+// Arbitrary bytes are a scenario, or are refused with ScenarioError.
 
 #include "fuzz/fuzz_target.h"
 #include "scenario/scenario.h"

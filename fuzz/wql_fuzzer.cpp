@@ -1,4 +1,5 @@
-// Any bytes are a query or give a QueryError; one that is read decides on an instance.
+// Arbitrary bytes are a query or give a QueryError; a query that was read is evaluated for an
+// instance.
 
 #include "fuzz/fuzz_target.h"
 #include "host/query/associators.h"
