@@ -4,9 +4,9 @@
 
 namespace adapterapi {
 
-/// The adapter control library as the provider sees it: one operation a row of operations.inc.
-/// Replaceable, so that the provider runs against any implementation of those operations.
-/// A call may throw: what the library throws, or platform::StructuredException.
+/// The adapter control library as the provider sees it: one operation for each row of
+/// operations.inc. An interface, so that the provider runs with any implementation.
+/// A call may throw an exception of the library or platform::StructuredException.
 class AdapterApi {
  public:
   virtual ~AdapterApi() = default;

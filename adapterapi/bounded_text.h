@@ -6,7 +6,7 @@
 
 namespace adapterapi {
 
-/// The narrow text at `text`, up to its terminator or `room` bytes, whichever comes first.
+/// The narrow text at `text`, which ends at its terminator or after `room` bytes.
 inline std::string_view BoundedText(const void* text, std::size_t room) {
   const char* first = static_cast<const char*>(text);
   const void* end = std::memchr(first, '\0', room);
@@ -14,7 +14,7 @@ inline std::string_view BoundedText(const void* text, std::size_t room) {
           end == nullptr ? room : static_cast<std::size_t>(static_cast<const char*>(end) - first)};
 }
 
-/// The text of a record's field, which may fill it without a terminator.
+/// The text in a field of a record. A text that fills the field has no terminator.
 template <std::size_t Size>
 std::string_view BoundedText(const char (&field)[Size]) {
   return BoundedText(field, Size);

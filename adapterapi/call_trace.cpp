@@ -8,7 +8,7 @@
 namespace adapterapi {
 namespace {
 
-// Asked once, when the module is loaded.
+// Read once, when the module is loaded.
 const bool traced = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "calls");
 
 }  // namespace

@@ -1,13 +1,13 @@
 #pragma once
-// One line for each call of a closed library, whoever made the library. With the environment
-// variable WIFI_PROVIDER_TRACE set to "calls" when the module is loaded, each goes to the debugger
+// Traces each call of a closed library, real or simulated. If the environment variable
+// WIFI_PROVIDER_TRACE is "calls" when the module is loaded, each call writes a line to the debugger
 // (OutputDebugStringA):
 //
 //   GetBand adapter=1 band=3 -> 0, 12 us
 //   GetTxRate adapter=1 -> 0x80004005, fault 2, 9 us
 //
-// A library that leaves an application-defined error (bit 29) behind for the thread says so which
-// of its faults it has applied. Otherwise nothing is asked and nothing is written.
+// The simulator reports an applied fault through SetLastError: 0x20000000 | fault index. If calls
+// are not traced, nothing is measured or written.
 
 #include <chrono>
 #include <cstdint>
@@ -25,15 +25,16 @@ inline constexpr DWORD kFaultError = 0x20000000;
 /// Whether calls are traced.
 bool TracesCalls() noexcept;
 
-/// One line: made before the call, ended behind it.
+/// One line of the trace. Construct it before the call, call Stop and Write after it.
 class CallLine {
  public:
   explicit CallLine(const char* operation);
 
-  /// Takes the time and the thread's error: first thing behind the call.
+  /// Saves the time and the last error. To be called right after the call, before anything else.
   void Stop() noexcept;
 
-  // Arguments that say something; what the library fills only once it has answered success.
+  // Each adds an argument. Out-parameters are added only after success; arguments without a
+  // readable value are left out.
   void Add(std::string_view name, std::uint32_t number);
   void Add(std::string_view name, const char* text);
   void Add(std::string_view name, const ExcludeEntryRecord* entry);
@@ -70,8 +71,8 @@ class CallLine {
 /// "0" or "0x80004005".
 std::string StatusText(std::int32_t status);
 
-/// What `call` answers, which makes one call of a library behind the fence; `names` is the list of
-/// `arguments` as it is written, "(adapter, band)".
+/// Runs `call`, which makes one call of a library inside the fence, and returns its status. `names`
+/// is the source text of the argument list, such as "(adapter, band)".
 template <class Call, class... Arguments>
 std::int32_t TracedCall(const char* operation, std::string_view names, Call&& call,
                         const Arguments&... arguments) {

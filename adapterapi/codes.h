@@ -1,6 +1,6 @@
 #pragma once
-// The libraries' codes and bits with their texts as clients see them, and the numbers of settings.
-// Texts of bits that are shown one after the other end in their separator.
+// The codes and bits of the libraries with the texts that clients see, and the numbers of settings.
+// If a property lists the texts of all bits, each text ends with the separator.
 
 #include <cstdint>
 #include <string_view>
@@ -12,8 +12,8 @@ struct CodeText {
   std::string_view text;
 };
 
-/// Settings and policies by number: GetSettingValue and SetBoosSeteing, GetPolicyValue and
-/// SetPolicyValue.
+/// The numbers of settings (GetSettingValue, SetBoosSeteing) and policies (GetPolicyValue,
+/// SetPolicyValue).
 namespace setting {
 inline constexpr SettingNumber kAutoConnectPolicy{201};   ///< a policy: 0, 1 or 2
 inline constexpr SettingNumber kSingleBssMode{406};       ///< flag
@@ -46,7 +46,7 @@ inline constexpr std::uint32_t kInfrastructure = 1;
 inline constexpr std::uint32_t kAdHoc = 2;
 inline constexpr CodeText kOpModes[] = {{kInfrastructure, "Infrastructure"}, {kAdHoc, "Ad hoc"}};
 
-// The blank behind TKIP belongs to the text.
+// The blank after TKIP belongs to the text.
 inline constexpr CodeText kEncryptions[] = {
     {1, "None"},        {2, "40-bit"},       {3, "104-bit"},
     {4, "CKIP 40-bit"}, {5, "CKIP 104-bit"}, {6, "TKIP "},
@@ -70,7 +70,7 @@ inline constexpr CodeText kAuthenAlgorithms[] = {
     {7, "EapFast"},
 };
 
-// The order of the rows of these two is their precedence: the strongest first.
+// In these two tables the first row whose bit is set wins: the strongest is first.
 inline constexpr CodeText kCiphers[] = {
     {0x10, "AES-CCMP"}, {0x04, "TKIP"},  {0x08, "Orvel Wrap"}, {0x40, "CKIP"},
     {0x20, "WEP104"},   {0x02, "WEP40"}, {0x01, "None"},
@@ -98,7 +98,7 @@ inline constexpr CodeText kRates[] = {
     {1u << 9, "24, "}, {1u << 10, "36, "}, {1u << 11, "48, "}, {1u << 12, "54, "},
 };
 
-// Channel numbers; the bits beyond have none.
+// Channel numbers; higher bits have no text.
 inline constexpr CodeText k5GhzChannels[] = {
     {1u << 0, "34, "},   {1u << 1, "36, "},   {1u << 2, "38, "},   {1u << 3, "40, "},
     {1u << 4, "42, "},   {1u << 5, "44, "},   {1u << 6, "46, "},   {1u << 7, "48, "},

@@ -21,7 +21,7 @@ class ImportedApi final : public AdapterApi {
 #undef QUARN_OPERATION
 };
 
-// Ready before anything runs, as the module's entry point needs it, and without a guard.
+// Initialized at compile time: the entry point of the module uses it, and it needs no guard.
 constinit ImportedApi api;
 
 }  // namespace

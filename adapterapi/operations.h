@@ -1,5 +1,8 @@
 #pragma once
-// Every operation as a value: its name and how to call it, from the one list.
+// Each operation of operations.inc as a value: its name and how to call it.
+//
+//     PspInfoRecord record = {};
+//     const auto result = GuardedCall(state.api, operation::GetPspInfo, entry.number, record);
 
 #include "adapterapi/adapter_api.h"
 
@@ -8,7 +11,7 @@ namespace adapterapi {
 template <class... Parameters>
 struct Operation {
   const char* name;
-  const char* raisedLine;  ///< what is traced when it raises
+  const char* raisedLine;  ///< the trace line if the call raises an exception
   ApiStatus (AdapterApi::*call)(Parameters...);
 };
 

@@ -8,7 +8,7 @@
 
 namespace wifi {
 
-/// The profile's name; a record may hold one without a terminator.
+/// The name of the profile. It may have no terminator.
 inline std::string_view ProfileName(const ORVEL_WLAN_PROFILE& profile) {
   return adapterapi::BoundedText(profile.bytes + adapterapi::kProfileNameOffset,
                                  adapterapi::kProfileSize - adapterapi::kProfileNameOffset);

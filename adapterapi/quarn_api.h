@@ -1,6 +1,6 @@
 #pragma once
-// The adapter control library QuarnApi as a client links it. It exports by ordinal only; the import
-// library, made from operations.inc, ties these names to the ordinals.
+// The declarations of the adapter control library QuarnApi for its client. The library exports by
+// ordinal only; the import library, made from operations.inc, maps these names to the ordinals.
 
 #include "adapterapi/records.h"
 

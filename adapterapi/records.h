@@ -1,40 +1,41 @@
 #pragma once
-// The adapter control library's records as its interface lays them out: little-endian, fixed
-// widths, no text guaranteed to end inside its field. Fields named `unread…` carry what the product
-// never looks at. Sizes and offsets are in bytes.
+// The records of the adapter control library in their binary layout: little-endian, fixed widths; a
+// text may have no terminator in its field. The product never reads fields named `unread…`. Sizes
+// and offsets are in bytes.
 
 #include <cstddef>
 #include <cstdint>
 
 namespace adapterapi {
 
-/// The library's number for an adapter, first argument of every call about it and of no other.
+/// The library's number for an adapter: the first argument of every operation on an adapter, and of
+/// no other operation.
 using AdapterNumber = std::uint32_t;
 
-/// The library's number for a setting or a policy; setting:: in codes.h has those that are known.
+/// The library's number for a setting or a policy. The known ones are in `setting` in codes.h.
 enum SettingNumber : std::uint32_t {};
 
-/// A number that is the same in every call of its operation.
+/// An argument that is the same in every call of its operation.
 enum FixedNumber : std::uint32_t {};
 
-/// What every operation of the library returns: zero is success.
+/// The result of every operation of the library. Zero is success.
 using ApiStatus = std::int32_t;
 
-/// Six bytes of an IEEE 802 address, first byte first.
+/// An IEEE 802 address: six bytes, in the order in which they are written.
 using MacAddress = std::uint8_t[6];
 
 #pragma pack(push, 1)
 
-/// One adapter of the table that GetAdapterList gives.
+/// One adapter of GetAdapterList.
 struct AdapterListRecord {
   AdapterNumber number;
   MacAddress macAddress;
   std::uint8_t unread10[1218];
-  std::uint32_t present;  ///< non-zero: the adapter is there
+  std::uint32_t present;  ///< non-zero: the adapter is plugged in
   std::uint8_t unread1232[8];
 };
 
-/// GetAdapterList: a count, then as many records.
+/// GetAdapterList: a count, followed by that many records.
 struct AdapterList {
   std::uint32_t count;
   AdapterListRecord records[1];
@@ -46,7 +47,7 @@ struct PspInfoRecord {
   std::uint32_t mode;  ///< power-save mode, 1 to 7
 };
 
-/// GetCcxVersion. The library fills three bytes; the rest is room of ours.
+/// GetCcxVersion. The library fills three bytes; `room` is our safety margin.
 struct CcxVersionRecord {
   std::uint8_t major;
   std::uint8_t minor;
@@ -54,8 +55,8 @@ struct CcxVersionRecord {
   std::uint8_t room[13];
 };
 
-/// GetCcxPowerLevels: a count, then as many levels in dBm. The library states no most; a count
-/// beyond the room is cut to it.
+/// GetCcxPowerLevels: a count, followed by that many levels in dBm. The library documents no
+/// maximum; a count above kRoom is read as kRoom.
 struct CcxPowerLevelsRecord {
   static constexpr std::uint32_t kRoom = 255;
   std::uint32_t count;
@@ -65,11 +66,11 @@ struct CcxPowerLevelsRecord {
 /// ORVEL_WLAN_PROFILE of both libraries (ApplyProfile, GetLastAppliedProfile).
 inline constexpr std::size_t kProfileSize = 3648;
 inline constexpr std::size_t kProfileNameOffset = 4;       ///< narrow text
-inline constexpr std::size_t kProfileReenterOffset = 208;  ///< u32, 1 asks for re-entry
+inline constexpr std::size_t kProfileReenterOffset = 208;  ///< u32, 1: re-enter request
 inline constexpr std::size_t kProfileFlagsOffset = 2640;   ///< u32
 inline constexpr std::uint32_t kProfileAppliedFlag = 0x2;  ///< set before every application
 
-/// GetExcludeCandidate and ExcludeThisAP: handed on unread.
+/// GetExcludeCandidate fills it, and it is passed unread to ExcludeThisAP.
 struct ExcludeCandidateRecord {
   std::uint8_t unread[3648];
 };
@@ -104,7 +105,7 @@ struct AssociationInfoRecord {
   std::uint8_t unread141[3];
 };
 
-/// GetAssociationStats: counters since the last reset.
+/// GetAssociationStats: counters since the last ResetStatistics.
 struct AssociationStatsRecord {
   std::uint32_t unread0[2];
   std::int32_t rssi;  ///< dBm
@@ -146,7 +147,7 @@ struct ScanListEntry {
   std::uint8_t unread80[8];
 };
 
-/// A list that the library owns: a signed count, then as many entries.
+/// A list that the library owns: a signed count, followed by that many entries.
 template <class Entry>
 struct LibraryList {
   std::int32_t count;
@@ -156,7 +157,7 @@ using ScanList = LibraryList<ScanListEntry>;
 
 /// One network of GetExcludeList; also what AddExcludeListEntry and RemoveExcludeListEntry take.
 struct ExcludeEntryRecord {
-  char ssid[32];  ///< zero-padded; a name of 32 bytes ends at the zero byte behind the field
+  char ssid[32];  ///< zero-padded; a name of 32 bytes is ended by the zero byte after the field
   std::uint8_t unread32[8];
   MacAddress macAddress;
   std::uint8_t unread46[2];
@@ -164,7 +165,7 @@ struct ExcludeEntryRecord {
 };
 using ExcludeList = LibraryList<ExcludeEntryRecord>;
 
-/// GetDeviceInfo; handed on to SetAdapter and IsAdapterSupported.
+/// GetDeviceInfo fills it; it is passed to SetAdapter and IsAdapterSupported.
 struct DeviceInfoRecord {
   std::uint8_t unread0[6];
   std::uint16_t vendorId;
@@ -178,7 +179,7 @@ struct DeviceInfoRecord {
   std::uint32_t cardType;  ///< one bit
 };
 
-/// GetAdapterConfiguration. The library may fill more than is read: the room is generous.
+/// GetAdapterConfiguration. The library may write more than the product reads, hence `room`.
 struct ConfigInfoRecord {
   std::int32_t interruptNumber;
   std::uint32_t ioAddress;
@@ -207,7 +208,7 @@ struct VersionInfoRecord {
   char eeprom[32];
 };
 
-/// GetAdapterFeatures: 32-bit flags, non-zero is supported.
+/// GetAdapterFeatures: 32-bit flags; non-zero: supported.
 struct FeaturesRecord {
   std::uint32_t antennaDiversity;
   std::uint32_t beaconInterval;
@@ -261,7 +262,7 @@ struct TcpipConfigRecord {
   char scopeId[34];
 };
 
-/// GetTcpipv6ConfigInfo; `size` is set by the caller to the record's size.
+/// GetTcpipv6ConfigInfo. The caller sets `size` to the size of the record.
 struct Tcpipv6ConfigRecord {
   std::uint32_t size;
   std::uint32_t dhcpEnabled;
@@ -283,7 +284,7 @@ struct Tcpipv6ConfigRecord {
   std::uint8_t unread1476[8];
 };
 
-/// GetTxRxStats: packet and byte counters; the arrays have one element a transmit rate.
+/// GetTxRxStats: packet and byte counters; the arrays have one element for each transmit rate.
 struct TxRxStatsRecord {
   std::uint32_t rates[16];
   std::uint32_t txTotalPackets;
@@ -402,8 +403,8 @@ static_assert(offsetof(TxRxStatsRecord, rxNonDirectPackets) == 284);
 
 }  // namespace adapterapi
 
-/// One profile as both closed libraries pass it: 3648 bytes, read and written only at the offsets
-/// above. Lives in the global namespace because the profile library's decorated names carry it.
+/// A profile, as both closed libraries pass it: 3648 bytes, read and written only at the offsets
+/// above. It is in the global namespace because the decorated names of the profile library say so.
 struct ORVEL_WLAN_PROFILE {
   std::uint8_t bytes[adapterapi::kProfileSize];
 };

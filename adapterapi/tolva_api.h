@@ -1,12 +1,12 @@
 #pragma once
-// The profile library TolvaApi as a client links it: plain classes, bound by the decorated names of
-// the platform's compiler (tolva_api.def lists them), objects owned by the caller with the
-// library's storage inside. The names follow from these declarations and the widths of LONG and
-// ULONG alone.
+// The declarations of the profile library TolvaApi for its client: plain classes, bound by the
+// decorated names of the platform's compiler (listed in tolva_api.def). The caller owns the
+// objects; they contain the storage that the library uses. The names depend only on these
+// declarations and on the widths of LONG and ULONG.
 
 #include "platform/platform.h"
 
-// Whoever builds the library may define this as what exports its classes; a client needs no import
+// A build of the library may define this as its export attribute. A client needs no import
 // attribute for functions.
 #ifndef TOLVA_API
 #define TOLVA_API
@@ -17,9 +17,9 @@ enum ORVEL_OPMODE : int { ORVEL_OPMODE_BSS = 1, ORVEL_OPMODE_IBSS = 2 };
 enum ORVEL_ALGORITHM : int {};
 enum ORVEL_AUTHMODE : int {};
 
-/// An assumption, not a fact: the maker publishes neither size nor layout of its objects, which
-/// live in the caller's memory. Every object gets this room, in bytes, aligned to 16; a library
-/// whose objects need more would write beyond it.
+/// The size in bytes of each object of the library, aligned to 16. This is an assumption: the
+/// objects are in the caller's memory, but the maker publishes neither their size nor their layout.
+/// A library with larger objects would write beyond them.
 inline constexpr unsigned kTolvaStorage = 4096;
 
 class TOLVA_API CPreferredProfile {
