@@ -1,7 +1,10 @@
 #pragma once
 // The management schema as tables, made from wifi_adapter_provider.mof when the build is
-// configured. The product's tables are held to it when they are compiled; tests, fuzzers and
-// benchmarks walk it.
+// configured. The tables of the product are checked against it at compile time; tests, fuzzers and
+// benchmarks iterate over it.
+//
+//     for (const contract::Method& method : contract::kMethods) Call(method.className,
+//     method.name); static_assert(contract::FindClass("WiFi_AdapterFeatures") != nullptr);
 
 #include <cstddef>
 #include <iterator>
@@ -11,7 +14,7 @@
 
 namespace contract {
 
-/// A name, whatever the width of its letters; can be a template's argument, which compilers show.
+/// A name, from narrow or wide characters. As a template argument it is shown in compiler messages.
 struct Name {
   char letters[96] = {};
 
@@ -35,8 +38,8 @@ struct Name {
 
 struct Class {
   std::string_view name;
-  std::string_view keys;  ///< joined by blanks
-  bool isWritten;         ///< a property of it is
+  std::string_view keys;  ///< the names of the keys, separated by blanks
+  bool isWritten;         ///< whether a property of the class can be written
 };
 
 struct Property {
@@ -80,7 +83,7 @@ inline constexpr Parameter kParameters[] = {
 #include "schema/contract.inc"
 };
 
-/// Null for a class that the schema lacks.
+/// A class by its name; null if the schema does not have it.
 constexpr const Class* FindClass(const Name& name) {
   for (const Class& row : kClasses) {
     if (row.name == name.view()) return &row;
@@ -88,7 +91,7 @@ constexpr const Class* FindClass(const Name& name) {
   return nullptr;
 }
 
-/// The property or method of a class, null if there is none.
+/// A property or method of a class; null if there is no such member.
 template <class Row, std::size_t Count>
 constexpr const Row* FindMember(const Row (&rows)[Count], const Name& className, const Name& name) {
   const std::string_view wantedClass = className.view();
@@ -113,7 +116,7 @@ constexpr const Parameter* FindOut(const Name& className, const Name& method) {
   return nullptr;
 }
 
-/// The row of a table, by its className; null if there is none.
+/// The row of a table with this className; null if there is no such row.
 template <class Row, std::size_t Count>
 constexpr const Row* RowOf(const Row (&rows)[Count], const Name& className) {
   for (const Row& row : rows) {
@@ -122,7 +125,7 @@ constexpr const Row* RowOf(const Row (&rows)[Count], const Name& className) {
   return nullptr;
 }
 
-/// The first className of a table that the schema lacks; empty if there is none.
+/// The first className of a table that the schema does not have; empty if it has all of them.
 template <class Row, std::size_t Count>
 constexpr Name UnknownClass(const Row (&rows)[Count]) {
   for (const Row& row : rows) {
@@ -131,7 +134,8 @@ constexpr Name UnknownClass(const Row (&rows)[Count]) {
   return {};
 }
 
-/// Does not compile with a name: what a table names and the schema lacks.
+/// Compiles only if `Unknown` is empty. Otherwise the compiler shows the name that the schema does
+/// not have.
 template <Name Unknown>
 constexpr bool IsKnown() {
   static_assert(Unknown.view().empty(),
