@@ -1,4 +1,4 @@
-// Each operation of the binding calls the library's function of its own name with its own
+// Each operation of the binding calls the library's function with its own name and its own
 // arguments.
 
 #include <gtest/gtest.h>
@@ -50,7 +50,7 @@ extern "C" {
 
 namespace {
 
-/// Calls with the arguments 1, 2, 3…; what the library was then called with.
+/// Calls with the arguments 1, 2, 3…; returns the arguments that the library received.
 template <class... Parameters>
 void Try(const char* name,
          adapterapi::ApiStatus (adapterapi::AdapterApi::*operation)(Parameters...)) {

@@ -1,5 +1,5 @@
-// The ordinals are the contract with the closed library: a second list, kept apart from the one
-// that the binding is made of, tells when one of the two was mistyped.
+// The ordinals are the contract with the closed library. A second list, separate from the one that
+// the binding is made from, shows when one of them has a typing error.
 
 #include "adapterapi/operations.h"
 

@@ -105,7 +105,7 @@ class ChannelUpdate : public testing_support::UpdateFixture {
 
 TEST_F(ChannelUpdate, WritesTheTwoChannelsOfItsAdapterAlone) {
   EXPECT_EQ(Put(Channel(Variant::Integer(149), Variant::AnsiText("11"))), S_OK);
-  // A ChannelA that holds no number leaves the library's.
+  // A ChannelA without a number leaves the library's channel unchanged.
   EXPECT_EQ(Put(Channel(Variant::AnsiText("x"), Variant::Integer(-1))), S_OK);
   EXPECT_EQ(Put(Channel(Raw(VT_NULL, 5), Variant::Integer(1))), S_OK);
   auto without = Channel(Variant(), Variant::Integer(1));
@@ -113,7 +113,7 @@ TEST_F(ChannelUpdate, WritesTheTwoChannelsOfItsAdapterAlone) {
   EXPECT_EQ(Put(without), S_OK);
   EXPECT_EQ(changes, (Strings{"112 1 149 3 4 11 6 7 8 112", "112 1 36 3 4 4294967295 6 7 8 112",
                               "112 1 36 3 4 1 6 7 8 112", "112 1 36 3 4 1 6 7 8 112"}));
-  api.onGetChannelInfo = testing_support::Answers(0);  // and nothing is written
+  api.onGetChannelInfo = testing_support::Answers(0);  // without writing anything
   testing_support::DirtyStack();
   EXPECT_EQ(Put(Channel(Variant::Integer(1), Variant::Integer(2))), S_OK);
   EXPECT_EQ(changes.back(), "112 0 1 0 0 2 0 0 0 0");

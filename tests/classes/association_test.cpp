@@ -145,7 +145,7 @@ TEST_F(Association, StatsOutcomes) {
   EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), S_OK);
   EXPECT_EQ(sink->objects.size(), 2u);
   script.putResults.clear();
-  script.indicateResults = {{3, 1}};  // a success code is success, and the walk goes on
+  script.indicateResults = {{3, 1}};  // a success code does not end the walk
   EXPECT_EQ(wifi::EnumerateAssociationStats(state, delivery()), S_OK);
   EXPECT_EQ(sink->objects.size(), 4u);
   script.putResults = {{"PercentMissedBeacons", E_FAIL}};

@@ -25,7 +25,7 @@ TEST_F(ExcludeLists, ExcludeList) {
   EXPECT_EQ(Shown(), (Lines{"SettingID=text:7", "Caption=text:Caption 7",
                             "Description=text:Description 7", "NetworkName=text:Cafe",
                             "MacAddress=text:01:80:FF:00:00:00", "Reason=number:1"}));
-  script.putResults = {{"Caption", E_FAIL}};  // the address is traced all the same
+  script.putResults = {{"Caption", E_FAIL}};  // the address is still traced
   EXPECT_EQ(wifi::EnumerateExcludeList(state, delivery()), E_FAIL);
   EXPECT_EQ(journal.traces().back(), "01:80:FF:00:00:00");
 }
@@ -55,7 +55,7 @@ TEST_F(ExcludeLists, ExcludeEntryByName) {
                    "Done Getting network information for WiFi_NetworkExcludeList"}));
   EXPECT_EQ(get("Cafe"), S_OK);
   EXPECT_EQ(sink->objects.back()->Last("Reason"), "number:0");
-  // A name is compared over 32 bytes and shown over 33.
+  // A name is compared over 32 bytes and shown up to 33.
   EXPECT_EQ(get((full + "y").c_str()), kNotFound);
   EXPECT_EQ(get(full.c_str()), S_OK);
   EXPECT_EQ(sink->objects.back()->Last("NetworkName"), "text:" + full);

@@ -19,13 +19,13 @@ class FillerFixture : public StateFixture {
     journal.Clear();
     return filler(state, object.get(), entry);
   }
-  /// What was put, without the key.
+  /// The puts, without the key.
   Lines Puts() const {
     Lines puts = object->ShownPuts();
     if (!puts.empty() && puts.front() == "SettingID=text:7") puts.erase(puts.begin());
     return puts;
   }
-  /// The names of the puts that were attempted, failing ones included.
+  /// The names of the attempted puts, including failing ones.
   Lines Attempts() const { return journal.Of("put "); }
 
   wifi::AdapterEntry& entry = AddAdapter("7", 70);

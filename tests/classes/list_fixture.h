@@ -7,7 +7,7 @@ namespace testing_support {
 
 inline constexpr HRESULT kNotFound = WBEM_E_NOT_FOUND;
 
-/// A list with a count of its own, at an odd address: the library aligns nothing.
+/// A list with an independent count, at an odd address: the library aligns nothing.
 template <class Entry>
 class ListBytes {
  public:
@@ -31,7 +31,7 @@ class ListBytes {
   std::vector<char> bytes_;
 };
 
-/// One adapter whose lists are shown.
+/// One adapter with lists.
 class ListFixture : public FillerFixture {
  protected:
   wifi::ParsedPath Path(const OLECHAR* key, const char* value) {

@@ -20,7 +20,7 @@ class NetworkAdapter : public StateFixture {
  protected:
   NetworkAdapter() { AddAdapter("7", 42); }
 
-  /// Fills a fresh instance and keeps it.
+  /// Fills a new instance and keeps it.
   HRESULT Fill() {
     object = MakeObject();
     return FillNetworkAdapter(state, object.get(), state.adapters->at("7"));
@@ -33,7 +33,7 @@ class NetworkAdapter : public StateFixture {
   platform::ComPtr<FakeObject> object;
 };
 
-/// Getters with telling values.
+/// Getters with distinctive values.
 void SetBelievable(testing_support::FakeAdapterApi& api) {
   api.onGetAdapterType = Gives(3u);
   api.onGetBand = Gives(3u);
@@ -105,7 +105,7 @@ TEST_F(NetworkAdapter, PutsEveryRowInOrder) {
                                           "ConnectionPreference=number:2",
                                           "DisableRfControl=flag:true"}));
   const LastKnownValues& cache = state.memory.lastKnown;
-  EXPECT_EQ(cache.radioState, 2u);  // raw, not the truth value
+  EXPECT_EQ(cache.radioState, 2u);  // the raw number, not a boolean
   EXPECT_EQ(cache.readyForProfileState, 1u);
   EXPECT_EQ(cache.ibssTxPower, 4u);
   EXPECT_EQ(cache.pspMode, 5u);
@@ -115,7 +115,7 @@ TEST_F(NetworkAdapter, PutsEveryRowInOrder) {
   EXPECT_EQ(cache.xpZeroConfigEnabled, 0u);
   EXPECT_EQ(cache.disableRfControl, 9u);
 
-  // Each line stands before its call, the call before its put.
+  // Each trace line comes before its call, and the call before its put.
   EXPECT_EQ(Strings(journal.events().begin(), journal.events().begin() + 6),
             (Strings{"trace Filling adapter information for WiFi_NetworkAdapter", "trace 7",
                      "put DeviceID", "trace Getting adapter type for WiFi_NetworkAdapter",
@@ -149,7 +149,7 @@ TEST_F(NetworkAdapter, PutsEveryRowInOrder) {
 }
 
 TEST_F(NetworkAdapter, LeavesFourPropertiesOutOnNt6) {
-  // What the version query answers by itself, natively and under Wine.
+  // The version query's own answer, natively and under Wine.
   SetBelievable(api);
   state.memory.lastKnown.adapterState = 77;
   EXPECT_EQ(Fill(), S_OK);
@@ -211,7 +211,7 @@ TEST_F(NetworkAdapter, TextsOfCodes) {
 
 TEST_F(NetworkAdapter, FailingAndRaisingGetters) {
   const OsVersionNotNt6 version;
-  // The value when the getter answers 5 with its output written, and when it raises.
+  // The value if the getter returns 5 with its output written, and if it raises an exception.
   const struct {
     const char* property;
     const char* operation;
@@ -295,7 +295,7 @@ TEST_F(NetworkAdapter, FailingAndRaisingGetters) {
 
 TEST_F(NetworkAdapter, PutsThePreferencesTwiceAndGuardsOnlyTheFirstPass) {
   const OsVersionNotNt6 version;
-  // A failing status: 0 first, then whatever the library left.
+  // A failing status: 0 first, then the value that the library left.
   api.onGetProtocolPreference = Gives(6u, 1);
   api.onGetConnectionPreference = Gives(3u, 1);
   ASSERT_EQ(Fill(), S_OK);
@@ -359,7 +359,7 @@ TEST_F(NetworkAdapter, PowerLevelsInMilliwatts) {
     };
     EXPECT_EQ(Value("CcxPowerLevels"), row.text) << row.count;
   }
-  // A count beyond the record is cut to it.
+  // A count larger than the record is limited to it.
   api.onGetCcxPowerLevels = [](auto, adapterapi::CcxPowerLevelsRecord* record) {
     record->count = 0xFFFFFFFF;
     return 0;

@@ -10,15 +10,16 @@ using Strings = std::vector<std::string>;
 
 constexpr HRESULT kProviderFailure = WBEM_E_PROVIDER_FAILURE;
 
-/// The writable properties in their order: their setters (and first argument for adapter "12"), and
-/// what is traced when an instance lacks them and when the setter refuses. `highest` 0 is a flag.
+/// The writable properties in their order, with their setters (and first argument for adapter "12")
+/// and the trace lines for a missing property and for a setter that refuses. A `highest` of 0 means
+/// a flag.
 const struct Property {
   const char* name;
   LONG highest = 0;
   const char* setter;
   const char* first;
   const char* missing;
-  const char* refused = nullptr;  ///< none: nothing is traced
+  const char* refused = nullptr;  ///< null: nothing is traced
 } kProperties[] = {
     {.name = "RadioState",
      .setter = "SetRadioState",
@@ -71,7 +72,7 @@ const struct Property {
 
 class NetworkAdapterUpdate : public testing_support::UpdateFixture {
  protected:
-  /// An instance whose values say that nothing is to change.
+  /// An instance whose values request no change.
   platform::ComPtr<FakeObject> Adapter(const char* key = "12") {
     auto object = Submitted("WiFi_NetworkAdapter", "DeviceID", key);
     for (const Property& property : kProperties) {
@@ -80,13 +81,13 @@ class NetworkAdapterUpdate : public testing_support::UpdateFixture {
     }
     return object;
   }
-  /// Puts an instance for adapter "12" whose one property differs.
+  /// Puts an instance for adapter "12" in which one property differs.
   HRESULT PutOne(const char* property, Variant value) {
     auto object = Adapter();
     object->values[property] = std::move(value);
     return Put(object);
   }
-  /// The same with the property's highest value, `flag` for a flag.
+  /// The same with the property's highest value, or with `flag` for a flag.
   HRESULT PutHighest(const Property& property, bool flag = true) {
     return PutOne(property.name, property.highest == 0 ? Variant::Boolean(flag)
                                                        : Variant::Integer(property.highest));
@@ -104,7 +105,7 @@ TEST_F(NetworkAdapterUpdate, EachPropertyReachesOnlyItsAdapterAndOnlyOnce) {
     EXPECT_EQ(PutHighest(property), S_OK);
     EXPECT_EQ(changes, Strings{std::string(property.setter) + " " + property.first + " " +
                                std::to_string(value)});
-    EXPECT_EQ(PutHighest(property, false), S_OK);  // so that the next row finds it unset
+    EXPECT_EQ(PutHighest(property, false), S_OK);  // so that it is unset for the next row
   }
 }
 
@@ -154,7 +155,7 @@ TEST_F(NetworkAdapterUpdate, TheKeyDecidesWhoseTheInstanceIs) {
   EXPECT_EQ(Put(object), WBEM_E_INVALID_OBJECT);
   EXPECT_EQ(journal.calls(), Strings{});
   EXPECT_EQ(journal.traces(), Strings{});
-  // Keys are ANSI texts: a full-width digit is the digit.
+  // Keys are ANSI texts: a full-width digit becomes the ordinary digit.
   object = Adapter();
   object->values["DeviceID"] = Variant::Text(OLESTR("\uFF112"));
   object->values["RadioState"] = Variant::Boolean(true);

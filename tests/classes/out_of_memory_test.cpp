@@ -1,4 +1,4 @@
-// A value that finds no memory is put as an error, never as another value.
+// A value for which there is no memory is put as an error, never as another value.
 
 #include "classes/adapter_class.h"
 #include "classes/adapter_configuration.h"

@@ -6,13 +6,13 @@
 
 namespace testing_support {
 
-/// A record written at byte offsets, as the library writes it, not through the product's fields.
+/// A record written at byte offsets, as the library writes it, without the product's fields.
 template <class Record>
 class RecordBytes {
  public:
   RecordBytes() { std::memset(&record_, 0, sizeof(record_)); }
 
-  /// A little-endian number of Number's width.
+  /// A little-endian number with the width of Number.
   template <class Number>
   RecordBytes& At(std::size_t offset, Number number) {
     return Bytes(offset, {reinterpret_cast<const char*>(&number), sizeof(number)});

@@ -1,5 +1,5 @@
 // What every filler of one guarded record does when the library refuses or throws, and when puts
-// fail: the rules that the classes deliberately do not share.
+// fail: the rules in which the classes deliberately differ.
 
 #include "adapterapi/codes.h"
 #include "classes/adapter_channel.h"
@@ -22,16 +22,16 @@ struct Rule {
   const char* operation;
   void (*answer)(FakeAdapterApi&, ApiStatus);
   void (*raise)(FakeAdapterApi&);  ///< after writing into the record
-  HRESULT refused[2];              ///< the result when the library answers 5 and -5
-  std::size_t puts;                ///< of an empty record, with the key
-  const char* sample;              ///< one of them
-  bool directKey;                  ///< the key's put has no fence
+  HRESULT refused[2];              ///< the result if the library returns 5 and -5
+  std::size_t puts;                ///< for an empty record, including the key
+  const char* sample;              ///< one of these puts
+  bool directKey;                  ///< the key is put without a fence
 
   friend void PrintTo(const Rule& rule, std::ostream* out) { *out << rule.name; }
 };
 
-/// What the library wrote before it threw does not count. It is handed a cleared record, which may
-/// tell its size.
+/// What the library wrote before it threw is ignored. It gets a cleared record, which may contain
+/// its size.
 ApiStatus RaiseAfterWriting(void* record, std::size_t size) {
   const auto* bytes = static_cast<const char*>(record);
   EXPECT_LE(std::count_if(bytes, bytes + size, [](char byte) { return byte != 0; }), 2);
@@ -143,7 +143,7 @@ TEST_F(FillerFixture, WhatTheLibraryLeavesAloneIsZero) {
 struct FailingPut {
   Filler fill;
   const char* property;
-  std::size_t attempts;  ///< puts attempted, with the key
+  std::size_t attempts;  ///< attempted puts, including the key
   HRESULT result;
 };
 

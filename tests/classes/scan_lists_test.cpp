@@ -89,7 +89,7 @@ TEST_F(ScanLists, WalkStopRules) {
   script.indicateResults = {{5, E_FAIL}};  // the first entry of two: the walk goes on
   EXPECT_EQ(enumerate(), S_OK);
   EXPECT_EQ(sink->objects.size(), 7u);
-  script.indicateResults = {{10, 1}};  // the last one ends it, with a success code too
+  script.indicateResults = {{10, 1}};  // the last one ends the walk, even with a success code
   EXPECT_EQ(enumerate(), 1);
   EXPECT_EQ(sink->objects.size(), 9u);
 
@@ -97,7 +97,7 @@ TEST_F(ScanLists, WalkStopRules) {
   journal.Clear();
   EXPECT_EQ(enumerate(), E_FAIL);
   EXPECT_EQ(journal.Of("put OperationMode").size() + journal.Of("indicate").size(), 0u);
-  EXPECT_EQ(journal.Of("spawn ").size(), 2u);  // the first adapter's only
+  EXPECT_EQ(journal.Of("spawn ").size(), 2u);  // only the first adapter's
 }
 
 TEST_F(ScanLists, NoListIsNotFound) {

@@ -1,4 +1,4 @@
-// Who owns the arrays of the statistics, counted in the native layer's live blocks.
+// The owners of the statistics' arrays, checked by counting the native layer's live blocks.
 
 #include <memory>
 
@@ -46,7 +46,7 @@ TEST_F(ArrayOwnership, EveryFailingAllocationIsReportedAndLeaksNothing) {
     result = wifi::FillSafeArray(state, object.get(), OLESTR("Rates"), values);
     native::FailAllocation(0);
     if (result == S_OK) break;
-    const bool created = nth > 2;  // an array is two blocks
+    const bool created = nth > 2;  // an array consists of two blocks
     EXPECT_EQ(result, created ? WBEM_E_NOT_FOUND : E_OUTOFMEMORY);
     EXPECT_TRUE(
         journal.Has(created ? "trace Error is E_OUTOFMEMORY" : "trace Error out of memory"));

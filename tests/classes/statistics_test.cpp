@@ -8,7 +8,7 @@ namespace {
 
 using Statistics = FillerFixture;
 
-/// Word n of the record holds n, except the two largest of their kind.
+/// Word n of the record is n, except for the two largest values of their types.
 TxRxStatsRecord SomeStatistics() {
   RecordBytes<TxRxStatsRecord> record;
   for (std::uint32_t word = 0; word < 88; ++word) record.At(4 * word, word);
@@ -81,7 +81,7 @@ TEST_F(Statistics, OnlyTheLastArrayDecides) {
   EXPECT_THROW(wifi::EnumerateStatistics(state, delivery()), std::runtime_error);
 }
 
-// The slots of an array belong to all requests.
+// The slots of an array are shared by all requests.
 TEST_F(Statistics, AnArrayOutlivesTheFillsThatItsPutLetsIn) {
   api.onGetTxRxStats = Gives(SomeStatistics());
   FaultPlan plan{Step::kPut, Manner::kReenter, 2, false};

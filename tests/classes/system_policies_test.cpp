@@ -37,7 +37,7 @@ TEST_F(SystemPolicies, TheOneInstanceWhateverTheKey) {
   EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
   ASSERT_EQ(sink->objects.size(), 1u);
   EXPECT_EQ(sink->objects[0]->puts.size(), 3u);
-  api.onGetPolicyValue = api.onGetSettingValue = Answers(0);  // and nothing is written
+  api.onGetPolicyValue = api.onGetSettingValue = Answers(0);  // without writing anything
   EXPECT_EQ(Enumerate("WiFi_SystemPolicies"), S_OK);
   ASSERT_EQ(sink->objects.size(), 1u);
   EXPECT_EQ(sink->objects[0]->Last("AutoConnect"), "number:0");

@@ -13,7 +13,7 @@ struct TextField {
   std::size_t size;
 };
 
-/// Every text filled to its field's last byte with a letter of its own; adds what is expected.
+/// Every text fills its field to the last byte with a letter of its own; adds the expected values.
 template <class Record, std::size_t Count>
 void FillTexts(RecordBytes<Record>& record, const TextField (&fields)[Count], Lines& expected) {
   char letter = 'a';
@@ -64,8 +64,8 @@ TEST_F(TcpIpSettings, Ipv6CountsBeyondTheRecordEndWithIt) {
   record.Fill(0, 1484, 'x').At(16, 0xFFFFFFFFu).At(572, 0x7FFFFFFFu);
   api.onGetTcpipv6ConfigInfo = Gives<Tcpipv6ConfigRecord>(record);
   EXPECT_EQ(Fill(wifi::FillTcpIpv6Settings), S_OK);
-  // The last slots hold the 14 and the 8 bytes that the record has left for them. The count at 572
-  // lies over the slot from 570 on.
+  // The last slots have only the 14 and the 8 bytes that are left in the record. The count at 572
+  // overlaps the slot at 570.
   const std::string gateways = object->Last("DefaultGateway");
   EXPECT_EQ(gateways.size(), std::string("text:").size() + 18 * 52 + 10);
   EXPECT_EQ(gateways.substr(gateways.size() - 12), "  " + std::string(8, 'x') + "  ");

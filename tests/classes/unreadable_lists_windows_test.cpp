@@ -24,7 +24,7 @@ TEST_F(UnreadableLists, WhatCanBeReadIsDeliveredAndTheRestEndsTheWalk) {
   std::vector<char> bytes(4 + 2 * sizeof(ScanListEntry));
   const std::int32_t count = 100;
   std::memcpy(bytes.data(), &count, sizeof(count));
-  // Two whole entries, the second cut short by a byte, a count cut short, no memory at all.
+  // Two whole entries, the second one short of a byte, a truncated count, no memory at all.
   const struct {
     std::size_t readable;
     std::size_t delivered;

@@ -8,7 +8,7 @@
 namespace testing_support {
 
 /// A provider with the adapters "10", "12" and "7" (in map order; numbers 110, 112, 107), whose
-/// library notes every change it is asked for. A change answers what `statuses` says, else 0.
+/// library records every requested change. A change returns its entry in `statuses`, else 0.
 class UpdateFixture : public ProviderFixture {
  protected:
   UpdateFixture() {
@@ -32,7 +32,7 @@ class UpdateFixture : public ProviderFixture {
     };
     journal.Clear();
   }
-  /// A put finds the stack as other calls left it.
+  /// Puts with the stack as other calls leave it.
   HRESULT Put(const platform::ComPtr<FakeObject>& object) {
     DirtyStack();
     return provider->PutInstanceAsync(object.get(), 0, nullptr, sink.get());
@@ -71,7 +71,7 @@ class UpdateFixture : public ProviderFixture {
   std::vector<std::string> changes;  ///< "SetRadioState 107 1"
 };
 
-/// A value of a type that no platform::Variant factory makes.
+/// A value of a type that no factory of platform::Variant makes.
 inline platform::Variant Raw(VARTYPE type, LONG bits) {
   platform::Variant value = platform::Variant::Integer(bits);
   value.in_place()->vt = type;

@@ -42,7 +42,7 @@ TEST_F(Methods, CallsWithAFlag) {
     const char* className;
     const char* method;
     const char* flag;
-    const char* on;  ///< what the library is called with
+    const char* on;  ///< arguments of the library call
     const char* off;
   } kRows[] = {
       {"WiFi_NetworkAdapter", "RegisterProfileService", "Register", "107 1 1", "107 0 1"},
@@ -154,7 +154,7 @@ TEST_F(Methods, IsCurrentProfileIgnoresLetterCase) {
       {"Stra\xDF"
        "e",
        Variant::AnsiText("Strasse"), kFalse},
-      // What a locale's rules equate are different names.
+      // Names that a locale's rules treat as equal are different names.
       {"AE\xC6",
        Variant::AnsiText("\xC6"
                          "AE"),
@@ -164,7 +164,7 @@ TEST_F(Methods, IsCurrentProfileIgnoresLetterCase) {
       {"\xFF\x9A\x9C\x9E", Variant::AnsiText("\x9F\x8A\x8C\x8E"), kTrue},
       {"5", Variant::Integer(5), kTrue},
       {"", Variant::AnsiText(""), kTrue},
-      {"", Variant::Error(E_FAIL), kTrue},  // what is no text counts as the empty one
+      {"", Variant::Error(E_FAIL), kTrue},  // a value that is no text counts as an empty text
       {"Office", Variant::Error(E_FAIL), kFalse},
       {std::string(adapterapi::kProfileSize - 4, 'a'),
        Variant::AnsiText(std::string(adapterapi::kProfileSize - 4, 'A')), kTrue},
@@ -234,7 +234,7 @@ TEST_F(Methods, ExcludeListEntries) {
     EXPECT_EQ(OnAdapterAnswer("AddExcludeListEntry"), kFalse);
     EXPECT_EQ(OnAdapterAnswer("RemoveExcludeListEntry"), kFalse);
   }
-  in->values["NetworkName"] = Variant::Integer(5);  // a number is no name
+  in->values["NetworkName"] = Variant::Integer(5);  // a number is not a name
   in->values["Reason"] = Variant::Integer(1);
   EXPECT_EQ(OnAdapterAnswer("AddExcludeListEntry"), kFalse);
   EXPECT_EQ(journal.calls(), Strings{});

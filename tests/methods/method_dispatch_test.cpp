@@ -67,7 +67,7 @@ TEST_F(MethodDispatch, EveryMethodAnswersItsOutParameters) {
   for (const auto& row : kRows) {
     for (const std::string& method : row.methods) {
       SCOPED_TRACE(method);
-      // An adapter that is not there, under a class name in other letter case.
+      // A missing adapter, under a class name in another letter case.
       std::string path = std::string(row.className) + "." + row.key + "=\"none\"";
       path[0] = 'w';
       EXPECT_EQ(Exec(path, method.c_str()), WBEM_S_NO_ERROR);
@@ -77,7 +77,7 @@ TEST_F(MethodDispatch, EveryMethodAnswersItsOutParameters) {
       EXPECT_EQ(Exec(std::string(row.className) + "=@", method.c_str()), WBEM_S_NO_ERROR);
       EXPECT_EQ(Out().size(), 1u);
       if (method.rfind("Set", 0) != 0) continue;
-      // Served, without a body.
+      // Accepted, but without a body.
       EXPECT_EQ(OnAdapter(method.c_str()), WBEM_S_NO_ERROR);
       EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
     }
@@ -96,7 +96,7 @@ TEST_F(MethodDispatch, AFaultOfTheLibraryIsFalse) {
   journal.Clear();
   EXPECT_EQ(Exec("WiFi_NetworkExcludeList.SettingID=\"7\"", "IsExcludeListEnabled"), 0);
   EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
-  EXPECT_EQ(journal.Of("method "), Strings(2, "IsExcludeListEnabled"));  // made, and made anew
+  EXPECT_EQ(journal.Of("method "), Strings(2, "IsExcludeListEnabled"));  // made, and made again
 }
 
 TEST_F(MethodDispatch, TheStatusIsThatOfDelivery) {

@@ -23,11 +23,11 @@ class MethodFixture : public ProviderFixture {
   HRESULT OnAdapter(const char* method) {
     return Exec("WiFi_NetworkAdapter.DeviceID=\"7\"", method);
   }
-  /// The out-parameters of the last method, in the order in which they were put.
+  /// The out-parameters of the last method, in the order of their puts.
   std::vector<std::string> Out() const {
     return sink->objects.size() == 1 ? sink->objects[0]->ShownPuts() : std::vector<std::string>();
   }
-  /// Notes the numbers that an operation is called with and answers `status`.
+  /// Records the numbers with which an operation is called, and returns `status`.
   auto Noting(adapterapi::ApiStatus status = 0) {
     return [this, status](auto... numbers) {
       arguments.clear();

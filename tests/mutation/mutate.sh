@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # mutate.sh [--list] [--sample N] [--seed S] [--again] [FILE…]: puts one fault after the other into the
-# product and tells which of them the tests notice. A fault is one changed line: another operator or
-# constant, a swapped word, a deleted statement, a negated condition, another answer or text.
+# product and says which of them the tests notice. A fault is one changed line: another operator or
+# constant, a swapped word, a deleted statement, a negated condition, another result or text.
 #
 #   --sample N  only N of them, chosen by --seed S (1)      --again  those that once survived, again
 #   --list      only list them                              FILE…    only the faults of these files
 #
-# A fault meets only the tests that its folder can turn red, those of the folder first, then what wmihost
-# prints, and ends at the first that is red. Everything happens in build/mutation: a copy of the sources,
-# builds of its own, one job, and results.tsv, which holds every verdict. A fault with a verdict is not
-# tried again, so that a run that was interrupted goes on; --again is for those that survived, after the
-# tests have changed.
+# Each fault is tried only with the tests that its folder can make fail, those of the folder first, then
+# wmihost's expected outputs, until one of them fails. Everything happens in build/mutation: a copy of
+# the sources, separate builds, one job, and results.tsv with every verdict. A fault with a verdict is
+# not tried again, so an interrupted run can be continued; use --again for the survivors after the tests
+# have changed.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 here=$root/tests/mutation
@@ -35,7 +35,7 @@ cd "$root"
   grep -E '^(host|scenario|simulator|provider|classes|methods|profiles|adapterapi|platform)/.*\.(h|cpp|inc)$' |
   grep -vE '_(mingw|windows)\.(h|cpp)$|/windows[./]')
 
-# A row a fault: KEY FILE LINE KIND FAULTY-LINE. The key stays when lines move.
+# One row per fault: KEY FILE LINE KIND FAULTY-LINE. The key does not change when lines move.
 faults() {
   awk -f "$here/mutants.awk" "${files[@]}" | awk -F '\t' '
     { key = $1 "|" $3 "|" $4; print key "#" ++seen[key] "\t" $0 }'
@@ -53,9 +53,9 @@ if [ $list = 1 ]; then
   exit
 fi
 
-# The sources as they are now, and the tree that is built: the same but for one line.
+# The present sources, and the tree that is built: the same except for one line.
 source=$work/source
-copy() { # FROM TO: what differs
+copy() { # FROM TO: only what differs
   while IFS= read -r file; do
     cmp -s "$1/$file" "$2/$file" || { mkdir -p "$2/$(dirname "$file")" && cp "$1/$file" "$2/$file"; }
   done <"$work/files"
@@ -63,8 +63,8 @@ copy() { # FROM TO: what differs
 git ls-files -co --exclude-standard >"$work/files"
 copy "$root" "$source"
 copy "$source" "$tree"
-# Each source is compiled for itself; for a header's faults each target is a unity build, since most of its
-# sources would be compiled again.
+# Each source is compiled separately. For faults in a header each target is a unity build, since most of
+# its sources would be compiled again.
 fastest=$(command -v ld.lld >/dev/null && for kind in EXE SHARED MODULE; do
   echo "-DCMAKE_${kind}_LINKER_FLAGS=-fuse-ld=lld"; done)
 for unity in OFF ON; do
@@ -81,8 +81,8 @@ build_for() { # FILE
 }
 ulimit -v 8000000
 
-# What may notice a fault, quickest first: the tests of its own folder, those of the folders that use it,
-# what wmihost prints, and what takes longest.
+# The tests that may notice a fault, quickest first: those of its own folder, those of the folders that
+# use it, wmihost's expected outputs, and the slowest ones.
 suites_for() { # FILE
   local own=${1%%/*} users=
   case $own in
@@ -110,7 +110,7 @@ passes() { # SUITE BUILD
     *) timeout 60 "$2/bin/test_$1" --gtest_fail_fast ;;
   esac
 }
-# What notices the fault that is in the tree: "killed SUITE", "survived" or "did not build".
+# The result for the fault in the tree: "killed SUITE", "survived" or "did not build".
 verdict() { # FILE
   local suite build
   build=$(build_for "$1")
@@ -148,7 +148,7 @@ while IFS=$'\t' read -r key file line kind faulty <&3; do
 done 3< <(chosen <"$work/faults.tsv")
 now=
 
-# The last verdict of each fault that the sources still hold.
+# The last verdict of each fault that still exists in the sources.
 awk -F '\t' '
   FNR == NR { here[$1] = 1; next }
   $1 in here { verdict[$1] = $2; row[$1] = $3 ":" $4 ": " $5 ": " $7 }

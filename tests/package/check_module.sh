@@ -1,6 +1,6 @@
 #!/bin/sh
-# check_module.sh SOURCE BINARIES TOOLS VERSION: what the linked files promise to others: exports,
-# imports by ordinal and by the platform's names, no runtime beside them, protections, resources, version
+# check_module.sh SOURCE BINARIES TOOLS VERSION: checks the interface of the linked files: exports,
+# imports by ordinal and by the platform's names, no separate runtime, protections, resources, version
 # and symbols. TOOLS is the prefix of the binary tools.
 set -eu
 source=$1
@@ -20,8 +20,8 @@ same() { # WHAT EXPECTED FOUND
 words() { tr -s ' \n' ' ' | sed 's/^ //;s/ $//'; }
 tables() { perl "$source/tests/package/pe_tables.pl" "$1"; }
 imported() { tables "$1" | awk '$1 == "import" { print toupper($2) }' | sort -u | words; }
-exports() { tables "$1" | awk '$1 == "export" && NF == 3 { print $3 }' | sort | words; } # those with a name
-imports_from() { # FILE LIBRARY: what it imports of it, ordinals as numbers, names as they are
+exports() { tables "$1" | awk '$1 == "export" && NF == 3 { print $3 }' | sort | words; } # named exports only
+imports_from() { # FILE LIBRARY: what FILE imports from LIBRARY, by number or name
   tables "$1" | awk -v library="$2" '$1 == "import" && $2 == library { sub("#", "", $3); print $3 }' | sort -n | words
 }
 
@@ -50,16 +50,16 @@ for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   same "runtime beside $file" "" "$(imported "$binaries/$file" | grep -oiE 'LIB[A-Z0-9_+-]*\.DLL' | words)"
 done
 
-# The load configuration's flags: the module's folder (0x100) and the system's (0x800) only.
+# The load configuration's flags: only the module's folder (0x100) and the system's (0x800).
 same "folders searched for imports" 0900 "$(tables "$module" | sed -n 's/^searches //p')"
 
 resources=$(strings -e l "$module"; strings "$module")
 for text in REGISTRY TYPELIB 'val ThreadingModel = s' 'ForceRemove {3B14BAD6-C364-4576-8271-39B5850ABDA8}' \
-  'Unable to read thread token'; do # the last is the diagnostic's, which nothing calls
+  'Unable to read thread token'; do # the last one is in the diagnostic function, which is never called
   echo "$resources" | grep -q "$text" || same "texts in the module" "$text" "none such"
 done
 
-# One version everywhere, and simulated files say so.
+# The same version everywhere, and simulated files identify themselves.
 value_of() { strings -e l "$1" | grep -A1 -x "$2" | tail -n 1; } # FILE NAME: a text of the version resource
 while read -r file product; do
   same "product of $file" "$product" "$(value_of "$binaries/$file" ProductName)"
@@ -76,7 +76,7 @@ TolvaApi.dll WiFi Adapter Provider (SIMULATED)
 END
 grep -q "^## $version - [0-9-]*\$" "$source/CHANGELOG.md" || same "the change log" "## $version - DATE" "none such"
 
-# The files are handed out without symbols, which lie beside them: with those an address becomes a line.
+# The delivered files have no symbols; separate files with symbols map an address to a line.
 for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   same "symbols in $file" "" "$("${tools}nm" "$binaries/$file" 2>/dev/null | head -n 1)"
   same "symbols of $file" "$file.debug" "$(strings "$binaries/$file" | grep -x "$file.debug")"

@@ -1,5 +1,5 @@
-/* crash.exe MODULE: has the module read where nothing is, and prints how far from its start the
-   instruction is that did it. */
+/* crash.exe MODULE: makes the module read unmapped memory and prints the offset of the instruction in
+   the module. */
 #include <stdio.h>
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 #!/bin/sh
-# cycle.sh BUILD: the package's whole life under Wine, from its archive in an empty folder: the same
+# cycle.sh BUILD: the package's life cycle under Wine, from its archive in an empty folder: the same
 # archive twice, registration without and with the maker's libraries, requests through COM, removal.
 set -eu
 build=$1
@@ -14,7 +14,7 @@ pack() {
 rm -rf "$work"
 mkdir -p "$work/first"
 
-# The same sources give the same archives, also when the files are linked anew.
+# The same sources give the same archives, even when the files are linked again.
 pack
 archives=$(cd "$build" && ls WiFiAdapterProvider-*.zip)
 (cd "$build" && cp $archives "$work/first")
@@ -41,7 +41,8 @@ if wine regsvr32 /s WiFiAdapterProvider.dll; then fail "registered without the m
 [ -z "$(keys)$(library_key)" ] || fail "a failed registration left keys: $(keys)"
 expect_refused "QuarnApi.dll is missing" ./wmihost.exe
 
-# With them, as the adapter's driver brings them, the module registers: exactly the script's keys.
+# With the libraries, which the adapter's driver installs, the module registers exactly the script's
+# keys.
 cp simulator/*.dll "$system/"
 wine regsvr32 /s WiFiAdapterProvider.dll || fail "regsvr32 answered $?"
 wine regsvr32 /s WiFiAdapterProvider.dll || fail "a second regsvr32 answered $?"

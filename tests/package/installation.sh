@@ -1,5 +1,5 @@
-# For the tests that install under Wine; they source it. $build and $work are the build's and the test's
-# own folder, $test the test's name.
+# Sourced by the tests that install under Wine. $build is the build's folder, $work the test's own, $test
+# the test's name.
 class='{3B14BAD6-C364-4576-8271-39B5850ABDA8}'
 library='{A9A3ACD3-02FF-4C28-8353-F0FDFC66E01A}'
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" WINEPREFIX="$work/wineprefix"
@@ -10,25 +10,25 @@ fail() {
   echo "$test: $*" >&2
   exit 1
 }
-# Wine's helper processes hold the output of the program that starts them, and go a minute after the
-# last program: they start here, without a pipe that the test's reader would wait for.
+# Wine's helper processes keep the output of the program that starts them open, and end a minute after
+# the last program. They are started here, without a pipe that the test's reader would wait for.
 start_wine() {
   mkdir -p "$WINEPREFIX"
   wineserver -p60
   wine wineboot -i >"$work/wine.log" 2>&1 </dev/null || fail "Wine could not start: $(cat "$work/wine.log")"
 }
 windows_path() { wine winepath -w "$1" | tr -d '\r'; }
-registered() { # KEY: the registry's text of it, nothing when it is not there
+registered() { # KEY: its text in the registry, empty if it does not exist
   text=$(wine reg query "$1" /s 2>/dev/null) || return 0
   printf '%s\n' "$text" | tr -d '\r' | sed '/^$/d'
 }
-keys() { # everything that the module's script writes
+keys() { # all keys that the module's script writes
   registered "HKCR\\CLSID\\$class"
   registered HKCR\\WiFiAdapterProvider.Instance
   registered HKCR\\WiFiAdapterProvider.Instance.1
 }
 library_key() { registered "HKCR\\TypeLib\\$library"; }
-expect_registered() { # MODULE: the registration, and nothing else, names this file
+expect_registered() { # MODULE: only the registration names this file
   expected="HKEY_CLASSES_ROOT\\CLSID\\$class
     (Default)    REG_SZ    Instance Class
 HKEY_CLASSES_ROOT\\CLSID\\$class\\InprocServer32
@@ -53,13 +53,13 @@ $expected"
   library_key | grep -qF "$1" || fail "no type library: $(library_key)"
   library_key | grep -q "WiFi Adapter Provider 1.0 Type Library" || fail "no type library: $(library_key)"
 }
-# wmihost also holds the module to its unloading once the last object and lock are gone.
-expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: through COM they are those of the module reached by file
+# wmihost also checks that the module can be unloaded after its last object and lock are released.
+expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: COM gives the same answers as the module's file
   host=$1
   libraries=$2
   scenario=$3
   shift 3
-  export SOURCE_DATE_EPOCH=0 # a dump tells when it was made
+  export SOURCE_DATE_EPOCH=0 # a dump contains its time
   for command; do
     wine "$host" --registered --scenario "$scenario" --format json $command >by_class.txt ||
       fail "--registered $command answered $?"
@@ -69,7 +69,7 @@ expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: through COM they are th
     [ -s by_class.txt ] || fail "$command printed nothing"
   done
 }
-expect_refused() { # TEXT HOST OPTION…: a request fails, and one line says why
+expect_refused() { # TEXT HOST OPTION…: a request fails with one line that says why
   text=$1
   shift
   if wine "$@" enum WiFi_NetworkAdapter >out.txt 2>err.txt; then fail "answered, instead of: $text"; fi

@@ -1,7 +1,8 @@
 #!/bin/sh
-# installer_cycle.sh BUILD TOOLS: the installer's whole life under Wine: an older version, the upgrade, requests through COM, repair,
-# failures that are taken back, removal with and without the maker's libraries. A program that writes
-# down what it is given stands for the schema compiler. TOOLS is the prefix of the binary tools.
+# installer_cycle.sh BUILD TOOLS: the installer's life cycle under Wine: an older version, the upgrade,
+# requests through COM, repair, failures that are rolled back, removal with and without the maker's
+# libraries. A program that records its arguments replaces the schema compiler. TOOLS is the prefix of
+# the binary tools.
 set -eu
 build=$1
 tools=$2
@@ -12,9 +13,9 @@ source=$(cd "$(dirname "$0")/../.." && pwd)
 drive=$WINEPREFIX/drive_c
 folder="$drive/Program Files/WiFiAdapterProvider"
 refused=1603
-failed=1627 # Wine's number for an action that failed; elsewhere 1603
+failed=1627 # Wine's code for a failed action; on Windows 1603
 
-run() { # STATUS ARGUMENT…: what msiexec ends with, of which eight bits come through here
+run() { # STATUS ARGUMENT…: msiexec's exit code, of which the shell gets eight bits
   expected=$(($1 & 255))
   shift
   : >"$drive/compiled.txt"
@@ -26,7 +27,7 @@ expect_compiled() {
   found=$(tr -d '\r' <"$drive/compiled.txt" | tr '\n' ' ')
   [ "$found" = "$*${*:+ }" ] || fail "compiled was '$found', not '$*'"
 }
-versions() { # of the product's entries
+versions() { # the versions of the product's entries
   registered 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' |
     grep -A30 'DisplayName *REG_SZ *WiFi Adapter Provider$' | sed -n 's/.*DisplayVersion *REG_SZ *//p'
 }
@@ -34,7 +35,7 @@ expect_installed() { # VERSION BINARIES
   [ "$(versions)" = "$1" ] || fail "the product's entry says '$(versions)', not $1"
   expect_files "$2"
 }
-expect_files() { # BINARIES: they are there and registered
+expect_files() { # BINARIES: they are installed and registered
   cmp "$folder/WiFiAdapterProvider.dll" "$1/WiFiAdapterProvider.dll"
   cmp "$folder/wmihost.exe" "$1/wmihost.exe"
   expect_registered 'C:\Program Files\WiFiAdapterProvider\WiFiAdapterProvider.dll'
@@ -53,7 +54,7 @@ version=${version%.msi}
 simulator=$build/package-stage/WiFiAdapterProvider-$version/simulator
 scenario=$source/simulator/scenarios/laptop.json
 
-# An older version, signed: its files say 0.9 in their version resources, behind FEEF04BD.
+# An older version, signed: its files have version 0.9 in their version resources, after FEEF04BD.
 for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   perl -0777 -pe 's/(\xbd\x04\xef\xfe.{4}).{16}/$1 . pack("V4", 9, 0, 9, 0)/se' "$build/bin/$file" >"old/$file"
   cmp -s "$build/bin/$file" "old/$file" && fail "$file has no version"
@@ -74,20 +75,20 @@ done
 start_wine
 "${tools}gcc" -O1 "$source/tests/package/schema_compiler.c" -o "$system/wbem/mofcomp.exe"
 
-# Without the maker's libraries: the installer needs them no more than the module to load.
+# Without the maker's libraries: the installer does not need them, only loading the module does.
 run 0 /i "$older"
 expect_installed 0.9.0 "$staged"
 expect_compiled wifi_adapter_provider.mof
 expect_refused "QuarnApi.dll is missing" "$folder/wmihost.exe" --registered
 
-# The upgrade takes the older version away. Then the driver comes, and clients find the provider.
+# The upgrade removes the older version. Then the driver is installed, and clients find the provider.
 run 0 /i "$msi"
 expect_installed "$version" "$build/bin"
 expect_compiled uninstall.mof wifi_adapter_provider.mof
 cp "$simulator"/*.dll "$system/"
 expect_answers "$folder/wmihost.exe" "$simulator" "$scenario" "enum WiFi_NetworkAdapter"
 
-# Repair brings back what is missing or wrong.
+# Repair restores what is missing or wrong.
 rm "$folder/wmihost.exe" "$folder/docs/wmihost.md"
 wine reg delete "HKCR\\CLSID\\$class\\InprocServer32" /f >/dev/null
 run 0 /i "$msi" REINSTALL=ALL REINSTALLMODE=amus AUTORECOVER=1
@@ -99,8 +100,8 @@ expect_compiled -autorecover wifi_adapter_provider.mof
 run "$refused" /i "$older"
 expect_installed "$version" "$build/bin"
 
-# A schema that cannot be removed stops the removal, and all stays (but for the product's entry, which
-# Wine does not bring back); KEEPSCHEMA=1 passes over it.
+# A schema that cannot be removed stops the removal, and everything stays (except for the product's
+# entry, which Wine does not restore); KEEPSCHEMA=1 skips the schema.
 echo >"$drive/compiler-fails.txt"
 run "$failed" /x "$msi"
 expect_compiled uninstall.mof wifi_adapter_provider.mof
@@ -112,7 +113,7 @@ run 0 /x "$msi" KEEPSCHEMA=1
 expect_compiled
 expect_nothing_left
 
-# An installation whose schema cannot be compiled leaves nothing behind either.
+# An installation whose schema cannot be compiled leaves nothing either.
 run "$failed" /i "$msi"
 expect_nothing_left
 rm "$drive/compiler-fails.txt"

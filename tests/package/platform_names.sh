@@ -1,7 +1,7 @@
 #!/bin/sh
-# platform_names.sh SOURCE BUILD TOOLS: the profile library's border, held against the platform's own
-# ABI as another compiler makes it: the listed names, our DLL with a library of that compiler, the
-# simulated library with a client of that compiler. TOOLS is the prefix of the binary tools.
+# platform_names.sh SOURCE BUILD TOOLS: compares the interface of the profile library with the platform's
+# own ABI, as another compiler produces it: the listed names, our DLL with a library of that compiler,
+# the simulated library with a client of that compiler. TOOLS is the prefix of the binary tools.
 set -eu
 source=$1
 build=$2
@@ -16,11 +16,11 @@ fail() {
   echo "platform_names: $*" >&2
   exit 1
 }
-compile() { # FILE OBJECT: for the platform's ABI, without a header of any system
+compile() { # FILE OBJECT: for the platform's ABI, without any system header
   clang++ --target=x86_64-pc-windows-msvc -std=c++20 -O2 -ffreestanding -nostdinc -fno-exceptions \
     -fno-rtti -mno-stack-arg-probe -Wall -Wextra -Werror -I"$abi" -I"$source" -c "$abi/$1" -o "$work/$2"
 }
-define() { # NAME: a definition of the library with the platform's names alone
+define() { # NAME: a definition of the library with only the platform's names
   { echo "LIBRARY TolvaApi.dll"; echo EXPORTS; cat "$work/names"; } >"$work/$1"
 }
 
@@ -29,7 +29,7 @@ mkdir -p "$work/libraries"
 sed -n 's/.* == //p' "$list" | sort >"$work/names"
 [ "$(wc -l <"$work/names")" = 17 ] || fail "$(wc -l <"$work/names") names are listed, not 17"
 
-# The list is what that compiler gives the members of the declared classes.
+# The list equals the names that the compiler gives the members of the declared classes.
 compile profile_library.cpp library.o
 "${tools}nm" "$work/library.o" | awk '$2 == "T" && $3 ~ /^[?]/ { print "\"" $3 "\"" }' | sort >"$work/exported"
 diff "$work/names" "$work/exported" || fail "the listed names (<) are not the compiler's (>)"

@@ -1,5 +1,5 @@
-/* Stands for the system's schema compiler: writes down the options and files that it is given, and fails
-   while C:\compiler-fails.txt is there. */
+/* Replaces the system's schema compiler: records the options and files that it is given, and fails
+   while C:\compiler-fails.txt exists. */
 #include <stdio.h>
 #include <string.h>
 

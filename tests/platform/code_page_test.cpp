@@ -10,7 +10,7 @@ namespace {
 using platform::OleString;
 using platform::OleStringView;
 
-// The conversions agree on every platform if their answers hash to the same number (FNV-1a).
+// The conversions are the same on every platform if their results have the same hash (FNV-1a).
 class Hash {
  public:
   void Add(unsigned value) {

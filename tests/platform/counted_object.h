@@ -2,7 +2,7 @@
 
 #include "platform/platform.h"
 
-/// A COM object whose references a test can read; it starts with the test's own.
+/// A COM object whose reference count a test can read; the test owns the first reference.
 class CountedObject : public IUnknown {
  public:
   virtual ~CountedObject() = default;

@@ -20,8 +20,8 @@ int RaiseNumbered(DWORD code) {
   return 0;
 }
 
-// Whether the fence turns what is raised into the exception that stands for it; the object above it
-// must be destroyed on the way.
+// Whether the fence converts a structured exception into its C++ exception; the object outside the
+// fence must be destroyed during unwinding.
 template <class Call>
 bool Stops(Call call) {
   int destroyed = 0;
@@ -41,7 +41,7 @@ TEST(StructuredFence, StopsAllKindsTimeAfterTime) {
   }
 }
 
-/// Raises when it is asked for its value.
+/// Raises an exception when its value is requested.
 class RaisingValue final : public IDispatch {
  public:
   virtual ~RaisingValue() = default;
@@ -73,7 +73,7 @@ TEST(StructuredFence, Nests) {
     EXPECT_TRUE(Stops([] { return RaiseNumbered(0xE1234567u); }));
     return RaiseNumbered(0xE7654321u);
   }));
-  // From an inner fence on it is a C++ exception.
+  // Outside the inner fence it is already a C++ exception.
   EXPECT_TRUE(Stops([] { platform::CallFenced([] { return RaiseNumbered(0xE0000009u); }); }));
 }
 

@@ -1,4 +1,4 @@
-// A host may set its locale: numbers keep their point.
+// A host may set its locale: numbers still have a decimal point.
 
 #include <gtest/gtest.h>
 

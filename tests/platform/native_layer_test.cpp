@@ -57,7 +57,7 @@ TEST(NativeAllocation, FailsAtEveryPointAndLosesNothing) {
   EXPECT_EQ(before, native::LiveAllocations());
 }
 
-// Wine does so from version 9 on.
+// Wine does this from version 9 on.
 TEST(NativeNumbers, AreWrittenOutWhileFifteenDecimalsHoldThem) {
   const std::pair<double, const char16_t*> rows[] = {
       {0.0005, u"0.0005"},

@@ -19,7 +19,7 @@ TEST(ShortText, PutsPartsTogether) {
                                  .Ascii(u"z")),
             "a-2147483648 429496729500AB78z");
   EXPECT_STREQ(ShortText<3>().Add("abcd").c_str(), "abc");
-  EXPECT_STREQ(ShortText<3>().Add("a").Decimal(1234).c_str(), "a");  // no part of a number
+  EXPECT_STREQ(ShortText<3>().Add("a").Decimal(1234).c_str(), "a");  // never a part of a number
 }
 
 TEST(ShortText, ShowsTenths) {

@@ -12,7 +12,7 @@ namespace {
 
 using platform::Variant;
 
-// A value, or the failure it ended with, as the rows below write it.
+// A value, or the failure with which it ended, in the notation of the rows below.
 std::string Describe(const VARIANT& value) {
   std::ostringstream text;
   switch (value.vt) {

@@ -40,7 +40,7 @@ TEST(ComPtr, KeepsOneReferenceEach) {
   EXPECT_EQ(1u, object.references);
 }
 
-/// Throws whenever it is counted.
+/// Throws from AddRef and Release.
 class ThrowingObject final : public CountedObject {
  public:
   int calls = 0;

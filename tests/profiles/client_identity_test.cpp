@@ -1,4 +1,4 @@
-// Under which identity the profile library works; only the native layer lets it be seen.
+// The identity under which the profile library works; only the native layer shows it.
 
 #include "platform/native/observe.h"
 #include "profiles/preferred_profiles.h"

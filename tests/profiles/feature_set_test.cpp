@@ -48,7 +48,7 @@ TEST_F(FeatureSetTest, AGateNeedsItsFeatureAndTheLowestBitOfItsSetting) {
     api.onGetSettingValue = [&](std::uint32_t setting, std::uint32_t* value) {
       EXPECT_EQ(*value, 0u);
       *value = setting == 415 ? row.persistent : setting == 416 ? row.prelogon : 0;
-      return -1;  // not looked at
+      return -1;  // ignored
     };
     journal.Clear();
     const StoreGates gates = ReadStoreGates(api);

@@ -91,7 +91,7 @@ TEST_F(PreferredProfiles, AListingGoesOnBehindAFailure) {
   script.putResults["SSID"] = E_FAIL;
   EXPECT_EQ(List(), E_FAIL);
   EXPECT_TRUE(sink->objects.empty());
-  // Only Home's put fails. A code that is no failure does not hold an instance back.
+  // Only Home's put fails. A success code does not suppress an instance.
   script.putResults["Type"] = WBEM_S_FALSE;
   library.onCall = [this](const std::string& call) {
     if (call == "GetNext(1)") script.putResults.erase("SSID");
@@ -112,7 +112,7 @@ TEST_F(PreferredProfiles, AnInstanceGoesOnceTheNextProfileIsLoaded) {
 }
 
 TEST_F(PreferredProfiles, AStoreIsListedWhileTheLibrarySaysSuccess) {
-  library.loadStatuses = {{1, -7}};  // instead of Home: the store is left
+  library.loadStatuses = {{1, -7}};  // instead of Home: the rest of the store is skipped
   EXPECT_EQ(List(), S_OK);
   EXPECT_EQ(Listed("Name").at(0), "text:Caf\xC3\xA9");
 }
@@ -122,7 +122,7 @@ TEST_F(PreferredProfiles, ASearchGoesOnUntilTheEnd) {
   EXPECT_EQ(Get("Away"), S_OK);
   EXPECT_EQ(Listed("Name"), Strings{"text:Away"});
   for (int load = 1; load <= 20002; ++load) library.loadStatuses[load] = -7;
-  EXPECT_EQ(Get("Logon"), S_OK);  // a store that never ends is given up
+  EXPECT_EQ(Get("Logon"), S_OK);  // the walk of an endless store is given up
   EXPECT_EQ(library.loads, 20003);
 }
 

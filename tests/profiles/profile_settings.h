@@ -5,7 +5,7 @@
 
 namespace testing_support {
 
-/// This machine's feature switches, empty at first, while it lives.
+/// This machine's feature switches during its lifetime, empty at first.
 class ProfileSettings {
  public:
   void Set(const OLECHAR* name, DWORD type, const void* data, DWORD size) {

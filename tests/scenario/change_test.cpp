@@ -42,7 +42,7 @@ TEST_F(ChangeTest, RefusesWithThePlaceAndChangesNothing) {
       {"adapters/0/present", "1", "/adapters/0/present: it is seen only when"},
       {"adapters/0/bandwidth", "1", "/adapters/0/bandwidth: no such member; accepted are"},
       {"adapters/0/txRate", "fast", "/adapters/0/txRate: expected a number"},
-      // What is no text as it is typed is not taken for one.
+      // A typed JSON text that is invalid is not taken as plain text.
       {"adapters/0/association/ssid", R"("a\u0000b")", "a text cannot hold a zero character"},
       {"adapters/0/association/ssid", R"({"hex": "4"})", "expected pairs"},
       {"adapters/0/availableNetworks/99/rssi", "1", "/adapters/0/availableNetworks/99: expected"},

@@ -13,7 +13,7 @@
 namespace simulator {
 namespace {
 
-/// The scenario that a text becomes, which the simulator takes.
+/// The scenario made from a text, which the simulator accepts.
 nlohmann::json Made(const std::string& text) {
   const ScenarioOfCapture made = ScenarioFromDump(text, "dump");
   ParseScenario(made.json, "made.json");

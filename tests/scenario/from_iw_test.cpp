@@ -22,7 +22,7 @@ std::string Sample() {
   return text.str();
 }
 
-/// The one adapter of the scenario that a capture gives, read back.
+/// The one adapter of the scenario made from a capture.
 Adapter AdapterOf(const std::string& capture) {
   Scenario scenario = ParseScenario(ScenarioFromIw(capture, "scan").json, "made.json");
   EXPECT_EQ(scenario.adapters.size(), 1u);
@@ -114,7 +114,7 @@ TEST(FromIw, KnowsTheChannelsOfBothBands) {
   struct Row {
     int frequency;
     std::uint32_t band;
-    int channel;  ///< 0: there is none, and the network is left out
+    int channel;  ///< 0: no such channel, and the network is left out
   };
   const Row kRows[] = {{2407, 0, 0}, {2412, 3, 1},   {2413, 0, 0}, {2472, 3, 13},
                        {2477, 0, 0}, {2484, 3, 14},  {5155, 0, 0}, {5160, 1, 32},
@@ -133,8 +133,8 @@ TEST(FromIw, KnowsTheChannelsOfBothBands) {
 TEST(FromIw, KeepsTheOctetsOfNames) {
   const std::pair<std::string, std::string> kNames[] = {
       {std::string(32, 'n'), std::string(32, 'n')},
-      {"\\xe7\\xb6\\xb2", "\xE7\xB6\xB2"},  // a letter that code page 1252 lacks
-      {"\\xc0\\xa0", "\xC0\xA0"},           // no UTF-8
+      {"\\xe7\\xb6\\xb2", "\xE7\xB6\xB2"},  // a character that code page 1252 lacks
+      {"\\xc0\\xa0", "\xC0\xA0"},           // not UTF-8
       {"a\\x", "a\\x"},
       {"\\x0a\\x22", "\n\""},
       {"a\\x00b", "a"},  // the record ends at the zero octet
@@ -185,7 +185,7 @@ TEST(FromIw, MakesUpMaskedAddressesThatStayApart) {
   for (const ScanListEntry& entry : scenario.adapters.at(0).cachedNetworks.Seen<ScanListEntry>()) {
     addresses.push_back(adapterapi::MacText(entry.macAddress).c_str());
   }
-  // The adapter has 02:00:00:00:00:01 itself.
+  // The adapter itself has 02:00:00:00:00:01.
   EXPECT_EQ(addresses,
             (std::vector<std::string>{"02:00:00:01:3E:41", "02:00:00:00:3E:41", "02:00:00:02:3E:41",
                                       "00:1A:2B:00:00:00", "02:00:00:00:01:01"}));

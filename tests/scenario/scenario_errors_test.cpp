@@ -19,7 +19,7 @@ std::string ErrorOf(std::string_view json) {
   return "";
 }
 
-/// Wraps members of one adapter.
+/// Puts members into the text of a scenario with one adapter.
 std::string Adapter(const std::string& members) {
   return R"({"adapters": [{"mac": "00:1A:2B:3C:4D:5E", )" + members + "}]}";
 }

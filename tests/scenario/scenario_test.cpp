@@ -11,7 +11,7 @@ AdapterRecords ReadAdapter(const std::string& members) {
       .records;
 }
 
-/// The bytes of a record, as a client of the library reads them.
+/// The bytes of a record as a client of the library reads them.
 template <class Record>
 std::string Bytes(const Record& record, std::size_t offset, std::size_t size) {
   EXPECT_LE(offset + size, sizeof record);

@@ -1,5 +1,5 @@
-# What the build cannot read of a MOF file stops it with a sentence that names the line. Each row is a
-# text and what is said about it; the first has everything that is read and is taken without a word.
+# A MOF text that the build cannot read stops it with a sentence that names the line. Each row is a text
+# and its message; the first row has everything that is supported and gives no message.
 cmake_minimum_required(VERSION 3.25)
 if(DEFINED MOF)
   include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/ReadMof.cmake)

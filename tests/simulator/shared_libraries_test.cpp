@@ -1,4 +1,4 @@
-// Both libraries as a client links them, over the scenario that WIFI_SCENARIO names.
+// Both libraries as a client links them, with the scenario that WIFI_SCENARIO names.
 
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ TEST_F(SharedLibraries, RaiseBothKindsOfExceptionThroughTheFence) {
 }
 
 TEST_F(SharedLibraries, PlayNoScenarioThatTheyCannotRead) {
-  // Both libraries export the hook: the one that is found first stands for both.
+  // Both libraries export the hook; the linker uses the first one that it finds.
   char problem[16];
   EXPECT_EQ(SimulatorPlay("{\"adapters\": 1}#", 15, problem, sizeof problem), 0);
   EXPECT_STREQ(problem, "scenario: /adap");

@@ -1,12 +1,12 @@
-// soak requests N | cycles N | threads N: what a service host does with the module for months. It
-// fails if a request has not one status; requests and cycles also if memory, handles or threads
-// grow.
+// soak requests N | cycles N | threads N: does what a service host does with the module over
+// months. It fails if a request does not set exactly one status; requests and cycles also fail if
+// memory, handles or threads grow.
 //
 // requests: N mixed requests to one provider.
 //
-// cycles: N times load the module, make and initialise a provider, one request, release, unload.
+// cycles: N times: load the module, create and initialise a provider, one request, release, unload.
 //
-// threads: two providers, each in a thread of its own, N requests to each.
+// threads: two providers, each in its own thread, N requests to each.
 
 #include <algorithm>
 #include <atomic>
@@ -36,7 +36,7 @@ void Fail(const std::string& what) {
   failed = true;
 }
 
-/// The module, as a service host holds it.
+/// The module, as a service host loads it.
 class Module {
  public:
   Module() : handle_(LoadLibraryA(MODULE_FILE)) {
@@ -70,7 +70,7 @@ class Module {
   HMODULE handle_;
 };
 
-/// A client and a service of its own, for one thread.
+/// A client and a service for one thread.
 class Service {
  public:
   Service() {
@@ -96,7 +96,7 @@ class Service {
     provider.QueryInterface(IID_IWbemProviderInit, init.put_void());
     init->Initialize(nullptr, 0, nullptr, nullptr, namespace_.get(), nullptr, nullptr);
   }
-  /// The n-th of the mixed requests; how many instances it gave.
+  /// Makes the n-th of the mixed requests; returns its number of instances.
   std::size_t Make(IWbemServices& provider, std::size_t n) {
     journal_.Clear();
     namespace_->contexts.clear();
@@ -120,13 +120,13 @@ class Service {
   std::vector<Request> requests_;
 };
 
-/// Does something so many times and compares what the process holds before and after: memory less
-/// than the smallest leak would take, one text in each of `steps` steps. A heap that still warms up
-/// gets further windows to come to rest; what leaks grows in all of them alike.
+/// Repeats a step and compares what the process holds before and after. Memory may grow by less
+/// than the smallest leak would need, one text in each of `steps` steps. A heap that is still
+/// warming up gets further windows to settle; a leak grows in all of them alike.
 template <class Step>
 void ExpectToHold(const char* what, std::size_t times, std::size_t steps, const Step& step) {
   constexpr std::size_t kSmallestText = 16;  // bytes
-  constexpr std::size_t kMostBytes = 16384;  // of any number of times: the system's own books
+  constexpr std::size_t kMostBytes = 16384;  // for any number of steps: the system's own records
   constexpr int kMostWindows = 20;
   const std::size_t bytes = std::min(times / steps * kSmallestText * 3 / 4, kMostBytes);
   for (int window = 1;; ++window) {
@@ -149,7 +149,7 @@ void SoakRequests(std::size_t times) {
   Service service;
   service.Initialize(*provider.get());
   std::size_t instances = 0;
-  // A stride prime to their number mixes them.
+  // A stride that is coprime to their number mixes them.
   const auto make = [&](std::size_t n) { instances += service.Make(*provider.get(), n * 7919); };
   for (std::size_t n = 0; n < 4 * service.requests(); ++n) make(n);
   if (instances == 0) Fail("no instance was given");
@@ -158,7 +158,7 @@ void SoakRequests(std::size_t times) {
   std::printf("%zu instances\n", instances);
 }
 
-// The libraries stay, as those of the maker are not ours to measure.
+// The libraries stay loaded, because the maker's libraries are not ours to measure.
 void SoakCycles(std::size_t times) {
   LoadLibraryA(QUARN_FILE);
   LoadLibraryA(TOLVA_FILE);

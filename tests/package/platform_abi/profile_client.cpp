@@ -1,10 +1,10 @@
-// A client of the profile library made for the platform's own ABI, without any runtime library. It
-// exits with the number of the first step that went wrong, 0 when all went right.
+// A client of the profile library, compiled for the platform's own ABI without any runtime library.
+// It exits with the number of the first step that failed, 0 if all succeeded.
 
 #include "adapterapi/tolva_api.h"
 
-// The constructors as calls see them: this ABI's give back their object, which the compiler takes
-// for granted unless it is called through a pointer that it cannot see through.
+// The constructors as callers see them: in this ABI they return their object, which the compiler
+// assumes without checking unless it calls them through a pointer whose target it cannot know.
 extern "C" void* ConstructManager(void* storage) __asm__("??0CProfileMgr@@QEAA@XZ");
 extern "C" void* ConstructProfile(void* storage) __asm__("??0CPreferredProfile@@QEAA@XZ");
 

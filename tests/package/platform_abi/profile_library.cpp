@@ -1,6 +1,6 @@
-// A profile library made for the platform's own ABI, with another compiler than the provider's and
-// without any runtime library. It answers only to what a correct caller does, so that arguments,
-// objects and results that come over the border wrongly are seen as missing profiles.
+// A profile library compiled for the platform's own ABI, with another compiler than the provider's
+// and without any runtime library. It responds only to correct calls, so that wrongly passed
+// arguments, objects and results show as missing profiles.
 
 #include "adapterapi/tolva_api.h"
 
@@ -24,7 +24,7 @@ struct Profile {
   char name[32];
 };
 
-int managers = 0;  // alive; each request makes one and ends it
+int managers = 0;  // alive; each request creates one and destroys it
 
 Manager& In(unsigned char* storage) {
   return *reinterpret_cast<Manager*>(storage);
@@ -40,7 +40,7 @@ bool Same(const char* left, const char* right) {
   return *left == *right;
 }
 
-// The user's store holds two profiles, the store behind the logon one, the others none.
+// The user's store has two profiles, the store after logon has one, the others are empty.
 LONG Load(Manager& manager, unsigned char* storage, ULONG store) {
   auto& profile = *reinterpret_cast<Profile*>(storage);
   if (manager.mark != kManagerMark || !manager.open || profile.mark != kProfileMark)

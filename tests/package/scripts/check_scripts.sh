@@ -1,6 +1,6 @@
 #!/bin/sh
-# check_scripts.sh BUILD FILE…: parses the package's PowerShell scripts, which cannot run here. The parser
-# comes from the npm registry, at the versions of package.json, once a build folder.
+# check_scripts.sh BUILD FILE…: parses the package's PowerShell scripts, which cannot run here. The
+# parser comes from the npm registry, in the versions of package.json, once per build folder.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 work=$1/script-parser

@@ -1,4 +1,4 @@
-// The identity under which the library is called; only the native layer lets it be seen.
+// The identity under which the library is called; only the native layer shows it.
 
 #include "platform/native/observe.h"
 #include "tests/support/provider_fixture.h"
@@ -14,7 +14,7 @@ int Depth() {
   return counts.impersonated - counts.reverted;
 }
 
-/// Learns under which identity it is told the status.
+/// Records the identity under which it receives the status.
 class WatchingSink final : public testing_support::FakeUnknown<IWbemObjectSink> {
  public:
   int depth = -1;

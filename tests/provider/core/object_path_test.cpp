@@ -17,7 +17,7 @@ struct Row {
   const char* text;
   PathFlag flag;
   PathResult result;
-  const char* written;  ///< the parsed path as it is written back
+  const char* written;  ///< the written form of the parsed path
 };
 
 constexpr auto kRelative = PathFlag::kRelativeNamespace;
@@ -47,7 +47,7 @@ const Row kRows[] = {
     // One value without a name.
     {R"(C="v")", kAbsolute, kParsed, R"(C="v")"},
     {R"(C."v")", kAbsolute, kParsed, R"(C="v")"},
-    // Numbers and truth values.
+    // Numbers and booleans.
     {"C.K=-12", kAbsolute, kParsed, "C.K=-12"},
     {"C.K=+0", kAbsolute, kParsed, "C.K=0"},
     {R"(C.K='it\'s')", kAbsolute, kParsed, R"(C.K="it's")"},
@@ -68,7 +68,7 @@ const Row kRows[] = {
     {"\\\\HOST", kRelative, kSyntax, ""},
     {"\\\\HOST", kAny, kParsed, "\\\\HOST"},
     {"\\\\\\root:C", kAny, kSyntax, ""},
-    // What is no path.
+    // Texts that are no path.
     {"", kAbsolute, kInvalid, ""},
     {"C.K=1 ", kAbsolute, kInvalid, ""},
     {"\tC", kAbsolute, kInvalid, ""},
@@ -100,7 +100,7 @@ const Row kRows[] = {
     {"C.K=0x1G", kAbsolute, kSyntax, ""},
     {"C.K=0x1_", kAbsolute, kSyntax, ""},
     {"C.K=1x1", kAbsolute, kSyntax, ""},
-    {"C\b", kAbsolute, kSyntax, ""},  // no blank
+    {"C\b", kAbsolute, kSyntax, ""},  // not a blank
     {"C\x1F", kAbsolute, kSyntax, ""},
     {"C.K=0x1-", kAbsolute, kSyntax, ""},
     {"C.K=-", kAbsolute, kSyntax, ""},
@@ -140,7 +140,7 @@ TEST(ObjectPath, WritesKeysByTheirType) {
   value.uiVal = 65535;
   path.AddKey(OLESTR("C"), value);
   path.AddKey(OLESTR("D"), Variant::AnsiText("x\"").get());
-  path.AddKey(OLESTR("E"), Variant::Boolean(true).get());  // no type of a key
+  path.AddKey(OLESTR("E"), Variant::Boolean(true).get());  // not a type of a key
   EXPECT_EQ(Utf8Text(path.Text()), R"(C.A=4294967295,B=-2,C=65535,D="x\"",E=)");
 }
 

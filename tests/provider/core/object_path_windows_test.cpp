@@ -1,4 +1,4 @@
-// The reader of object paths beside the platform's own path object, wherever both are meant to
+// Compares the reader of object paths with the platform's own path object, wherever both should
 // agree.
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ constexpr CLSID kPathClass = {
 constexpr IID kPathInterface = {
     0x3bc15af2, 0x736c, 0x477e, {0x9e, 0x51, 0x23, 0x8a, 0xf8, 0x66, 0x7d, 0xcc}};
 
-// What both tell of a path: CLASS, the number of keys, the server and the namespaces.
+// What both report about a path: CLASS, the number of keys, the server and the namespaces.
 std::string Ours(const OleString& text) {
   std::unique_ptr<ParsedPath> path;
   PathParser(PathFlag::kRelativeNamespace).Parse(text.c_str(), &path);
@@ -59,9 +59,9 @@ std::string ThePlatforms(const OleString& text) {
   return parts;
 }
 
-// Left out is where they are not meant to agree, or where Wine's object knows no better: it refuses
-// nothing, cuts keys at every comma and paths at every backslash, within a quoted value too, and
-// gives no names and values of keys.
+// Left out are paths for which they should not agree, or for which Wine's object is not a
+// reference: it refuses nothing, cuts keys at every comma and paths at every backslash, even in a
+// quoted value, and returns no names and values of keys.
 TEST(PlatformPath, IsReadAlike) {
   CoInitializeEx(nullptr, COINIT_MULTITHREADED);
   const char* const rows[] = {

@@ -27,7 +27,7 @@ constexpr const char* kScript = R"(HKCR
   }
 })";
 
-/// A key of its own below HKEY_CURRENT_USER, gone with the test.
+/// A separate key below HKEY_CURRENT_USER, deleted with the test.
 class Registration : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -91,7 +91,7 @@ TEST_F(Registration, KeepsWhatIsNotItsOwn) {
 TEST_F(Registration, LeavesNothingBehindAfterAFailureHalfWay) {
   auto script = ParseRegistrationScript(kScript, kModule);
   script.back().keys.front().keys.back().name =
-      OleString(300, OLECHAR('k'));  // no key's name is so long
+      OleString(300, OLECHAR('k'));  // longer than a key's name can be
   EXPECT_TRUE(FAILED(ApplyRegistration(root.get(), script)));
   EXPECT_EQ(Content(), (testing_support::RegistryContent{{"\\Shared", ""}}));
 }

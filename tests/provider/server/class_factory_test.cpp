@@ -28,7 +28,7 @@ class ClassFactory : public ::testing::Test {
 TEST_F(ClassFactory, GivesTheOneClassOnly) {
   CLSID other = kInstanceProviderClass;
   other.Data1 ^= 1;
-  void* object = this;  // what a caller's variable held before
+  void* object = this;  // the previous value of a caller's variable
   EXPECT_EQ(GetClassFactory(api, other, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
   EXPECT_EQ(object, nullptr);
   object = this;
@@ -46,7 +46,7 @@ TEST_F(ClassFactory, MakesProvidersWithTheirInterfaces) {
   ComPtr<IWbemServices> services;
   ASSERT_EQ(init->QueryInterface(IID_IWbemServices, services.put_void()), S_OK);
 
-  // Both interfaces lead to one object with one identity.
+  // Both interfaces belong to one object with one identity.
   ComPtr<IUnknown> one;
   ComPtr<IUnknown> other;
   ASSERT_EQ(init->QueryInterface(IID_IUnknown, one.put_void()), S_OK);
@@ -62,7 +62,8 @@ TEST_F(ClassFactory, MakesProvidersWithTheirInterfaces) {
   EXPECT_EQ(init->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(factory->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
-  // Nothing is made for it: a provider that goes again closes the library under this one.
+  // Nothing is constructed for it: destroying a rejected provider would close the library under
+  // this one.
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, none.put_void()), E_NOINTERFACE);
   EXPECT_EQ(journal.calls(), std::vector<std::string>{});
   EXPECT_EQ(factory->CreateInstance(one.get(), IID_IUnknown, none.put_void()),
@@ -74,7 +75,7 @@ TEST_F(ClassFactory, KeepsTheModuleLoadedWhileAnythingLives) {
   EXPECT_TRUE(ModuleLock::None());
   ComPtr<IClassFactory> factory = Factory();
   EXPECT_FALSE(ModuleLock::None());
-  factory->LockServer(FALSE);  // a lock that nobody took
+  factory->LockServer(FALSE);  // without a lock before
   EXPECT_FALSE(ModuleLock::None());
   ComPtr<IUnknown> provider;
   ASSERT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, provider.put_void()), S_OK);

@@ -22,7 +22,7 @@ using Strings = std::vector<std::string>;
 AdapterListRecord Record(std::uint32_t number, std::uint8_t lastMacByte,
                          std::uint32_t present = 1) {
   AdapterListRecord record;
-  std::memset(&record, 0xEE, sizeof(record));  // what is not read must not matter
+  std::memset(&record, 0xEE, sizeof(record));  // bytes that are not read must not matter
   record.number = number;
   const std::uint8_t mac[6] = {0x00, 0xA0, 0xF8, 0x80, 0xFF, lastMacByte};
   std::memcpy(record.macAddress, mac, sizeof(mac));
@@ -50,7 +50,7 @@ TEST_F(Discovery, ServesTheMakersPciAdaptersThatBothSidesKnow) {
   AddPlatformAdapter("10", kMaker, "00:A0:F8:80:FF:01");
   AddPlatformAdapter("8", kMaker, "00:A0:F8:80:FF:02");  // the same address again
   AddPlatformAdapter("1", kMaker, "00:A0:F8:80:FF:03");  // not present
-  AddPlatformAdapter("2", kMaker, "00:A0:F8:80:FF:05");  // the library lacks it
+  AddPlatformAdapter("2", kMaker, "00:A0:F8:80:FF:05");  // unknown to the library
   AddPlatformAdapter("3", kMaker, "00:a0:f8:80:ff:04");  // lower case
   AddPlatformAdapter("4", "PCI\\VEN_8086&DEV_1", "00:A0:F8:80:FF:04");
   AddPlatformAdapter("5", "pci\\ven_7f3c&dev_1", "00:A0:F8:80:FF:04");
@@ -67,11 +67,11 @@ TEST_F(Discovery, ServesTheMakersPciAdaptersThatBothSidesKnow) {
 
   EXPECT_EQ(InitializeOnly(), WBEM_S_NO_ERROR);
   EXPECT_EQ(initStatuses, std::vector<LONG>{0});
-  // In the order of their key texts; the vendor prefix may stand anywhere in the device id.
+  // In the order of their key texts; the vendor prefix may be anywhere in the device id.
   EXPECT_EQ(Served(), (Strings{"text:10", "text:6", "text:7", "text:8"}));
   EXPECT_TRUE(journal.Has("trace Number of Adapter:4"));
 
-  // The first of two with one key stays: key 6 has the number of address 04.
+  // The first of two adapters with the same key is kept: key 6 has the number of address 04.
   std::vector<std::uint32_t> numbers;
   api.onGetBand = [&](std::uint32_t number, std::uint32_t*) {
     numbers.push_back(number);
@@ -87,7 +87,7 @@ TEST_F(Discovery, ReportsTheLibrarysRefusalThroughTheInitSinkOnly) {
   api.onGetAdapterList = Answers(0x4711);
   EXPECT_EQ(InitializeOnly(), WBEM_S_NO_ERROR);
   EXPECT_EQ(initStatuses, (std::vector<LONG>{0, 0x4711}));
-  EXPECT_EQ(Served(), Strings{});  // and what was there before is gone
+  EXPECT_EQ(Served(), Strings{});  // and the earlier adapters are gone
 }
 
 TEST_F(Discovery, CallsTheLibraryAsTheClientAndSetsItsModeWhateverItAnswered) {
@@ -183,7 +183,7 @@ TEST_F(InteractiveUser, IsSplitAtTheLastBackslashAndKeptEncoded) {
   EXPECT_EQ(EncodeIdentity("a\xE9"), "C44C");
 }
 
-/// Hands out an object and says that it was none.
+/// Returns an object together with a code that says there is none.
 class DenyingEnumeration final : public testing_support::FakeUnknown<IEnumWbemClassObject> {
  public:
   explicit DenyingEnumeration(ComPtr<FakeObject> object) : object_(std::move(object)) {}
@@ -230,7 +230,7 @@ TEST_F(InteractiveUser, StaysEmptyWhenItCannotBeRead) {
   fakeNamespace.platformObjects.clear();
   DiscoverAdapters(state);  // no such class
   EXPECT_EQ(state.memory.encodedDomain + state.memory.encodedUser, "") << "an earlier one stays";
-  SetUserName(Variant());  // no text
+  SetUserName(Variant());  // not a text
   DiscoverAdapters(state);
   fakeNamespace.platformObjects["Win32_ComputerSystem"].clear();
   DiscoverAdapters(state);

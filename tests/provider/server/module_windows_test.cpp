@@ -1,4 +1,4 @@
-// The linked module in a process of its own making: what a service host sees of it over time.
+// The linked module in a process of its own, as a service host sees it over time.
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ ComPtr<IWbemServices> MakeProvider(HMODULE module) {
   return provider;
 }
 
-// Serves one request, in which an exception is thrown and caught.
+// Serves one request in which an exception is thrown and caught.
 void LoadUseUnload() {
   const Module module(LoadLibraryA("WiFiAdapterProvider.dll"));
   ASSERT_TRUE(module);
@@ -68,14 +68,14 @@ TEST(Module, LeavesNothingBehindWhenItIsUnloaded) {
     const Held before = HeldByProcess();
     for (int cycle = 0; cycle < kCycles; ++cycle) LoadUseUnload();
     const Held after = HeldByProcess();
-    // The system's own books of loaded modules grow in steps.
+    // The system's own list of loaded modules grows in steps.
     EXPECT_LT((after.bytes - before.bytes) / kCycles, 200u) << "bytes a cycle";
     EXPECT_EQ(after.handles, before.handles);
   }
 }
 
-// A service uses threads without end; in each of these an exception is thrown. The system gives the
-// numbers of some that have ended to new ones, so only many at a time have many numbers.
+// A service creates threads without end; in each of these an exception is thrown. The system gives
+// the ids of ended threads to new ones, so only many threads at a time have many ids.
 TEST(Module, ServesMoreThreadsThanItHasRoomForAtATime) {
   const platform::Apartment apartment;
   const Module kept(LoadLibraryA("WiFiAdapterProvider.dll"));
@@ -92,7 +92,7 @@ TEST(Module, ServesMoreThreadsThanItHasRoomForAtATime) {
   }
 }
 
-// The module does not keep a host from starting: requests tell what is wrong.
+// The module does not prevent a host from starting: requests report what is wrong.
 TEST(Module, IsLoadedThoughTheLibraryRaisesAtItsStart) {
   constexpr const char* kScenario = "raising.json";
   std::ofstream(kScenario)
@@ -100,7 +100,7 @@ TEST(Module, IsLoadedThoughTheLibraryRaisesAtItsStart) {
   SetEnvironmentVariableA("WIFI_SCENARIO", kScenario);
   const Module quarn(LoadLibraryA("QuarnApi.dll"));
   using GetApiVersion = std::int32_t(std::uint32_t*);
-  std::uint32_t version = 0;  // asking for it has the scenario read
+  std::uint32_t version = 0;  // this call reads the scenario
   EXPECT_EQ(reinterpret_cast<GetApiVersion*>(reinterpret_cast<void*>(
                 GetProcAddress(quarn.get(), MAKEINTRESOURCEA(23))))(&version),
             0);

@@ -1,5 +1,5 @@
-// Discovery against the platform's own management namespace. Every adapter of this machine is
-// another maker's, even when the library claims all their addresses.
+// Discovery against the platform's own management namespace. Every adapter of this machine is from
+// another maker, even if the library reports all their addresses.
 
 #include <gtest/gtest.h>
 #include <wbemidl.h>
@@ -67,7 +67,7 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   const auto platformAdapters = Objects(OLESTR("Win32_NetworkAdapter"));
   ASSERT_FALSE(platformAdapters.empty()) << "this machine shows no network adapter";
 
-  // The library claims every address of this machine.
+  // The library reports every address of this machine.
   std::vector<std::uint8_t> list(4 +
                                  platformAdapters.size() * sizeof(adapterapi::AdapterListRecord));
   const auto count = static_cast<std::uint32_t>(platformAdapters.size());
@@ -92,7 +92,7 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
     return 0;
   };
 
-  // A platform whose class lacks a property that is read says so; Wine's has no Caption.
+  // A platform reports a property that its class lacks; Wine's class has no Caption.
   Variant caption;
   const HRESULT captionRead =
       platformAdapters[0]->Get(OLESTR("Caption"), 0, caption.put(), nullptr, nullptr);
@@ -111,7 +111,7 @@ TEST_F(RealNamespace, EveryForeignAdapterIsPassedOver) {
   EXPECT_FALSE(user.empty());
   EXPECT_EQ(state.memory.encodedUser, EncodeIdentity(user));
 
-  // The same objects with a Caption that is NULL, as the platform's own class would have it.
+  // The same objects with a Caption that is NULL, as the platform's own class has it.
   InstanceScript script{journal};
   const auto completed = ComPtr<FakeNamespace>::Adopt(new FakeNamespace(script));
   for (const auto& adapter : platformAdapters) {

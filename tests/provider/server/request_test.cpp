@@ -97,7 +97,7 @@ TEST_F(Request, FindsTheFirstClassNameAnywhereInAQuery) {
   Initialize({{1, "7", 1}, {2, "10", 2}});
   for (const OLECHAR* query :
        {OLESTR("SELECT * FROM WiFi_NetworkAdapter WHERE DeviceID = 'none'"),
-        // Its name begins with the other's, which stands first.
+        // Its name begins with the name of the other class, which comes first.
         OLESTR("SELECT * FROM WiFi_NetworkAdapterConfiguration"),
         OLESTR("SELECT * FROM WiFi_NetworkAdapterSetting"), OLESTR("WiFi_NetworkAdapter")}) {
     EXPECT_EQ(Query(query), (Outcome{0, kBoth}));
@@ -119,11 +119,11 @@ TEST_F(Request, GetsOneInstanceByItsExactKey) {
       {OLESTR("WiFi_NetworkAdapter.DeviceID=\"lan7\""), WBEM_E_NOT_FOUND},
       {OLESTR("WiFi_NetworkAdapter.deviceid=\"Lan7\""), WBEM_E_NOT_FOUND},
       {OLESTR("WiFi_NetworkAdapter.SettingID=\"Lan7\""), WBEM_E_NOT_FOUND},
-      {OLESTR("WiFi_NetworkAdapter.DeviceID=10"), WBEM_E_NOT_FOUND},  // a number is no key text
+      {OLESTR("WiFi_NetworkAdapter.DeviceID=10"), WBEM_E_NOT_FOUND},  // a number is not a text
       {OLESTR("WiFi_NetworkAdapter"), WBEM_E_NOT_FOUND},
       {OLESTR("WiFi_Other.DeviceID=\"Lan7\""), WBEM_E_INVALID_CLASS},
       {OLESTR("WiFi_NetworkAdapter.DeviceID="), WBEM_E_INVALID_OBJECT_PATH},
-      {OLESTR("\\\\.\\root\\cimv2"), WBEM_E_INVALID_CLASS},  // a path, of no class
+      {OLESTR("\\\\.\\root\\cimv2"), WBEM_E_INVALID_CLASS},  // a path without a class
       {OLESTR("root\\cimv2:WiFi_NetworkAdapter.DeviceID=\"Lan7\""), WBEM_E_INVALID_OBJECT_PATH},
       {OLESTR(""), WBEM_E_INVALID_OBJECT_PATH},
       {nullptr, WBEM_E_INVALID_OBJECT_PATH},
@@ -131,7 +131,7 @@ TEST_F(Request, GetsOneInstanceByItsExactKey) {
   for (const auto& row : rows) EXPECT_EQ(Get(row.path), Failed(row.result));
 }
 
-// A call out of the provider may let Initialize in before it comes back.
+// A nested Initialize may run during a call out of the provider.
 TEST_F(Request, KeepsTheAdaptersThatItStartedWith) {
   Initialize({{1, "7", 1}, {2, "10", 2}});
   const auto initializeWith = [&](const testing_support::AdapterSetup& adapter) {
@@ -147,7 +147,7 @@ TEST_F(Request, KeepsTheAdaptersThatItStartedWith) {
   EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
             (Outcome{0, {"WiFi_NetworkAdapter DeviceID=text:9"}}));
 
-  // Of two that run into each other the inner one's adapters stay.
+  // Of two nested Initialize calls the inner one's adapters are kept.
   const std::uint32_t none = 0;
   api.onGetAdapterList = [&](const adapterapi::AdapterList** list) {
     *list = reinterpret_cast<const adapterapi::AdapterList*>(&none);
@@ -175,7 +175,7 @@ TEST_F(Request, NeverDeletes) {
 }
 
 TEST_F(Request, RoutesAPutByTheInstancesClass) {
-  EXPECT_EQ(Put("WiFi_X.K=1", "WiFi_X"), (Outcome{0, {}}));  // no adapter, nothing to do
+  EXPECT_EQ(Put("WiFi_X.K=1", "WiFi_X"), (Outcome{0, {}}));  // no such adapter: nothing to do
   Initialize({{1, "7", 1}, {2, "10", 2}});
   EXPECT_EQ(Put("WiFi_NetworkAdapter.DeviceID=\"7\"", "WiFi_AdapterDevice"),
             Failed(WBEM_E_INVALID_CLASS));
@@ -218,12 +218,12 @@ TEST_F(Request, TurnsAnExceptionIntoProviderFailure) {
     if (++calls == 2) throw 1;
     return 0;
   };
-  // What was handed over before stays handed over.
+  // What was delivered before remains delivered.
   EXPECT_EQ(Enumerate(OLESTR("WiFi_NetworkAdapter")),
             (Outcome{WBEM_E_PROVIDER_FAILURE, {"WiFi_NetworkAdapter DeviceID=text:1"}}));
 }
 
-/// Answers every request for a class definition with success and none.
+/// Returns success without a class definition.
 class EmptyServices final : public testing_support::UnusedServices {
  public:
   HRESULT STDMETHODCALLTYPE GetObject(const BSTR, LONG, IWbemContext*, IWbemClassObject** object,
@@ -283,7 +283,7 @@ TEST_F(Request, KeepsItsProviderToItsEnd) {
   fakeNamespace.platformObjects["Win32_ComputerSystem"] = {ComPtr<IWbemClassObject>(system.get())};
   const Bstr name(OLESTR("WiFi_NetworkAdapterConfiguration"));
   const struct {
-    testing_support::Step step;  ///< the provider's only reference goes at the first one
+    testing_support::Step step;  ///< the provider's only reference is released at the first
     std::function<void()> run;
     const char* last;
   } rows[] = {
@@ -373,12 +373,12 @@ TEST_F(Request, MakesNoInstanceWithoutEntryOrClass) {
   AdapterEntry& entry = AddAdapter("1", 1);
   EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kEnd, &entry, instance),
             WBEM_E_INVALID_CLASS);
-  // Without a namespace there is nothing to put into.
+  // Without a namespace there are no instances to put to.
   state.services.reset();
   EXPECT_EQ(MakeAdapterInstance(state, nullptr, ClassSelector::kNetworkAdapter, &entry, instance),
             E_FAIL);
   EXPECT_FALSE(instance);
-  script.putThrows = "nothing";  // not what has no name
+  script.putThrows = "nothing";  // the default would make a nameless put throw
   const auto object = MakeObject();
   EXPECT_EQ(PutPropertyValue(object.get(), nullptr, Variant::Integer(1)), E_FAIL);
   EXPECT_EQ(PutOrRethrow(object.get(), nullptr, Variant::Integer(1).get()), E_FAIL);

@@ -12,7 +12,7 @@ using platform::Bstr;
 using platform::WideText;
 using Strings = std::vector<std::string>;
 
-/// Where one adapter has one of everything.
+/// One adapter with one of everything.
 class Routing : public testing_support::ProviderFixture {
  protected:
   Routing() {
@@ -23,7 +23,7 @@ class Routing : public testing_support::ProviderFixture {
     api.onGetCachedScanList = api.onGetAvailableNetworks = testing_support::Gives(&networks_);
     api.onGetExcludeList = testing_support::Gives(&excluded_);
   }
-  /// "CLASS FIRST-PUT" of each instance that the operation brought, or its failing code.
+  /// "CLASS FIRST-PUT" of each instance that the operation delivered, or its failing code.
   Strings Brought(HRESULT result) {
     Strings brought;
     if (FAILED(result)) brought.push_back(std::to_string(result));
@@ -49,7 +49,7 @@ TEST_F(Routing, EveryClassByItsOwnRoutines) {
     std::string name;
     std::string keys;
     const char* firstPut = "SettingID=text:7";
-    const char* queried = nullptr;  ///< the class that stands first in the name, if another does
+    const char* queried = nullptr;  ///< the class that is found first in the name, if it is another
   } kClasses[] = {
       {"WiFi_NetworkAdapter", "DeviceID=\"7\"", "DeviceID=text:7"},
       {"WiFi_AdapterAssociationInfo", "SettingID=\"7\""},
@@ -79,7 +79,7 @@ TEST_F(Routing, EveryClassByItsOwnRoutines) {
     SCOPED_TRACE(row.name);
     const Strings one = {row.name + " " + row.firstPut};
     EXPECT_EQ(Get(row.name + "." + row.keys), one);
-    // Under any other name a key is none.
+    // Under any other name there is no key.
     if (row.name != "WiFi_SystemPolicies") {
       EXPECT_EQ(Get(row.name + ".X" + row.keys),
                 Strings{std::to_string(static_cast<HRESULT>(WBEM_E_NOT_FOUND))});

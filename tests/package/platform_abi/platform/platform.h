@@ -1,6 +1,6 @@
 #pragma once
-// The platform's two integers that the profile library's declarations use, for a compiler that has
-// none of the platform's headers.
+// The platform's two integer types that the profile library's declarations use, for a compiler
+// without the platform's headers.
 
 using LONG = long;
 using ULONG = unsigned long;
