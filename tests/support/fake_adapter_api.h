@@ -8,10 +8,10 @@
 
 namespace testing_support {
 
-using namespace adapterapi;  // the list of operations names its records without a namespace
+using namespace adapterapi;  // the operation list names its records without a namespace
 
-/// An adapter control library whose operations succeed and leave their outputs alone, unless a test
-/// sets `onNAME`. Every call is in the journal.
+/// An adapter control library whose operations succeed without changing their outputs, unless a
+/// test sets `onNAME`. Every call is in the journal.
 class FakeAdapterApi final : public AdapterApi {
  public:
   explicit FakeAdapterApi(Journal& journal) : journal_(journal) {}
@@ -31,7 +31,7 @@ class FakeAdapterApi final : public AdapterApi {
   Journal& journal_;
 };
 
-/// An operation that answers a status and leaves its output alone.
+/// An operation that returns a status without changing its output.
 inline auto Answers(ApiStatus status) {
   return [status](auto...) { return status; };
 }
@@ -41,7 +41,7 @@ inline auto Raises() {
   return [](auto...) -> ApiStatus { throw std::runtime_error("library fault"); };
 }
 
-/// A getter that writes `value` behind its first argument and answers `status`.
+/// A getter that writes `value` to the argument after the first and returns `status`.
 template <class Value>
 auto Gives(Value value, ApiStatus status = 0) {
   return [value, status](auto, auto* output) {

@@ -15,7 +15,7 @@ using testing_support::Step;
 
 namespace {
 
-// A holder's storage keeps the address of the profile it was loaded with.
+// A holder's storage contains the address of the profile that was loaded into it.
 const FakeProfile& Loaded(const unsigned char* storage) {
   static const FakeProfile none;
   const FakeProfile* profile = nullptr;
@@ -36,7 +36,7 @@ LONG Load(unsigned char* storage, ULONG store) {
   return kTolvaSuccess;
 }
 
-// A destructor may raise, but it never throws.
+// A destructor may raise a structured exception, but it never throws.
 void End(const char* call) {
   std::optional<Outgoing> raising;
   if (FaultPlan::armed != nullptr && FaultPlan::armed->manner == Manner::kStructured) {

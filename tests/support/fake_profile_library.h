@@ -21,8 +21,8 @@ struct FakeProfile {
   int authMode = 0;
 };
 
-/// What the profile library's two classes do while this lives; without one the library does not
-/// open. Every call is in the journal as "tolva MEMBER(arguments)".
+/// The behaviour of the profile library's two classes during its lifetime; without such an object
+/// the library does not open. Every call is in the journal as "tolva MEMBER(arguments)".
 class FakeProfileLibrary {
  public:
   explicit FakeProfileLibrary(Journal& events) : journal(events) { current = this; }
@@ -34,23 +34,24 @@ class FakeProfileLibrary {
   LONG openStatus = kTolvaSuccess;
   /// By store flag.
   std::map<unsigned, std::vector<FakeProfile>> stores;
-  /// What the n-th Get…PreferredProfile (from 1) answers instead, leaving the profile as it is.
+  /// The status that the n-th Get…PreferredProfile (from 1) returns instead, without changing the
+  /// profile.
   std::map<int, LONG> loadStatuses;
-  bool endless = false;  ///< every load succeeds, behind the last profile too
+  bool endless = false;  ///< every load succeeds, even after the last profile
   std::function<LONG(ORVEL_WLAN_PROFILE&)> onGetProfileToApply;
-  /// The journal entry at whose call the library throws.
+  /// The journal entry at which the library throws.
   std::string throwsAt;
 
-  /// Told of every journalled call.
+  /// Called for every journalled call.
   std::function<void(const std::string&)> onCall;
 
-  /// Journals a call, and throws if it is the one.
+  /// Journals a call, and throws if it is the chosen one.
   static void Note(const std::string& call);
-  /// The same for the end of an object, which must not throw.
+  /// The same for the destruction of an object, which must not throw.
   static void NoteEnd(const char* call);
 
   static inline FakeProfileLibrary* current = nullptr;
-  std::size_t next = 0;  ///< in the store that is being walked
+  std::size_t next = 0;  ///< in the store being walked
   int loads = 0;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// The management service's side, faked: class definitions that accept every property, instances
-// that remember what was put, sinks that remember what they were told.
+// Fakes of the management service: class definitions that accept every property, instances that
+// record their puts, sinks that record their calls.
 
 #include <map>
 #include <string>
@@ -14,7 +14,7 @@
 
 namespace testing_support {
 
-/// Reference counting for one-interface fakes; counts the living ones.
+/// Reference counting for fakes with one interface; counts the living objects.
 template <class Interface>
 class FakeUnknown : public Interface {
  public:
@@ -43,7 +43,7 @@ class FakeUnknown : public Interface {
   HRESULT STDMETHODCALLTYPE operation parameters override { \
     return E_NOTIMPL;                                       \
   }
-/// A class object none of whose operations is there.
+/// A class object that implements no operation.
 class UnusedClassObject : public FakeUnknown<IWbemClassObject> {
  public:
   UNUSED_OPERATION(GetQualifierSet, (IWbemQualifierSet**))
@@ -74,21 +74,21 @@ class UnusedClassObject : public FakeUnknown<IWbemClassObject> {
 
 #undef UNUSED_OPERATION
 
-/// A namespace none of whose operations is there.
+/// A namespace that implements no operation.
 using UnusedServices = platform::UnservedServices<FakeUnknown<IWbemServices>, E_NOTIMPL>;
 
-/// How puts and spawns of a test's instances go; shared by all of them.
+/// The results of puts and spawns of a test's instances, shared by all of them.
 struct InstanceScript {
   Journal& journal;
   std::map<std::string, HRESULT> putResults = {};  ///< by property; success otherwise
   std::string putThrows = {};                      ///< the property whose put throws
-  HRESULT getResult = S_OK;                        ///< of a Get that finds its value
+  HRESULT getResult = S_OK;                        ///< for a Get that finds its value
   HRESULT spawnResult = S_OK;
   HRESULT indicateResult = S_OK;
-  std::map<int, HRESULT> indicateResults = {};  ///< by the number of the call, from 1
+  std::map<int, HRESULT> indicateResults = {};  ///< by call number, from 1
 };
 
-/// A value as tests compare it: TYPE:VALUE, such as "text:Poor", "number:5", "flag:true".
+/// A value in the notation of the tests: TYPE:VALUE, such as "text:Poor", "number:5", "flag:true".
 std::string Shown(const VARIANT& value);
 
 /// An instance, a class definition or a method signature.
@@ -101,12 +101,12 @@ class FakeObject final : public UnusedClassObject {
     std::string value;
   };
   std::vector<PutValue> puts;
-  std::map<std::string, platform::Variant> values;  ///< what Get answers
+  std::map<std::string, platform::Variant> values;  ///< returned by Get
   std::string className;
 
   /// "Name=VALUE" of every put, in order.
   std::vector<std::string> ShownPuts() const;
-  /// The last value put under a name, "" if none was.
+  /// The last value put under a name, "" if there was no put.
   std::string Last(const std::string& name) const;
 
   HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type,
@@ -120,7 +120,7 @@ class FakeObject final : public UnusedClassObject {
   InstanceScript& script_;
 };
 
-/// Remembers what it is handed; keeps the instances alive.
+/// Records its calls; keeps the instances alive.
 class FakeSink final : public FakeUnknown<IWbemObjectSink> {
  public:
   explicit FakeSink(InstanceScript& script) : script_(script) {}
@@ -153,13 +153,13 @@ class FakeEnumeration final : public FakeUnknown<IEnumWbemClassObject> {
   std::size_t next_ = 0;
 };
 
-/// The namespace that the provider is handed.
+/// The namespace that the provider receives.
 class FakeNamespace final : public UnusedServices {
  public:
   explicit FakeNamespace(InstanceScript& script) : script_(script) {}
 
-  /// What enumerations of platform classes give, by class name; an object that is none makes Next
-  /// answer success without one. A class that is missing fails with WBEM_E_INVALID_CLASS.
+  /// The results of enumerations of platform classes, by class name; a null entry makes Next return
+  /// S_OK without an object. A class that is missing fails with WBEM_E_INVALID_CLASS.
   std::map<std::string, std::vector<platform::ComPtr<IWbemClassObject>>> platformObjects;
   std::map<std::string, HRESULT> getObjectResults;  ///< by class name; success otherwise
   std::vector<IWbemContext*> contexts;              ///< of every GetObject

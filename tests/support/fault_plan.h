@@ -1,6 +1,7 @@
 #pragma once
-// Makes one kind of call that leaves the provider fail: the n-th, or the n-th and all after it. The
-// fakes ask at their entry; a sweep arms a plan and calls the provider inside InsideProvider.
+// Makes one kind of outgoing call of the provider fail: the n-th, or the n-th and all later ones.
+// The fakes check this at their entry; a sweep arms a plan and calls the provider inside
+// InsideProvider.
 
 #include <array>
 #include <exception>
@@ -26,18 +27,18 @@ enum class Step {
   kNext,
   kAdapterLibrary,
   kProfileLibrary,
-  kEnd,  ///< no step
+  kEnd,  ///< not a step
 };
 /// A number for each step.
 using StepCounts = std::array<int, static_cast<std::size_t>(Step::kEnd)>;
 
 enum class Manner {
-  kCode,        ///< answers a failing code
+  kCode,        ///< returns a failing code
   kThrow,       ///< throws
-  kNothing,     ///< answers success and gives nothing
+  kNothing,     ///< returns success without a result
   kStructured,  ///< raises a structured exception, where the system has them
-  kReenter,     ///< goes well, and lets another request in first
-  kEnd,         ///< no manner
+  kReenter,     ///< succeeds, after nested requests
+  kEnd,         ///< not a manner
 };
 
 class FaultPlan {
@@ -45,17 +46,17 @@ class FaultPlan {
   Step step;
   Manner manner;
   int nth;          ///< from 1
-  bool persistent;  ///< every later one too
+  bool persistent;  ///< and every later one
   std::function<void()> reenter = {};
   int seen = 0;
   int struck = 0;
 
   static inline FaultPlan* armed = nullptr;
-  static inline StepCounts calls = {};             ///< of each step since it was last cleared
+  static inline StepCounts calls = {};             ///< by step, since the counts were last cleared
   static inline thread_local bool inside = false;  ///< whether the provider's own code runs
   static inline void (*raiseStructured)() = nullptr;
 
-  /// Whether this call is one that has to fail.
+  /// Whether this call has to fail.
   static bool Hit(Step step) {
     if (!inside) return false;
     ++calls[static_cast<std::size_t>(step)];
@@ -67,7 +68,7 @@ class FaultPlan {
   }
 };
 
-/// Says for its lifetime whether the provider's code runs or that of tests and fakes.
+/// States, for its lifetime, whether the provider's code runs or that of tests and fakes.
 class Side {
  public:
   explicit Side(bool inside) : before_(std::exchange(FaultPlan::inside, inside)) {}
@@ -82,16 +83,16 @@ class Side {
 inline constexpr HRESULT kPlannedFailure = static_cast<HRESULT>(0x800700AA);
 struct PlannedException : std::exception {};
 
-/// One call out of the provider. Its constructor throws or raises where the plan wants that.
+/// One outgoing call of the provider. Its constructor throws or raises if the plan requires it.
 class Outgoing {
  public:
   explicit Outgoing(Step step) : failure_(Strike(step)) {}
-  /// Whether the call has to answer with code() and give nothing.
+  /// Whether the call has to return code() without a result.
   bool struck() const { return failure_.has_value(); }
   HRESULT code() const { return failure_.value_or(S_OK); }
 
  private:
-  /// What the call answers without giving anything; null for a call that goes well.
+  /// What the call returns without a result; nullopt for a call that succeeds.
   static std::optional<HRESULT> Strike(Step step) {
     if (!FaultPlan::Hit(step)) return std::nullopt;
     FaultPlan& plan = *FaultPlan::armed;

@@ -4,9 +4,9 @@
 
 namespace testing_support {
 
-/// What the process has in use.
+/// The resources that the process has in use.
 struct Held {
-  std::size_t bytes = 0;  ///< of all heaps
+  std::size_t bytes = 0;  ///< in all heaps
   unsigned handles = 0;
   unsigned threads = 0;
 };

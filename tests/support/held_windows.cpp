@@ -1,6 +1,6 @@
 // clang-format off
 #include "platform/platform.h"
-#include <tlhelp32.h>  // builds on the one before
+#include <tlhelp32.h>  // needs the header before it
 // clang-format on
 
 #include <algorithm>

@@ -9,8 +9,8 @@
 
 namespace testing_support {
 
-/// What happened, in order, across all fakes of a test: "call GetBand", "put Band", "trace …",
-/// "exception …", "spawn CLASS", "indicate", "status 0".
+/// The events, in order, of all fakes of a test: "call GetBand", "put Band", "trace …", "exception
+/// …", "spawn CLASS", "indicate", "status 0".
 class Journal final : public wifi::TraceReceiver {
  public:
   Journal() : before_(wifi::SetTraceReceiver(this)) {}
@@ -25,7 +25,7 @@ class Journal final : public wifi::TraceReceiver {
   }
 
   const std::vector<std::string>& events() const { return events_; }
-  /// The events that begin with `prefix`, without it.
+  /// The events that begin with `prefix`, without the prefix.
   std::vector<std::string> Of(const std::string& prefix) const {
     std::vector<std::string> found;
     for (const std::string& event : events_) {

@@ -6,7 +6,7 @@
 
 namespace testing_support {
 
-/// Bytes that end where the readable memory ends: one further is an access violation.
+/// Bytes at the end of readable memory: reading one further is an access violation.
 class LastBytes {
  public:
   LastBytes(const void* bytes, std::size_t size) {

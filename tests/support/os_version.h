@@ -4,7 +4,7 @@
 
 namespace testing_support {
 
-/// While it lives, the version query of this program answers NT 5 instead of 6.1, so that no
+/// During its lifetime the version query of this program returns NT 5 instead of 6.1, so that no
 /// property is left out.
 class OsVersionNotNt6 {
  public:

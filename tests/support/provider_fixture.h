@@ -15,20 +15,20 @@ inline platform::ComPtr<FakeSink> MakeSink(InstanceScript& script) {
   return platform::ComPtr<FakeSink>::Adopt(new FakeSink(script));
 }
 
-/// Leaves bytes on the stack that a record which is not cleared would show.
+/// Leaves bytes on the stack that would show in a record that is not cleared.
 inline void DirtyStack() {
   volatile unsigned char bytes[8192];
   for (volatile unsigned char& byte : bytes) byte = 0xEE;
 }
 
-/// One adapter of the maker, as the library and the platform know it.
+/// One adapter of the maker, as the library and the platform report it.
 struct AdapterSetup {
   std::uint32_t number;
   const char* deviceId;
   std::uint8_t lastMacByte;  ///< the address is 00:A0:F8:00:00:xx
 };
 
-/// The class routines' surroundings: a state with adapters and a namespace, no provider object.
+/// What class routines need: a state with adapters and a namespace, without a provider object.
 class StateFixture : public ::testing::Test {
  protected:
   StateFixture() {
@@ -63,7 +63,7 @@ class StateFixture : public ::testing::Test {
   wifi::ProviderState state{api, memory};
 };
 
-/// A whole provider object, initialised with the adapters that a test adds.
+/// A complete provider object, initialised with the adapters that a test adds.
 class ProviderFixture : public StateFixture {
  protected:
   /// Makes the library and the platform report these adapters, and calls Initialize.
@@ -71,7 +71,7 @@ class ProviderFixture : public StateFixture {
 
   platform::ComPtr<wifi::InstanceProvider> provider =
       platform::ComPtr<wifi::InstanceProvider>::Adopt(new wifi::InstanceProvider(api));
-  std::vector<std::uint8_t> adapterList;  ///< what GetAdapterList gives
+  std::vector<std::uint8_t> adapterList;  ///< returned by GetAdapterList
   std::vector<LONG> initStatuses;
 
   void SetAdapterList(const std::vector<adapterapi::AdapterListRecord>& records);

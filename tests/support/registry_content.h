@@ -10,7 +10,8 @@
 
 namespace testing_support {
 
-/// "\\KEY\\SUBKEY[@VALUE]" to text, of everything below a key; keys without a value as "".
+/// Maps "\\KEY\\SUBKEY[@VALUE]" to its text, for everything below a key; keys without a value have
+/// "".
 using RegistryContent = std::map<std::string, std::string>;
 
 inline void CollectRegistry(HKEY key, const std::string& path, RegistryContent& content) {

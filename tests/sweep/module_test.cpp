@@ -1,4 +1,4 @@
-// The module's entry point and its registration, over a library that is faked.
+// The module's entry point and its registration, with a fake library.
 
 #include "platform/native/observe.h"
 #include "tests/support/provider_fixture.h"
@@ -18,7 +18,7 @@ TEST_F(ModuleEntry, SetsTheLibrarysModeAtItsStartAndAsksNothingElse) {
   std::vector<std::uint32_t> modes;
   api.onSetLibraryMode = [&](std::uint32_t mode) {
     modes.push_back(mode);
-    return 5;  // a library that fails does not keep the module from loading
+    return 5;  // a failing library does not prevent loading
   };
   EXPECT_TRUE(DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr));
   EXPECT_EQ(journal.calls(), Strings{"SetLibraryMode"});
@@ -29,7 +29,7 @@ TEST_F(ModuleEntry, SetsTheLibrarysModeAtItsStartAndAsksNothingElse) {
   EXPECT_TRUE(DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr));
 }
 
-// Short of memory at any point, the module is registered or it is not.
+// Out of memory at any point, the module is registered completely or not at all.
 TEST(ModuleRegistration, IsWholeOrNotThereAtAll) {
   using testing_support::FaultPlan;
   native::ClearRegistry();
@@ -52,7 +52,7 @@ TEST(ModuleRegistration, IsWholeOrNotThereAtAll) {
       ++points;
       SCOPED_TRACE((registers ? "registering, allocation " : "unregistering, allocation ") +
                    std::to_string(nth));
-      // A removal goes on behind the one key that it cannot remove, and can be made again.
+      // A removal continues after a key that it cannot remove, and can be repeated.
       if (FAILED(result) && !registers) {
         const auto left = testing_support::ContentOf(HKEY_CLASSES_ROOT);
         std::size_t keys = 0;

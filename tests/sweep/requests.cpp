@@ -11,7 +11,7 @@ using testing_support::FakeObject;
 
 struct ClassRow {
   const char* name;
-  const char* keys;  ///< of an instance that is there
+  const char* keys;  ///< of an existing instance
 };
 constexpr ClassRow kClasses[] = {
     {"WiFi_NetworkAdapter", R"(DeviceID="7")"},
@@ -39,7 +39,7 @@ constexpr ClassRow kClasses[] = {
 
 struct MethodRow {
   const char* path;
-  const char* names;  ///< joined by blanks
+  const char* names;  ///< separated by blanks
 };
 constexpr MethodRow kMethods[] = {
     {R"(WiFi_NetworkAdapter.DeviceID="7")",
@@ -64,8 +64,8 @@ Bstr Text(const std::string& text) {
   return Bstr(WideText(text));
 }
 
-/// All properties and in-parameters that any update or method reads. Numbers differ from what the
-/// library gives, so that every setter is called; one is a text, to be converted.
+/// All properties and in-parameters that any update or method reads. Numbers differ from the
+/// library's, so that every setter is called; one of them is a text, to be converted.
 ComPtr<FakeObject> Filled(testing_support::InstanceScript& script, const std::string& className) {
   auto object = ComPtr<FakeObject>::Adopt(new FakeObject(script));
   auto& values = object->values;

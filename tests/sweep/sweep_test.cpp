@@ -1,5 +1,6 @@
-// Every step of every request may fail, once or from then on. Whatever fails, the request ends with
-// its one status, leaves nothing behind and takes nothing with it, and the next one is served.
+// Every step of every request may fail, once or from then on. Whatever fails, the request sets
+// exactly one status, leaks nothing, destroys nothing that others use, and the next request is
+// served.
 
 #include <algorithm>
 #include <cstring>
@@ -23,8 +24,8 @@ using namespace testing_support;
 using platform::ComPtr;
 using platform::Variant;
 
-// What the library gives: records without a terminator in any text and with counts beyond
-// everything, the number 1, two networks.
+// What the library returns: records with unterminated texts and counts beyond all bounds, the
+// number 1, two networks.
 template <class Record>
 void Give(Record* record) {
   std::memset(record, '1', sizeof(*record));
@@ -70,7 +71,7 @@ struct Levels {
   int enumerations = FakeEnumeration::live;
   int impersonations = ImpersonationDepth();
   bool operator==(const Levels&) const = default;
-  /// Nothing more than before; a cache that a failure emptied is less.
+  /// Nothing more than before; less is possible, because a failure may have emptied a cache.
   bool NothingAdded(const Levels& before) const {
     return blocks <= before.blocks && texts <= before.texts && objects == before.objects &&
            sinks == before.sinks && enumerations == before.enumerations &&
@@ -82,7 +83,7 @@ class Sweep : public ProviderFixture {
  protected:
   Sweep() {
     currentLibrary = &api;
-    platform::SetOsVersion(Module().handle, 5, 1);  // nothing is left out
+    platform::SetOsVersion(Module().handle, 5, 1);  // no property is left out
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) \
   api.on##name = [](auto... values) { return (Give(values), ..., ApiStatus{0}); };
 #include "adapterapi/operations.inc"
@@ -94,7 +95,7 @@ class Sweep : public ProviderFixture {
     user->values["UserName"] = Variant::AnsiText("DOMAIN\\user");
     fakeNamespace.platformObjects["Win32_ComputerSystem"].push_back(
         ComPtr<IWbemClassObject>(user.get()));
-    Initialize({{7, "7", 1}, {10, "10", 2}});  // also fills the lists; the provider is not used
+    Initialize({{7, "7", 1}, {10, "10", 2}});  // also fills the lists; its provider is not used
     EXPECT_EQ(Factory(init_, served_), S_OK);
     InitializeOnly(*init_.get());
   }
@@ -128,9 +129,9 @@ class Sweep : public ProviderFixture {
     }
   }
 
-  /// Makes a request with a sink of its own; `kept_` says what was kept of the client's objects.
+  /// Makes a request with its own sink; `kept_` says which of the client's objects were kept.
   Outcome Run(const Request& request, FaultPlan* plan = nullptr) {
-    // So that every update finds something to change.
+    // Ensures that every update finds something to change.
     if (request.kind == Request::kPut) Serve(primer_, MakeSink(script).get());
     journal.Clear();
     fakeNamespace.contexts.clear();
@@ -161,7 +162,7 @@ class Sweep : public ProviderFixture {
     return outcome;
   }
 
-  /// What is wrong with a request in which something failed; empty if nothing is.
+  /// What is wrong with a request in which something failed; empty if it is correct.
   std::string Breach(const Request& request, const FaultPlan& plan, const Outcome& untouched,
                      const Outcome& outcome) const {
     if (outcome.statuses.size() != 1) return "it has no one status";
@@ -178,7 +179,7 @@ class Sweep : public ProviderFixture {
       return {};
     }
     if (plan.step != Step::kHeap && plan.step != Step::kText) return {};
-    // Short of memory, nothing wrong is said and nothing else is done.
+    // Out of memory, nothing wrong is reported and nothing else is done.
     for (const std::string& put : outcome.puts) {
       const auto name = put.substr(0, put.find('='));
       if (put == name + "=error:8007000E" ||
@@ -193,7 +194,7 @@ class Sweep : public ProviderFixture {
     return {};
   }
 
-  /// Lets every call of the request fail in turn.
+  /// Makes every call of the request fail in turn.
   void SweepOne(const Request& request) {
     SCOPED_TRACE(request.name);
     for (int round = 0; round < 3; ++round) Run(request), Run(other_);
@@ -215,7 +216,7 @@ class Sweep : public ProviderFixture {
             const ComPtr<FakeSink> sink2 = MakeSink(script);
             inner.answer = Serve(other_, sink2.get());
             inner.statuses = sink2->statuses;
-            // The adapters are found anew as well; the request keeps those that it started with.
+            // The adapters are discovered again too; the request keeps those that it started with.
             const std::vector<LONG> outer = initStatuses;
             InitializeOnly(*init_.get());
             initStatuses = outer;
@@ -226,7 +227,7 @@ class Sweep : public ProviderFixture {
           std::string breach = Breach(request, plan, untouched, outcome);
           if (breach.empty() && !Levels().NothingAdded(before))
             breach = "it leaves something behind";
-          // While adapters are discovered, there are none yet.
+          // While adapters are being discovered, there are no adapters yet.
           if (breach.empty() && inner != other && request.kind != Request::kInitialize)
             breach = "the one in between is not served";
           const Outcome again = Run(request);
@@ -279,7 +280,7 @@ const std::vector<Sweep::Fault> Sweep::kFaults = [] {
   return faults;
 }();
 
-// Where memory is short the text is then missing, not the request.
+// So out of memory only the text is missing, and the request is served.
 TEST_F(Sweep, TextsOfRecordsNeedNoMemoryBesides) {
   for (const OLECHAR* name : {OLESTR("WiFi_AdapterVersion"), OLESTR("WiFi_AdapterTcpIpSettings"),
                               OLESTR("WiFi_AdapterTxRxStats")}) {

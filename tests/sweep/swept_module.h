@@ -1,6 +1,6 @@
 #pragma once
-// The module under the sweep: everything that it calls is the tests', and every piece of memory
-// that it asks for is counted and can be refused.
+// The module in the sweep: everything that it calls is a fake, and each of its allocations is
+// counted and can be refused.
 
 #include "adapterapi/adapter_api.h"
 #include "platform/platform.h"
@@ -15,7 +15,7 @@ struct SweptModule {
   HRESULT(STDAPICALLTYPE* unregisterServer)();
 };
 
-/// Whether the sweep tries structured exceptions alone, which only the linked module meets, or
+/// Whether the sweep tries only structured exceptions, which apply only to the linked module, or
 /// everything else.
 extern const bool kStructuredOnly;
 
@@ -23,7 +23,7 @@ extern const bool kStructuredOnly;
 const SweptModule& Module();
 extern adapterapi::AdapterApi* currentLibrary;
 
-/// Blocks of memory that the module's own code holds.
+/// Memory blocks that the module's own code holds.
 long LiveBlocks();
 /// Texts and arrays alive in the process; 0 where they cannot be counted.
 int LiveTexts();

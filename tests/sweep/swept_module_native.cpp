@@ -1,4 +1,4 @@
-// The module's sources linked into the test, whose operator new is theirs too.
+// The module's sources, linked into the test with the test's operator new.
 
 #include <atomic>
 #include <cstdlib>
@@ -22,7 +22,7 @@ namespace {
 
 std::atomic<long> liveBlocks{0};
 
-// Stands before each block; as long as it is to keep the block aligned as malloc aligns.
+// Precedes each block; its size keeps the block aligned as malloc's blocks are.
 struct alignas(16) Header {
   bool ofProvider;
 };

@@ -1,4 +1,5 @@
-// The linked module, whose imports are led to the fakes: both libraries, the heap, impersonation.
+// The linked module, whose imports are redirected to the fakes: both libraries, the heap,
+// impersonation.
 
 #include <cstdlib>
 #include <unordered_set>
@@ -12,7 +13,7 @@ using testing_support::FaultPlan;
 using testing_support::Side;
 using testing_support::Step;
 
-// The fake profile library's members, under this compiler's names for them.
+// The fake profile library's members, by this compiler's names for them.
 #define PROFILE_MEMBERS(MEMBER)                                                               \
   MEMBER(0, "_ZN11CProfileMgrC1Ev", "??0CProfileMgr@@QEAA@XZ")                                \
   MEMBER(1, "_ZN11CProfileMgrD1Ev", "??1CProfileMgr@@QEAA@XZ")                                \
@@ -92,7 +93,7 @@ HRESULT WINAPI Revert() {
   return S_OK;
 }
 
-// In turn what a library, another compiler's runtime and a stray pointer raise.
+// Raises in turn what a library, another compiler's runtime and a stray pointer raise.
 void Raise() {
   static int turn = 0;
   switch (++turn % 3) {

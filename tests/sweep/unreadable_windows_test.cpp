@@ -1,5 +1,5 @@
-// Lists of the libraries that end at a page which cannot be read, at every byte, and texts that are
-// nowhere: what can be read is delivered, and the next request is served.
+// Lists of the libraries that end at every byte at a page which cannot be read, and texts at
+// invalid addresses: what can be read is delivered, and the next request is served.
 
 #include <cstring>
 
@@ -29,7 +29,7 @@ class UnreadableMemory : public ProviderFixture {
     init->QueryInterface(IID_IWbemServices, served.put_void());
     InitializeOnly(*init.get());
   }
-  /// How many instances a class has, and with which answer.
+  /// The result of an enumeration of the class, and its number of instances.
   std::pair<HRESULT, std::size_t> Enumerate(const OLECHAR* className) {
     const ComPtr<FakeSink> client = MakeSink(script);
     const Bstr name(className);
@@ -37,7 +37,7 @@ class UnreadableMemory : public ProviderFixture {
     EXPECT_EQ(client->statuses, std::vector<HRESULT>{answer});
     return {answer, client->objects.size()};
   }
-  /// Lists of two entries that say a hundred, ending after each of their bytes.
+  /// Lists of two entries whose count is a hundred, ending after each of their bytes.
   template <class Entry, class Getter>
   void CutEverywhere(Getter& getter, const OLECHAR* className) {
     std::vector<char> bytes(sizeof(std::int32_t) + 2 * sizeof(Entry));
@@ -96,7 +96,7 @@ TEST_F(UnreadableMemory, TextsThatAreNowhere) {
   }
 }
 
-// A client's addresses are as foreign as a library's.
+// A client's addresses are as untrusted as a library's.
 TEST_F(UnreadableMemory, ArgumentsThatAreNowhere) {
   void** const nowhere = reinterpret_cast<void**>(16);
   EXPECT_EQ(Module().getClassObject(wifi::kInstanceProviderClass, IID_IClassFactory, nowhere),
@@ -115,7 +115,7 @@ HRESULT WINAPI RefuseTypeLibrary(LPCOLESTR, REGKIND, ITypeLib** library) {
   return TYPE_E_CANTLOADLIBRARY;
 }
 
-// The keys are written by then.
+// By then the keys have been written.
 TEST(ModuleRegistration, GoesBackWhereTheTypeLibraryIsRefused) {
   ULONGLONG* slot = platform::ImportSlot(Module().handle, "oleaut32.dll", "LoadTypeLibEx");
   ASSERT_NE(slot, nullptr);
