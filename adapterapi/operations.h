@@ -1,8 +1,7 @@
 #pragma once
 // Each operation of operations.inc as a value: its name and how to call it.
 //
-//     PspInfoRecord record = {};
-//     const auto result = GuardedCall(state.api, operation::GetPspInfo, entry.number, record);
+//     (api.*operation::GetBand.call)(adapter, &band);  // the same as api.GetBand(adapter, &band)
 
 #include "adapterapi/adapter_api.h"
 

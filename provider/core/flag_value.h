@@ -7,8 +7,8 @@
 
 namespace wifi {
 
-/// What a client's flag says: the low 16 bits of a boolean or whole number, unconverted, so that
-/// zero is off. None for a value that holds neither: its bits mean nothing.
+/// The flag in a client's value: the low 16 bits of a boolean or integer, unconverted; zero is off.
+/// nullopt for any other type.
 inline std::optional<std::uint16_t> FlagBits(const VARIANT& value) {
   switch (value.vt) {
     case VT_BOOL:

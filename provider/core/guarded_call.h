@@ -5,16 +5,20 @@
 
 namespace wifi {
 
-/// What a guarded library call did.
+/// The result of a guarded library call.
 struct GuardedResult {
-  bool raised = false;  ///< it threw; the line is traced, `status` says nothing
+  bool raised = false;  ///< the call threw an exception, which is traced; `status` is then 0
   adapterapi::ApiStatus status = 0;
 
   bool succeeded() const { return !raised && status == 0; }
 };
 
-/// Runs one getter of the library so that no exception of it leaves: one that it raises is traced
-/// as "Exception from Quarn API NAME", and `output` is then what it was before the call.
+/// Calls a getter of the library and catches its exceptions. An exception is traced as "Exception
+/// from Quarn API NAME", and `output` is restored to its value before the call.
+///
+///     adapterapi::PspInfoRecord record = {};
+///     const auto result = GuardedCall(state.api, operation::GetPspInfo, entry.number, record);
+///     const std::uint32_t mode = result.succeeded() ? record.mode : 0;
 template <class Output>
 GuardedResult GuardedCall(adapterapi::AdapterApi& api,
                           const adapterapi::Operation<adapterapi::AdapterNumber, Output*>& getter,

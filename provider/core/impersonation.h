@@ -4,8 +4,8 @@
 
 namespace wifi {
 
-/// The calling thread acts as the client while this lives. A refusal is not an error: the work then
-/// goes on under whatever identity the thread has.
+/// Impersonates the client on the calling thread while the object lives. A failure is not an error:
+/// the thread then keeps its identity.
 class ClientImpersonation {
  public:
   ClientImpersonation() { CoImpersonateClient(); }

@@ -60,12 +60,12 @@ OleString ValueText(const VARIANT& value) {
   }
 }
 
-/// Recursive descent over the text behind the server name.
+/// Recursive-descent parser for the text after the server name.
 class PathGrammar {
  public:
   PathGrammar(OleStringView text, ParsedPath& path) : lexer_(text), path_(path) { Advance(); }
 
-  /// What follows a server: at least one namespace, then perhaps an object.
+  /// Parses the rest of a path with a server: at least one namespace, then optionally an object.
   bool AfterServer() {
     if (!Accept(PathToken::kSlash)) return false;
     return Namespaces() && (AtEnd() || (Accept(PathToken::kColon) && Object()));
@@ -179,7 +179,7 @@ void ParsedPath::AddKey(const OLECHAR* name, const VARIANT& value) {
   PathKey& key = keys.emplace_back();
   if (name != nullptr) key.name.emplace(name);
   key.value = Variant::CopyOf(value);
-  // A path that lost a value for want of memory would be another object's.
+  // Out of memory: fail, because a path with a missing value would name a different object.
   if (key.value.type() == VT_ERROR) throw std::bad_alloc();
 }
 

@@ -8,47 +8,51 @@
 
 namespace wifi {
 
-/// One key of an object path; without a name where the path gives one value alone.
+/// One key of an object path. It has no name if the path contains only a value.
 struct PathKey {
   std::optional<platform::OleString> name;
   platform::Variant value;
 };
 
-/// A management object path in parts.
+/// The parts of a management object path.
 struct ParsedPath {
-  std::optional<platform::OleString> server;  ///< without its slashes
+  std::optional<platform::OleString> server;  ///< without slashes
   std::vector<platform::OleString> namespaces;
   std::optional<platform::OleString> className;
   std::vector<PathKey> keys;  ///< sorted by name after parsing
-  bool singleton = false;     ///< CLASS=@
+  bool singleton = false;     ///< whether the path is CLASS=@
 
-  /// The class name; none where the path names only a server or a namespace.
+  /// The class name; null if the path names only a server or a namespace.
   const OLECHAR* class_text() const { return className ? className->c_str() : nullptr; }
   void AddKey(const OLECHAR* name, const VARIANT& value);
-  /// NAME=VALUE joined by commas.
+  /// The keys as "NAME=VALUE", separated by commas.
   platform::OleString KeyListText() const;
-  /// The whole path.
+  /// The path as text.
   platform::OleString Text() const;
 };
 
-/// Which paths a parser accepts.
+/// The paths that a parser accepts.
 enum class PathFlag {
-  kRelativeNamespace = 0,  ///< namespaces without a server are of this machine
-  kAbsoluteNamespace = 1,  ///< namespaces need a server
-  kEverything = 2,         ///< also a path that is only a server
+  kRelativeNamespace = 0,  ///< a namespace without a server is on this machine
+  kAbsoluteNamespace = 1,  ///< a namespace needs a server
+  kEverything = 2,         ///< as kRelativeNamespace, and a server alone is a path
 };
 
 enum class PathResult { kParsed = 0, kSyntaxError = 1, kInvalidArgument = 2 };
 
-/// Reads object path texts:
+/// Parses object paths:
 ///   [\\SERVER\NAMESPACE[\NAMESPACE…]:]CLASS[=@ | .KEY=VALUE[,KEY=VALUE…] | =VALUE]
-/// Values are quoted texts (a backslash before a quote or a backslash), decimal or hexadecimal
-/// integers, and the words TRUE and FALSE, which become the numbers 1 and 0.
+/// A value is a quoted text (with a backslash before each quote or backslash), a decimal or
+/// hexadecimal integer, or TRUE or FALSE, which become the numbers 1 and 0.
+///
+///     std::unique_ptr<ParsedPath> path;
+///     PathParser(PathFlag::kAbsoluteNamespace).Parse(OLESTR("WiFi_AdapterChannel.SettingID=\"1\""),
+///     &path); PathKeyText(*path, kSettingId)  // "1"
 class PathParser {
  public:
   explicit PathParser(PathFlag flag) : flag_(flag) {}
 
-  /// On success `*path` owns the parts; otherwise it is none.
+  /// On success `*path` owns the parts; otherwise it is null.
   PathResult Parse(const OLECHAR* text, std::unique_ptr<ParsedPath>* path) const;
 
  private:

@@ -12,7 +12,7 @@ namespace {
 using platform::AsciiLower;
 using platform::OleStringView;
 
-// The longest number, sign and prefix included, has one character less.
+// A number, including its sign or prefix, must be shorter than this.
 constexpr std::size_t kNumberTextLimit = 32;
 
 bool IsDigit(OLECHAR character) {

@@ -9,22 +9,22 @@ struct PathToken {
   enum Kind { kEnd, kError, kWord, kText, kInteger, kSlash, kColon, kDot, kEquals, kAt, kComma };
 
   Kind kind = kEnd;
-  platform::OleString text;  ///< of a word, or of a quoted text without its escapes
+  platform::OleString text;  ///< of a word, or of a quoted text after unescaping
   LONG number = 0;
 
-  /// Whether it is this word, ignoring the case of A to Z. `word` is in lower case.
+  /// Whether the token is this word, ignoring the case of A to Z. `word` must be in lower case.
   bool IsWord(platform::OleStringView word) const;
 };
 
 bool IsPathBlank(OLECHAR character);
 
-/// Reads the tokens of a path behind its server name. Blanks between tokens do not count.
+/// Reads the tokens of a path after its server name. Blanks between tokens are ignored.
 class PathLexer {
  public:
   explicit PathLexer(platform::OleStringView text) : rest_(text) {}
 
   PathToken Next();
-  /// Whether the token after this one is of that kind; reads nothing.
+  /// Whether the next token is of this kind. Does not consume it.
   bool NextIs(PathToken::Kind kind) const { return PathLexer(*this).Next().kind == kind; }
 
  private:

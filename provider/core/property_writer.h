@@ -9,20 +9,24 @@
 
 namespace wifi {
 
-/// What becomes of the later puts once one has failed.
+/// What happens after a put that failed.
 enum class PutRule {
-  kStopAtFailure,  ///< none is made; the result is the failure's
-  kGoOn,           ///< all are made; the result is the last one's
+  kStopAtFailure,  ///< the later puts are skipped; the result is that of the failed put
+  kGoOn,           ///< the later puts are made; the result is that of the last put
 };
 
-/// Writes the properties of an instance, a line each, under one rule for failing puts, then those
-/// of the next. All its texts share one allocation.
+/// Writes the properties of one instance after the other, under one rule for failing puts.
+/// All its texts share one allocation.
+///
+///     PropertyWriter writer(instance, PutRule::kStopAtFailure);
+///     writer.PutText(kSettingId, entry.deviceId);
+///     return writer.result();
 class PropertyWriter {
  public:
   explicit PropertyWriter(PutRule rule) : rule_(rule) {}
   PropertyWriter(IWbemClassObject* instance, PutRule rule) : instance_(instance), rule_(rule) {}
 
-  /// Goes on with another instance.
+  /// Starts with another instance.
   void Begin(IWbemClassObject* instance) {
     instance_ = instance;
     result_ = S_OK;
@@ -31,7 +35,8 @@ class PropertyWriter {
   HRESULT Put(const OLECHAR* name, platform::Variant value) {
     return PutInPlace(name, value.in_place());
   }
-  /// For the key, which comes first: what the instance throws ends the request.
+  /// For the key, which is put first. An exception of the instance is thrown on and ends the
+  /// request.
   void PutKey(const OLECHAR* name, platform::OleStringView text) {
     result_ = PutOrRethrow(instance_, name, *text_.Text(text));
   }
@@ -41,11 +46,11 @@ class PropertyWriter {
   HRESULT PutAnsi(const OLECHAR* name, std::string_view text) {
     return open() ? PutInPlace(name, text_.AnsiText(text)) : result_;
   }
-  /// Decimal text.
+  /// Puts the number as decimal text.
   HRESULT PutDecimal(const OLECHAR* name, std::int32_t number) {
     return PutAnsi(name, platform::ShortText<16>().Decimal(number));
   }
-  /// A 32-bit number; one above 0x7FFFFFFF comes out negative.
+  /// Puts a VT_I4. A number above 0x7FFFFFFF becomes negative.
   HRESULT PutNumber(const OLECHAR* name, std::uint32_t value) {
     return Put(name, platform::Variant::Integer(static_cast<LONG>(value)));
   }
@@ -53,7 +58,7 @@ class PropertyWriter {
     return Put(name, platform::Variant::Boolean(flag != 0));
   }
 
-  /// Whether the next put is made.
+  /// Whether the next put will be made.
   bool open() const { return rule_ == PutRule::kGoOn || SUCCEEDED(result_); }
   HRESULT result() const { return result_; }
 

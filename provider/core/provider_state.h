@@ -12,8 +12,8 @@
 
 namespace wifi {
 
-/// Last known raw values of the writable adapter properties, one set for the provider: whichever
-/// adapter was filled or updated last.
+/// The last known raw values of the writable adapter properties. There is one set for the provider:
+/// the values of the adapter that was filled or updated last.
 struct LastKnownValues {
   std::uint32_t radioState = 0;
   std::uint32_t readyForProfileState = 0;
@@ -26,13 +26,13 @@ struct LastKnownValues {
   std::uint32_t disableRfControl = 0;
 };
 
-/// The array put last for one array property, and the one before it.
+/// The last array that was put into one array property, and the array before it.
 struct ArraySlots {
   platform::SafeArray current;
   platform::SafeArray previous;
 };
 
-/// What all requests of a provider share. Members go in the reverse of their order: arrays first.
+/// State that outlives a request. The arrays are declared last so that they are destroyed first.
 struct ProviderMemory {
   LastKnownValues lastKnown;
   std::uint32_t discoveryState = 0;
@@ -42,24 +42,24 @@ struct ProviderMemory {
   std::array<ArraySlots, 5> statisticsArrays;  ///< of WiFi_AdapterTxRxStats
 };
 
-/// What class code may see of the provider, used on the thread of its apartment. Each request works
-/// on a copy: Initialize, which may come while a request calls out, replaces the namespace and the
-/// adapters of the provider, not those that a request started with.
+/// The part of the provider that class code uses, on the apartment thread of the provider. Each
+/// request works on a copy, because Initialize may run while a request calls out: it replaces the
+/// namespace and the adapters of the provider, but not those of the copy.
 struct ProviderState {
   ProviderState(adapterapi::AdapterApi& adapterApi, ProviderMemory& shared)
       : api(adapterApi), memory(shared) {}
 
   adapterapi::AdapterApi& api;
   ProviderMemory& memory;
-  platform::ComPtr<IWbemServices> services;  ///< the namespace; none before Initialize
-  std::shared_ptr<AdapterMap> adapters;      ///< none before Initialize
-  std::uint32_t initialized = 0;             ///< 1 once Initialize ran
+  platform::ComPtr<IWbemServices> services;  ///< the namespace; null before Initialize
+  std::shared_ptr<AdapterMap> adapters;      ///< null before Initialize
+  std::uint32_t initialized = 0;             ///< 1 after Initialize
 };
 
-/// Where a request's instances go.
+/// Where the instances of a request are delivered.
 struct Delivery {
   IWbemObjectSink* sink;
-  IWbemContext* context;  ///< passed on with every call back into the service; may be none
+  IWbemContext* context;  ///< passed to every call back into the service; may be null
 };
 
 }  // namespace wifi

@@ -10,7 +10,7 @@ namespace {
 
 std::atomic<TraceReceiver*> currentReceiver = nullptr;
 
-// Asked once, when the module is loaded.
+// Read once, when the module is loaded.
 const bool toDebugger = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "1");
 
 void Emit(const char* line, bool exceptionLine) {

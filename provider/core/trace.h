@@ -1,22 +1,22 @@
 #pragma once
-// Trace lines: what the provider is about to do, and what went wrong. With the environment variable
-// WIFI_PROVIDER_TRACE set to 1 when the module is loaded, each line goes to the debugger
-// (OutputDebugStringA), text unchanged. Otherwise nothing is written. Clients never see any of it.
+// Trace lines tell what the provider is about to do and what failed. If the environment variable
+// WIFI_PROVIDER_TRACE is 1 when the module is loaded, each line is written unchanged to the
+// debugger (OutputDebugStringA). Otherwise nothing is written. Clients never see the lines.
 
 #include <string>
 
 namespace wifi {
 
-/// An ordinary line.
+/// Any other line.
 void TraceMessage(const char* line);
 inline void TraceMessage(const std::string& line) {
   TraceMessage(line.c_str());
 }
 
-/// A line that reports an exception of the adapter control library.
+/// Reports an exception of the adapter control library.
 void TraceException(const char* line);
 
-/// Where lines go besides the debugger; for code in the same process, such as tests.
+/// Receives all lines, besides the debugger. For code in the same process, such as tests.
 class TraceReceiver {
  public:
   virtual void OnLine(const char* line, bool exceptionLine) = 0;
@@ -25,8 +25,8 @@ class TraceReceiver {
   ~TraceReceiver() = default;
 };
 
-/// Installs `receiver` for the whole process and returns the one before; none switches it off.
-/// The receiver must outlive its installation.
+/// Installs `receiver` for the whole process. Returns the previous receiver. Pass nullptr to remove
+/// it. A receiver must outlive its installation.
 TraceReceiver* SetTraceReceiver(TraceReceiver* receiver);
 
 }  // namespace wifi
