@@ -1,5 +1,5 @@
 #pragma once
-// What registration takes from the module itself.
+// The resources of the module that registration needs.
 
 #include <string_view>
 
@@ -7,13 +7,13 @@
 
 namespace wifi {
 
-/// The registration script: resource REGISTRY 102 of the module; empty if it is not there.
+/// The registration script, resource REGISTRY 102 of the module; empty if it is missing.
 std::string_view RegistrationScriptText(HINSTANCE module);
 
-/// Registers the type library, resource TYPELIB 1 of the module's file. Where the platform knows no
-/// type libraries there is nothing to do.
+/// Registers the type library, resource TYPELIB 1 of the module's file. Does nothing on a platform
+/// without type libraries.
 HRESULT RegisterTypeLibrary(const platform::OleString& modulePath);
-/// Forgets it again; one that is not registered is no failure.
+/// Unregisters the type library. Succeeds if it is not registered.
 HRESULT UnregisterTypeLibrary();
 
 }  // namespace wifi

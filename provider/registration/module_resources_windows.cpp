@@ -13,7 +13,7 @@ constexpr GUID kTypeLibrary = {
 std::string_view RegistrationScriptText(HINSTANCE module) {
   HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(kScriptResource), L"REGISTRY");
   if (resource == nullptr) return {};
-  // Resources stay mapped as long as their module: nothing to give back.
+  // Resources need not be freed; they are mapped as long as their module.
   HGLOBAL loaded = LoadResource(module, resource);
   const void* bytes = loaded == nullptr ? nullptr : LockResource(loaded);
   if (bytes == nullptr) return {};
@@ -26,7 +26,8 @@ HRESULT RegisterTypeLibrary(const platform::OleString& modulePath) {
 }
 
 HRESULT UnregisterTypeLibrary() {
-  // Whether it is registered is asked first: the answers to unregistering one that is not differ.
+  // Checked first, because UnRegisterTypeLib has different results for a library that is not
+  // registered.
   platform::Bstr path;
   if (FAILED(QueryPathOfRegTypeLib(kTypeLibrary, 1, 0, LOCALE_NEUTRAL, path.put()))) return S_OK;
   return UnRegisterTypeLib(kTypeLibrary, 1, 0, LOCALE_NEUTRAL, SYS_WIN64);

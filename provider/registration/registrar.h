@@ -7,12 +7,12 @@
 
 namespace wifi {
 
-/// Writes the script's keys below `root`. A failure leaves none of them behind and is answered with
-/// its code.
+/// Writes the keys of the script below `root`. After a failure it removes all of them and returns
+/// the error.
 HRESULT ApplyRegistration(HKEY root, const std::vector<ScriptKey>& script);
 
-/// Removes what the script wrote, by its rules. Keys that are not there are no failure; after one
-/// the rest is removed all the same, and the first failure's code is the answer.
+/// Removes the keys of the script by their rules. Missing keys are ignored. After a failure it
+/// removes the other keys, and then returns the first error.
 HRESULT RemoveRegistration(HKEY root, const std::vector<ScriptKey>& script);
 
 }  // namespace wifi

@@ -10,7 +10,7 @@ namespace {
 using platform::OleString;
 using platform::OleStringView;
 
-/// Recursive descent over the script's words, braces, equals signs and quoted texts.
+/// Recursive-descent parser for the script: words, braces, equals signs and quoted texts.
 class ScriptParser {
  public:
   ScriptParser(std::string_view text, OleStringView modulePath)
@@ -57,7 +57,7 @@ class ScriptParser {
       rest_.remove_prefix(length + 1);
       return;
     }
-    // A brace alone is a block's; a word may begin with one, as class identifiers do.
+    // A brace alone begins or ends a block. A word may begin with a brace, as class identifiers do.
     length = std::min(rest_.find_first_of(" \t\r\n"), rest_.size());
     word_ = rest_.substr(0, length);
     rest_.remove_prefix(length);

@@ -1,13 +1,13 @@
 #pragma once
-// The registration script: which keys and values the module writes below HKEY_CLASSES_ROOT, and
-// what becomes of them when it is unregistered. The text is the same that is embedded in the
-// module.
+// The registration script: the keys and values that the module writes below HKEY_CLASSES_ROOT, and
+// what happens to them when the module is unregistered. The module has the script as a resource.
 //
 //   HKCR { KEY… }
 //   KEY   := [NoRemove | ForceRemove] NAME [= s 'TEXT'] [{ (KEY | val NAME = s 'TEXT')… }]
 //
-// A key without a rule goes on unregistration once nothing foreign is left below it; NoRemove never
-// goes; ForceRemove goes with everything below it, also before it is written.
+// When the module is unregistered, a key without a rule is removed if no subkey of others is left
+// in it. A NoRemove key is never removed. A ForceRemove key is removed with all its subkeys, and
+// also before it is written.
 
 #include <optional>
 #include <stdexcept>
@@ -22,7 +22,7 @@ namespace wifi {
 
 enum class RemovalRule { kWhenEmpty, kNever, kWithSubkeys };
 
-/// One key of the script, ready to be written: what writes and removes it needs no memory.
+/// One key of the script, in a form that is written and removed without allocating memory.
 struct ScriptKey {
   platform::OleString name;
   RemovalRule rule = RemovalRule::kWhenEmpty;
@@ -31,14 +31,14 @@ struct ScriptKey {
   std::vector<ScriptKey> keys;
 };
 
-/// Says in which line the script is wrong.
+/// A syntax error, with the number of its line.
 class ScriptError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// The keys directly below HKEY_CLASSES_ROOT, the first %MODULE% of each text replaced by
-/// `modulePath`. Throws ScriptError.
+/// Parses the script into the keys directly below HKEY_CLASSES_ROOT. The first %MODULE% in each
+/// text is replaced with `modulePath`. Throws ScriptError.
 std::vector<ScriptKey> ParseRegistrationScript(std::string_view text,
                                                platform::OleStringView modulePath);
 
