@@ -46,8 +46,8 @@ enum class PathResult { kParsed = 0, kSyntaxError = 1, kInvalidArgument = 2 };
 /// hexadecimal integer, or TRUE or FALSE, which become the numbers 1 and 0.
 ///
 ///     std::unique_ptr<ParsedPath> path;
-///     PathParser(PathFlag::kAbsoluteNamespace).Parse(OLESTR("WiFi_AdapterChannel.SettingID=\"1\""),
-///     &path); PathKeyText(*path, kSettingId)  // "1"
+///     PathParser(PathFlag::kAbsoluteNamespace).Parse(OLESTR("CLASS.KEY=\"1\""), &path);
+///     PathKeyText(*path, OLESTR("KEY"))  // "1"
 class PathParser {
  public:
   explicit PathParser(PathFlag flag) : flag_(flag) {}

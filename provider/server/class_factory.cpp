@@ -44,7 +44,8 @@ class InstanceProviderFactory final : public IClassFactory {
       if (object == nullptr) return E_POINTER;
       *object = nullptr;
       if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-      // Asked first: a provider that goes again closes the library under the living ones.
+      // Check the IID before constructing: destroying a rejected provider would call CloseLibrary
+      // while other providers still use it.
       if (!InstanceProvider::Has(iid)) return E_NOINTERFACE;
       return ComPtr<InstanceProvider>::Adopt(new InstanceProvider(api_))
           ->QueryInterface(iid, object);

@@ -5,11 +5,11 @@
 
 namespace wifi {
 
-/// CLSID of the one creatable class, whose objects are InstanceProviders.
+/// The CLSID of the only creatable class. Its objects are InstanceProviders.
 extern const CLSID kInstanceProviderClass;
 
-/// Gives the class factory of that class, whose objects use `api`; CLASS_E_CLASSNOTAVAILABLE for
-/// another class.
+/// Creates the class factory for kInstanceProviderClass. The objects that it creates use `api`.
+/// CLASS_E_CLASSNOTAVAILABLE for any other class.
 HRESULT GetClassFactory(adapterapi::AdapterApi& api, REFCLSID classId, REFIID iid, void** object);
 
 }  // namespace wifi

@@ -24,10 +24,10 @@ using platform::OleString;
 using platform::OleStringView;
 using platform::Variant;
 
-// The part of a PNP device id that names the PCI bus and the maker; compared with its letter case.
+// The part of a PNP device id that names the PCI bus and the maker. Case-sensitive.
 constexpr OleStringView kMakersPciId = OLESTR("PCI\\VEN_7F3C&DEV");
 
-// An enumeration that goes on without objects for ever must not hold the service up.
+// An enumerator that keeps succeeding without an object must not block the service forever.
 constexpr int kMostEmptyAnswers = 10000;
 
 struct Candidate {
@@ -52,7 +52,7 @@ HRESULT ReadNext(IEnumWbemClassObject& enumeration, ComPtr<IWbemClassObject>& ob
   return platform::CallFenced([&] { return enumeration.Next(WBEM_INFINITE, 1, place, &returned); });
 }
 
-/// What the platform makes of the interactive user: failures leave the fields empty.
+/// Stores the interactive user that the platform reports. After a failure the fields are empty.
 void ReadInteractiveUser(ProviderState& state) {
   state.memory.encodedDomain.clear();
   state.memory.encodedUser.clear();
@@ -73,8 +73,8 @@ void ReadInteractiveUser(ProviderState& state) {
   state.memory.encodedUser = EncodeIdentity(split ? text.substr(separator + 1) : text);
 }
 
-/// Asks the library for its adapters as the client; `candidates` gets those that are present, as
-/// far as the table can be read.
+/// Asks the library for its adapters, as the client. Adds those that are present to `candidates`,
+/// as far as the table can be read.
 adapterapi::ApiStatus ListCandidates(adapterapi::AdapterApi& api,
                                      std::vector<Candidate>& candidates, bool& complete) {
   const AdapterList* list = nullptr;
@@ -144,7 +144,7 @@ void AddServedAdapter(AdapterMap& adapters, const std::vector<Candidate>& candid
     entry.description = platform::ViewOf(found.description.text());
     entry.number = candidate.number;
     entry.key = platform::AnsiText(entry.deviceId.c_str());
-    // Of two adapters with one key text the first stays.
+    // If two adapters have the same key, the first one is kept.
     adapters.try_emplace(entry.key, std::move(entry));
     return;
   }

@@ -16,7 +16,7 @@ using platform::Variant;
 
 constexpr std::uint32_t kFirstReserved = 16;
 
-/// Reads a request's object path; WBEM_E_INVALID_OBJECT_PATH for a text that is none.
+/// Parses the object path of a request; WBEM_E_INVALID_OBJECT_PATH if it is not one.
 HRESULT ReadObjectPath(const OLECHAR* text, std::unique_ptr<ParsedPath>& path) {
   const PathResult result = PathParser(PathFlag::kAbsoluteNamespace).Parse(text, &path);
   return result == PathResult::kParsed ? WBEM_S_NO_ERROR : WBEM_E_INVALID_OBJECT_PATH;
@@ -26,8 +26,8 @@ HRESULT Enumerate(const ClassRoute* route, ProviderState& state, const Delivery&
   return route == nullptr ? WBEM_E_INVALID_CLASS : route->enumerate(state, delivery);
 }
 
-/// Offers the instance to the update routine of its class once for each adapter. Its __PATH has to
-/// be a path, but the routine goes by __CLASS alone.
+/// Calls the update routine of the instance's class once for each adapter. __PATH must be a valid
+/// path, but only __CLASS selects the routine.
 HRESULT UpdateInstance(ProviderState& state, IWbemClassObject* instance) {
   if (instance == nullptr) return WBEM_E_INVALID_PARAMETER;
   Variant pathText;
@@ -80,7 +80,7 @@ ULONG InstanceProvider::Release() {
 
 HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices* services,
                                      IWbemContext*, IWbemProviderInitSink* initSink) {
-  const ComPtr<InstanceProvider> alive(this);  // as in Serve
+  const ComPtr<InstanceProvider> alive(this);  // see Serve
   state_.adapters.reset();
   state_.services = ComPtr<IWbemServices>(services);
   state_.initialized = 1;
@@ -88,10 +88,11 @@ HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices
   memory_.reserved[0] = kFirstReserved;
   memory_.reserved[1] = 0;
 
-  LONG status = WBEM_E_FAILED;  // unless discovery comes to its end
+  LONG status = WBEM_E_FAILED;  // if discovery throws an exception
   ProviderState discovered = state_;
   platform::Survives([&] {
-    // Shared, as requests may come before discovery ends; another Initialize leaves it to this one.
+    // Publish the map before it is filled: requests may arrive during discovery. A nested
+    // Initialize installs its own map and leaves this one alone.
     discovered.adapters = state_.adapters = std::make_shared<AdapterMap>();
     status = DiscoverAdapters(discovered);
   });
@@ -99,8 +100,8 @@ HRESULT InstanceProvider::Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices
   return WBEM_S_NO_ERROR;
 }
 
-/// Runs one request (ProviderState& to HRESULT) on the state as it is now. The provider lives at
-/// least as long, whatever a sink does.
+/// Runs one request (ProviderState& to HRESULT) on a copy of the state. Keeps the provider alive
+/// meanwhile, even if the sink releases it.
 template <class Steps>
 HRESULT InstanceProvider::Serve(IWbemObjectSink* sink, Steps&& steps) {
   const ComPtr<InstanceProvider> alive(this);

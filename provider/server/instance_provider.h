@@ -8,12 +8,11 @@
 
 namespace wifi {
 
-/// The object that the management service loads and talks to. Serves six operations of
-/// IWbemServices; every other one answers WBEM_E_NOT_SUPPORTED, touches no argument and calls no
-/// sink.
+/// The object that the management service loads and calls. It serves six operations of
+/// IWbemServices. The others return WBEM_E_NOT_SUPPORTED, touch no argument and call no sink.
 ///
-/// Starts with one reference, the creator's. The service calls it from the thread of its apartment;
-/// requests take no lock.
+/// A new object has one reference, which its creator owns. The service calls it on its apartment
+/// thread, so requests take no lock.
 class InstanceProvider final
     : public IWbemProviderInit,
       public platform::UnservedServices<IWbemServices, WBEM_E_NOT_SUPPORTED> {
@@ -23,15 +22,15 @@ class InstanceProvider final
   InstanceProvider& operator=(const InstanceProvider&) = delete;
   virtual ~InstanceProvider();
 
-  /// Whether objects of the class have that interface.
+  /// Whether objects of this class have the interface.
   static bool Has(REFIID iid);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override;
 
-  /// Learns the namespace and the adapters, anew at every call. Always answers WBEM_S_NO_ERROR: the
-  /// outcome goes to `initSink`.
+  /// Stores the namespace and finds the adapters, again at every call. Always returns
+  /// WBEM_S_NO_ERROR; `initSink` gets the result.
   HRESULT STDMETHODCALLTYPE Initialize(LPWSTR user, LONG flags, LPWSTR namespaceName, LPWSTR locale,
                                        IWbemServices* services, IWbemContext* context,
                                        IWbemProviderInitSink* initSink) override;

@@ -1,6 +1,8 @@
-// Where the loader looks for the libraries that the module imports: the module's own folder and the
-// system's, never the current directory or the search path. Honoured since Windows 10 1607; before
-// that these folders still come first. Other linkers take it as an option (/DEPENDENTLOADFLAG).
+// Restricts the search for the libraries that the module imports to the module's own folder and the
+// system folder; the current directory and the search path are never used. Windows 10 1607 and
+// later obey it; earlier versions still search these folders first. Other linkers have an option
+// for it
+// (/DEPENDENTLOADFLAG).
 
 #include "platform/platform.h"
 
@@ -11,7 +13,8 @@ constexpr WORD kSearchedFolders = LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRAR
 constexpr IMAGE_LOAD_CONFIG_DIRECTORY64 LoadConfig() {
   IMAGE_LOAD_CONFIG_DIRECTORY64 config = {};
   config.Size = sizeof(config);
-  config.Reserved1 = kSearchedFolders;  // DependentLoadFlags, in these headers under its old name
+  config.Reserved1 =
+      kSearchedFolders;  // the old name of DependentLoadFlags, which these headers use
   return config;
 }
 

@@ -1,4 +1,4 @@
-// The module's exported functions and its start-up.
+// The exported functions of the module and its entry point.
 
 #include <vector>
 
@@ -14,7 +14,7 @@ namespace {
 
 HINSTANCE thisModule = nullptr;
 
-/// The full path of this module's file; empty if the platform does not say.
+/// The full path of the module's file; empty if the platform does not give it.
 platform::OleString ModulePath() {
   constexpr std::size_t kLongest = 0x8000;
   platform::OleString path(kLongest, OLECHAR{});
@@ -31,7 +31,7 @@ std::vector<wifi::ScriptKey> Script(const platform::OleString& modulePath) {
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
     thisModule = module;
-    // A library that fails here says so itself once it is asked for its adapters.
+    // A failure is ignored: the library reports it when it is asked for its adapters.
     platform::Survives(
         [] { adapterapi::ImportedAdapterApi().SetLibraryMode(adapterapi::FixedNumber{1}); });
   }
@@ -54,7 +54,7 @@ STDAPI DllRegisterServer() {
     HRESULT result = wifi::ApplyRegistration(HKEY_CLASSES_ROOT, script);
     if (FAILED(result)) return result;
     result = wifi::RegisterTypeLibrary(path);
-    // Nothing stays half registered.
+    // Undo the first half: the module is registered completely or not at all.
     if (FAILED(result)) wifi::RemoveRegistration(HKEY_CLASSES_ROOT, script);
     return result;
   });
@@ -62,7 +62,7 @@ STDAPI DllRegisterServer() {
 
 STDAPI DllUnregisterServer() {
   return platform::AnswerFenced([] {
-    const auto script = Script({});  // what may fail for want of memory comes first
+    const auto script = Script({});  // first, because it may run out of memory
     const HRESULT library = wifi::UnregisterTypeLibrary();
     const HRESULT keys = wifi::RemoveRegistration(HKEY_CLASSES_ROOT, script);
     return FAILED(keys) ? keys : library;

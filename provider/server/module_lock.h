@@ -2,7 +2,8 @@
 
 namespace wifi {
 
-/// One reason for the module to stay loaded: a live object. Server locks are counted beside them.
+/// A member of each COM object: the module stays loaded while one exists. Server locks are counted
+/// separately.
 class ModuleLock {
  public:
   ModuleLock();
@@ -10,9 +11,9 @@ class ModuleLock {
   ModuleLock& operator=(const ModuleLock&) = delete;
   ~ModuleLock();
 
-  /// Takes a server lock or gives one back; one that was never taken gives back nothing.
+  /// Adds or removes a server lock. Removing one that was never added does nothing.
   static void LockServer(bool lock);
-  /// Whether no object lives and no server lock is held.
+  /// Whether there is neither a live object nor a server lock.
   static bool None();
 };
 

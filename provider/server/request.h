@@ -5,15 +5,15 @@
 
 namespace wifi {
 
-/// The frame of every served request: impersonates the client, runs `steps` (to HRESULT) behind the
-/// one fence, sends the sink its one final status, and reverts. Answers with that status.
+/// The frame of every request: impersonates the client, runs `steps` (to HRESULT) inside the fence,
+/// sends the sink exactly one final status, and reverts. Returns that status.
 template <class Steps>
 HRESULT RunRequest(IWbemObjectSink* sink, Steps&& steps) {
   if (sink == nullptr) return WBEM_E_INVALID_PARAMETER;
   const ClientImpersonation impersonation;
-  HRESULT status = WBEM_E_PROVIDER_FAILURE;  // unless the steps come to their end
+  HRESULT status = WBEM_E_PROVIDER_FAILURE;  // if the steps throw an exception
   platform::Survives([&] { status = steps(); });
-  // A sink that throws has had its one status; there is nobody else to tell.
+  // A sink that throws has received its only status; it is not called again.
   return platform::Survives(
              [&] { sink->SetStatus(WBEM_STATUS_COMPLETE, status, nullptr, nullptr); })
              ? status

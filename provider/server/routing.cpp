@@ -31,7 +31,7 @@ constexpr ClassRoute AdapterRoute(const OLECHAR* className) {
   return {className, EnumerateSelected<Selector>, GetSelected<Selector>};
 }
 
-/// Associations follow from the adapters.
+/// Associations follow from the adapters, so they cannot be updated.
 HRESULT UpdateNotSupported(ProviderState&, IWbemClassObject*, AdapterEntry&) {
   return WBEM_E_NOT_SUPPORTED;
 }
@@ -89,8 +89,9 @@ static_assert(contract::IsKnown<contract::UnknownClass(kRoutes)>());
 static_assert(contract::IsKnown<contract::UnknownClass(kUpdates)>());
 static_assert(contract::IsKnown<contract::UnknownClass(kNeverDeleted)>());
 
-/// Names are nearly always written as the schema does, and equal ones are the same in every locale:
-/// only another spelling is compared by the locale's rules, which costs a hundred times as much.
+/// Compares exactly first, because names are nearly always spelled as in the schema and equal names
+/// are equal in every locale. A comparison by the rules of the locale costs a hundred times as
+/// much.
 template <class Row, std::size_t Count>
 const Row* RowByName(const Row (&rows)[Count], const OLECHAR* className) {
   const platform::OleStringView name = platform::ViewOf(className);

@@ -1,6 +1,6 @@
 #pragma once
-// Which routine serves which class. The order of the rows is part of the interface: queries are
-// answered by the first class whose name stands anywhere in their text.
+// Maps classes to the routines that serve them. The order of the rows is part of the interface: a
+// query is answered by the first class whose name is anywhere in its text.
 
 #include "provider/core/instance.h"
 
@@ -12,20 +12,21 @@ struct ClassRoute {
   HRESULT (*get)(ProviderState&, const Delivery&, const ParsedPath&);
 };
 
-/// The route of the class with this whole name, ignoring letter case; none for any other name.
+/// The route of the class with this name, ignoring letter case; null if there is none.
 const ClassRoute* RouteByName(const OLECHAR* className);
 
-/// The first route whose class name stands in the query's text, letter case counting.
+/// The first route whose class name is in the text of the query, case-sensitively; null if there is
+/// none.
 const ClassRoute* RouteByQuery(const OLECHAR* query);
 
-/// What becomes of an instance that a client puts, by its class.
+/// The routine for instances that a client puts, by class.
 struct UpdateRoute {
   const OLECHAR* className;
   HRESULT (*update)(ProviderState&, IWbemClassObject*, AdapterEntry&);
 };
 const UpdateRoute* UpdateRouteByName(const OLECHAR* className);
 
-/// What a client hears that wants an instance of the class deleted: nothing ever is.
+/// Status for a delete request. No class supports deletion.
 HRESULT DeleteAnswer(const OLECHAR* className);
 
 }  // namespace wifi
