@@ -33,7 +33,7 @@ class ClassObjectTest : public ::testing::Test {
     return value.type() == VT_NULL ? "null" : ToJson(CIM_STRING, value.get()).dump();
   }
 
-  // The tests keep their references in order; refused values are theirs on purpose.
+  // The tests release all references; refused values are intended.
   std::vector<std::string> sentences_;
   Defects defects_{[this](const std::string& sentence) { sentences_.push_back(sentence); }};
   ObjectPool pool_;

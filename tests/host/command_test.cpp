@@ -69,7 +69,7 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
   }
 }
 
-/// Takes nothing, and throws when it is read.
+/// Accepts no output, and throws when it is read.
 class BrokenBuffer : public std::streambuf {
  protected:
   int_type underflow() override { throw std::runtime_error("broken"); }
@@ -107,7 +107,7 @@ TEST(ProgramTest, EndsWithEveryStatusOfTheTable) {
   std::cin.rdbuf(input);
 }
 
-/// A document's lines, each once.
+/// The set of a document's lines.
 std::set<std::string> LinesOfDocument(const char* file) {
   std::ifstream document(std::string(DOCS_FOLDER) + file);
   std::set<std::string> lines;
@@ -145,7 +145,7 @@ TEST(CommandTable, StandsInTheDocument) {
   }
 }
 
-/// Commands against a provider that has one Toy and takes what is put.
+/// Commands with a provider that has one Toy and accepts every put.
 class CommandTest : public ::testing::Test {
  protected:
   CommandTest() {

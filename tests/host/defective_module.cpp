@@ -1,4 +1,4 @@
-// A module whose provider never tells the final status of a request.
+// A module whose provider never sets the final status of a request.
 
 #include "tests/host/fake_provider.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// A provider whose every step a test chooses.
+// A provider whose every step is chosen by a test.
 
 #include <functional>
 #include <utility>
@@ -9,7 +9,7 @@
 
 namespace host {
 
-/// What one request has at hand.
+/// The data of one request.
 struct Request {
   IWbemServices* services;  ///< the host's namespace
   IWbemContext* context;
@@ -54,8 +54,8 @@ class FakeServices final : public UnsupportedServices {
     return Do(path, context, in, sink);
   }
 
-  Steps steps;  ///< of every request
-  Steps onPut;  ///< of puts, if set
+  Steps steps;  ///< for every request
+  Steps onPut;  ///< for puts, if set
   platform::ComPtr<IWbemServices> services;
 
  private:
@@ -65,7 +65,7 @@ class FakeServices final : public UnsupportedServices {
   }
 };
 
-/// Factory and IWbemProviderInit over a FakeServices. Reports `initStatus` once.
+/// Factory and IWbemProviderInit for a FakeServices. Reports `initStatus` once.
 class FakeProvider final : public ComObject<IWbemProviderInit, IID_IWbemProviderInit> {
  public:
   FakeProvider() : ComObject("the fake provider"), factory_(*this) {}
@@ -78,7 +78,8 @@ class FakeProvider final : public ComObject<IWbemProviderInit, IID_IWbemProvider
   }
   ULONG STDMETHODCALLTYPE Release() override {
     const ULONG left = ComObject::Release();
-    if (left == 1 && releasesNamespace) services.services.reset();  // only the test's is left
+    if (left == 1 && releasesNamespace)
+      services.services.reset();  // only the test's reference is left
     return left;
   }
   HRESULT STDMETHODCALLTYPE Initialize(LPWSTR, LONG, LPWSTR, LPWSTR, IWbemServices* given,

@@ -37,7 +37,7 @@ TEST(Format, Csv) {
             "\"line\nbreak\",10,,,\n");
   EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kCsv, 100), "");
   EXPECT_EQ(CsvText(Json::parse(R"([{"A":"a\rb"}])"), {}), "A\n\"a\rb\"\n");
-  // A reader takes a line without anything for no row.
+  // A reader does not take an empty line for a row.
   EXPECT_EQ(FormatRows(Json::parse(R"([{"A":null},{"A":""},{}])"), OutputFormat::kCsv, 100, {"A"}),
             "A\n\"\"\n\"\"\n\"\"\n");
 }
@@ -87,7 +87,7 @@ TEST(VisibleText, LeadsNeitherATerminalNorALine) {
       {"\u061c\u200e\u200f\u2010", "\\u061c\\u200e\\u200f\u2010"},
       {"\u2027\u2028\u202e\u202f", "\u2027\\u2028\\u202e\u202f"},
       {"\u2066\u2069\u206a", "\\u2066\\u2069\u206a"},
-      {"\x9bm \xc0\x9b \xe2\x1bm \xe2", "\\x9bm \\u001b \xe2\\x1bm \xe2"},  // no UTF-8
+      {"\x9bm \xc0\x9b \xe2\x1bm \xe2", "\\x9bm \\u001b \xe2\\x1bm \xe2"},  // not UTF-8
   };
   for (const auto& [text, visible] : rows) {
     EXPECT_EQ(VisibleText(text), visible);
@@ -112,7 +112,7 @@ TEST(VisibleText, IsNoLongerThanAScreenInAnError) {
   EXPECT_LT(errors.str().size(), 80u * 24);
   EXPECT_TRUE(errors.str().starts_with("wmihost: x: '\\x01")) << errors.str();
   EXPECT_TRUE(errors.str().ends_with("\\x01\u20ac' is too long\n")) << errors.str();
-  // No half of a character, wherever the cut falls.
+  // Never half of a character, wherever the text is cut.
   for (std::size_t most = 12; most < 24; ++most) {
     const std::string cut =
         ShortText("\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac", most);

@@ -17,7 +17,7 @@ TEST(MeantPath, GivesQuotesClassAndKeyBack) {
       {R"(\\.\root\cimv2:Toy.Id=a)", R"(\\.\root\cimv2:Toy.Id="a")"},
       {"Pair.Left=x,Right=1,Flag=TRUE", R"(Pair.Left="x",Right=1,Flag=TRUE)"},
       {"Right=1,Left=x,Flag=TRUE", R"(Pair.Left="x",Right=1,Flag=TRUE)"},
-      // What may stand as it is, and what says too little.
+      // Paths that are correct, and paths that say too little.
       {"Toy.Id=\"a\"", nullptr},
       {"Toy.Id='a'", nullptr},
       {"Only=@", nullptr},

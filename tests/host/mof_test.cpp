@@ -1,4 +1,4 @@
-// The MOF reader, the checks of a schema, and the product's own MOF held against them.
+// The MOF reader, the checks of a schema, and the product's own MOF compared with them.
 
 #include <gtest/gtest.h>
 
@@ -188,13 +188,13 @@ TEST(ProductMof, IsWholeAndWithoutFindings) {
   EXPECT_EQ(CheckSchema(schema), std::vector<std::string>{});
   EXPECT_EQ(schema.namespaceName, "\\\\.\\root\\cimv2");
   EXPECT_EQ(schema.instances.size(), 3u);
-  // What the class factory, the installer and the host process take on trust.
+  // Values that the class factory, the installer and the host process assume without a check.
   EXPECT_EQ(TextOf(schema.instances[0], "Name"), "WiFiAdapterProvider");
   EXPECT_EQ(ProviderClassId(schema), "{3B14BAD6-C364-4576-8271-39B5850ABDA8}");
   EXPECT_EQ(TextOf(schema.instances[0], "HostingModel"), "NetworkServiceHost");
 }
 
-/// What the build reads of the schema, and what the host does.
+/// What the build reads of the schema equals what the host reads.
 TEST(ProductMof, IsTheContract) {
   const auto shown = [](auto... words) {
     std::ostringstream line;

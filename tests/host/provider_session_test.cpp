@@ -88,10 +88,10 @@ TEST_F(ProviderSessionTest, GivesManyInstancesAsTheyComeAndForgetsNoHeldOne) {
   constexpr LONG kMany = 20000;
   Start();
   provider_.services.steps = [](Request& request) {
-    [[maybe_unused]] auto* oldest = Spawn(request, OLESTR("Toy")).release();  // and never Release
+    [[maybe_unused]] auto* oldest = Spawn(request, OLESTR("Toy")).release();  // without a Release
     for (LONG index = 0; index < kMany; ++index) IndicateToy(request, index);
     const ComPtr<IWbemClassObject> recent = Spawn(request, OLESTR("Toy"));
-    recent->Release();  // once too often
+    recent->Release();  // one Release too many
     return Finish(request, S_OK);
   };
   LONG next = 0;
@@ -119,7 +119,7 @@ TEST_F(ProviderSessionTest, PassesFailuresOnWithoutBlame) {
 TEST_F(ProviderSessionTest, ReportsEveryBreachOfTheContract) {
   Start();
   IWbemClassObject* leaked = nullptr;
-  FakeServices foreign;  // any object that is not the host's
+  FakeServices foreign;  // an object that is not from the host
   struct Row {
     const char* what;
     FakeServices::Steps steps;
@@ -330,7 +330,7 @@ TEST_F(ProviderSessionTest, WantsTheNamespaceBack) {
   Start();
   session_.Stop();
   ExpectDefects({"still holds the namespace"});
-  provider_.services.services.reset();  // while there is still something to release
+  provider_.services.services.reset();  // while it can still be released
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # report_browser_test.sh WMIHOST SCENARIO DRIVER WORK: opens the report of SCENARIO in a browser; the
-# page DRIVER sorts and filters it and says what it saw.
+# page DRIVER sorts and filters it and reports what it saw.
 set -euo pipefail
 wmihost=$1 scenario=$2 driver=$3 work=$4
 

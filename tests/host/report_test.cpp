@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// One adapter, 7, that is associated with the first of its networks.
+/// One adapter, 7, associated with the first of its networks.
 Json DumpWith(Json networks) {
   for (Json& network : networks) network["SettingID"] = "7";
   const std::string first = networks.empty() ? "" : networks[0].value("MacAddress", "");
@@ -89,9 +89,9 @@ TEST(Report, ShowsProtectionAsThePointsAnnounceIt) {
       {Heard("", 1, -1, 1, "TKIP", "WPA_PSK"), Protection::kProtected, "WPA-Personal, TKIP"},
       {Heard("", 1, -1, 1, "UnKnown", "RSNA"), Protection::kProtected, "WPA2-Enterprise"},
       {Heard("", 1, -1, 1, "UnKnown", "UnKnown"), Protection::kProtected, "Encrypted"},
-      // Open to join, and yet not open.
+      // Open authentication, but encrypted.
       {Heard("", 1, -1, 0, "AES-CCMP", "Open"), Protection::kProtected, "AES-CCMP"},
-      // The available network's channel, which tells nothing of its protection.
+      // The available network's channel, which says nothing about its protection.
       {{{"Encrypted", "11"}, {"RSSI", "-40"}}, Protection::kUnknown, ""},
   };
   for (const auto& row : rows) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# reproduction.sh GUIDE SCENARIO PROGRAM…: runs the four commands of GUIDE as they stand, where wmihost is
-# PROGRAM and campus.json is SCENARIO, and looks at what they leave.
+# reproduction.sh GUIDE SCENARIO PROGRAM…: runs the four commands of GUIDE unchanged, with PROGRAM as
+# wmihost and SCENARIO as campus.json, and checks their results.
 set -euo pipefail
 guide=$(sed -n '/begin four-commands/,/end four-commands/s/^    //p' "$1") scenario=$2
 shift 2

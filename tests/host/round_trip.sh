@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # round_trip.sh SEEDS FOLDER PROGRAM…: wmihost, which is PROGRAM, dumps each scenario in FOLDER and SEEDS
-# more that are drawn, and makes scenarios of the dumps: those show the same, to the byte.
+# random ones and makes scenarios from the dumps, whose dumps must be the same, byte for byte.
 set -euo pipefail
 seeds=$1 folder=$2
 shift 2
@@ -12,7 +12,7 @@ cd "$work"
 unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
 export SOURCE_DATE_EPOCH=0
 
-wmihost() {  # OUTPUT ARGUMENT…; a request that fails is an answer too
+wmihost() {  # OUTPUT ARGUMENT…; a failing request is a valid answer too
   local output=$1 status=0
   shift
   "${program[@]}" "$@" >"$output" 2>errors </dev/null || status=$?

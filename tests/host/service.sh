@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# service.sh PROGRAM…: wmihost, which is PROGRAM, asks the system's own management service.
+# service.sh PROGRAM…: wmihost, which is PROGRAM, reads from the system's own management service.
 set -uo pipefail
 program=("$@")
 bad=0
-expect() {  # STATUS PATTERN ARGUMENT…: the exit status, and what the output or the messages hold
+expect() {  # STATUS PATTERN ARGUMENT…: exit status and content of output or messages
   local status=$1 pattern=$2 got=0 shown
   shift 2
   shown=$("${program[@]}" --service "$@" 2>&1 </dev/null | tr -d '\r'; exit "${PIPESTATUS[0]}") || got=$?

@@ -1,4 +1,4 @@
-// The shell as a person meets it: the real program at a pseudo-terminal.
+// The shell as a user sees it: the real program at a pseudo-terminal.
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kPatience = 30000;  // ms; a busy machine is slow, a hanging program never answers
+constexpr int kPatience = 30000;  // ms; long, because a busy machine is slow
 constexpr const char* kPrompt = "wmihost> ";
 
 class Terminal {
@@ -39,7 +39,7 @@ class Terminal {
     close(terminal_);
   }
 
-  /// Types once the program takes single keys; the prompt comes a moment earlier.
+  /// Types after the program has switched to single keys; the prompt comes a moment earlier.
   void Type(const std::string& keys) {
     termios modes{};
     for (int waited = 0; waited < kPatience; ++waited) {
@@ -48,7 +48,7 @@ class Terminal {
     }
     EXPECT_EQ(write(terminal_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
   }
-  /// What came until `end` came, that included; all there was if it never does.
+  /// The output up to and including `end`; all output if `end` never comes.
   std::string ReadTo(const std::string& end) {
     while (text_.find(end) == std::string::npos) {
       pollfd ready = {terminal_, POLLIN, 0};
@@ -66,7 +66,7 @@ class Terminal {
     text_.erase(0, length);
     return found;
   }
-  /// Types a line, and gives what comes up to the next prompt, the echo of the line not included.
+  /// Types a line and returns the output up to the next prompt, without the echo of the line.
   std::string Run(const std::string& line) {
     Type(line + "\r");
     ReadTo("\n");
@@ -98,7 +98,7 @@ class TerminalTest : public ::testing::Test {
     state_ = folder;
     setenv("XDG_STATE_HOME", folder.c_str(), 1);
     setenv("TERM", "xterm", 1);
-    // Letters arrive whatever the locale is.
+    // Characters arrive whatever the locale is.
     for (const char* name : {"LANG", "LC_ALL", "LC_CTYPE"}) unsetenv(name);
   }
   void TearDown() override { std::filesystem::remove_all(state_); }

@@ -1,5 +1,5 @@
 #pragma once
-// A small schema for the host's tests, and short ways to build its objects.
+// A small schema for the host's tests, and short functions that build its objects.
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# transcript.sh FILE PROGRAM…: runs each line of FILE that begins with "$ " in a shell where wmihost is
-# PROGRAM, and prints FILE anew: comments and such lines as they stand; below each line its standard
-# output, its standard error behind "! " and an exit status other than 0 in brackets. The lines share
-# a folder that is empty at first, and $scenarios is the folder of the product's scenarios.
+# transcript.sh FILE PROGRAM…: runs each line of FILE that begins with "$ " in a shell in which wmihost
+# is PROGRAM, and prints FILE with the results: comments and such lines unchanged, below each line its
+# standard output, its standard error after "! " and an exit status other than 0 in brackets. The lines
+# share a folder that is empty at first, and $scenarios is the folder of the product's scenarios.
 set -uo pipefail
 scenarios=$(cd "$(dirname "$0")/../../simulator/scenarios" && pwd)
 exec 3<"$1"

@@ -23,7 +23,7 @@ TEST(Value, PutsWhatFitsTheDeclaredTypeAndRefusesTheRest) {
     const char* property;
     Variant value;
     HRESULT result;
-    const char* json;  // what the property holds afterwards
+    const char* json;  // the property's value afterwards
   };
   Row rows[] = {
       {"Id", Text("a"), S_OK, R"("a")"},

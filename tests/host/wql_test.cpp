@@ -24,7 +24,7 @@ TEST(Wql, SelectsByCondition) {
       {"Count > -1 AND Count <= 5", true},
       {"Count = '5'", true},
       {"Count = 'five'", false},
-      {"Count = '5abc'", false},  // no number
+      {"Count = '5abc'", false},  // not a number
       {"Count <> 'five'", true},
       {"Id > 3", false},
       {"On = TRUE", true},
@@ -47,7 +47,7 @@ TEST(Wql, SelectsByCondition) {
       {"Count = 5 AND Small = 1", false},
       {"NOT (Count = 6 OR Small = 1)", false},
       {"Small = 1 AND Count = 6", false},
-      {"NOT (Small = 1 AND Count = 5 AND On = 1)", false},  // no value decides in the first place
+      {"NOT (Small = 1 AND Count = 5 AND On = 1)", false},  // without a value nothing is selected
       {"NOT (Small = 1 AND Count = 6)", true},
       // A constant on the left, system properties, classes.
       {"'ALPHA' = Id;", true},
