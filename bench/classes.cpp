@@ -14,6 +14,7 @@
 #include "platform/text.h"
 #include "provider/core/trace.h"
 #include "provider/server/instance_provider.h"
+#include "schema/contract.h"
 
 namespace bench {
 namespace {
@@ -73,31 +74,21 @@ class Bench {
 
 /// `networks` is the length of every list.
 struct Class {
-  const char* name;
+  std::string name;
   std::size_t adapters;
   std::size_t networks;
 };
-constexpr Class kClasses[] = {
-    {"WiFi_NetworkAdapter", 100, 1},
-    {"WiFi_AdapterAssociationInfo", 100, 1},
-    {"WiFi_AdapterVersion", 100, 1},
-    {"WiFi_AdapterDevice", 100, 1},
-    {"WiFi_AdapterConfigSettings", 100, 1},
-    {"WiFi_AdapterSignalParameters", 100, 1},
-    {"WiFi_AdapterChannel", 100, 1},
-    {"WiFi_AdapterFeatures", 100, 1},
-    {"WiFi_AdapterTcpIpSettings", 100, 1},
-    {"WiFi_AdapterTcpIpv6Settings", 100, 1},
-    {"WiFi_AdapterAssocStats", 100, 1},
-    {"WiFi_AdapterTxRxStats", 100, 1},
-    {"WiFi_NetworkAdapterConfiguration", 100, 1},
-    {"WiFi_NetworkAdapterSetting", 100, 1},
-    {"WiFi_SystemPolicies", 1, 1},
-    {"WiFi_AdapterCachedScanList", 1, 1000},
-    {"WiFi_AvailableNetwork", 1, 1000},
-    {"WiFi_NetworkExcludeList", 1, 1000},
-    {"WiFi_PreferredProfile", 1, 1000},
-};
+
+/// A hundred instances of what each adapter has one of, a thousand of a list's entries: those that
+/// have a key beside the adapter's.
+Class Measured(const contract::Class& row) {
+  for (const contract::Property& property : contract::kProperties) {
+    if (property.className != row.name || !property.isKey) continue;
+    if (property.name == "MacAddress" || property.name == "NetworkName" || property.name == "Name")
+      return {std::string(row.name), 1, 1000};
+  }
+  return {std::string(row.name), 100, 1};
+}
 
 /// Seconds per instance, the figure from which a row's ratios are computed.
 void CountInstances(benchmark::State& state, std::size_t instances) {
@@ -203,8 +194,9 @@ void Traced(benchmark::State& state, bool on) {
 }
 
 const bool registered = [] {
-  for (const Class& shown : kClasses) {
-    const std::string name = shown.name;
+  for (const contract::Class& row : contract::kClasses) {
+    const Class shown = Measured(row);
+    const std::string& name = shown.name;
     benchmark::RegisterBenchmark(("provider/" + name).c_str(), Provider, shown);
     benchmark::RegisterBenchmark(("floor/" + name).c_str(), Floor, shown);
     benchmark::RegisterBenchmark(("calls/" + name).c_str(), Calls, shown);

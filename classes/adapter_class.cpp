@@ -36,8 +36,10 @@ static_assert(std::size(kAdapterClasses) == static_cast<std::size_t>(ClassSelect
 static_assert(contract::IsKnown<contract::UnknownClass(kAdapterClasses)>());
 
 constexpr bool HasOtherKey(const contract::Name& className, const contract::Name& keys) {
-  const AdapterClass* row = contract::RowOf(kAdapterClasses, className);
-  return row != nullptr && contract::Name(row->key) != keys;
+  for (const AdapterClass& row : kAdapterClasses) {
+    if (contract::Name(row.className) == className) return contract::Name(row.key) != keys;
+  }
+  return false;
 }
 #define CONTRACT_CLASS(name, keys, isWritten)                         \
   static_assert(!HasOtherKey(#name, keys),                            \

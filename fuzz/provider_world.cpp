@@ -182,7 +182,7 @@ void ProviderWorld::Get(const platform::OleString& path) {
   });
 }
 
-void ProviderWorld::Put(const char* className) {
+void ProviderWorld::Put(const std::string& className) {
   const auto object = ComPtr<ClientObject>::Adopt(new ClientObject(source_, className));
   Request([&](IWbemServices& services, IWbemObjectSink* sink) {
     return services.PutInstanceAsync(object.get(), 0, nullptr, sink);

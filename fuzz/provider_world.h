@@ -10,7 +10,8 @@
 /// An object that a client passes; its content comes from the input, one read at a time.
 class ClientObject final : public testing_support::UnusedClassObject {
  public:
-  ClientObject(ByteSource& source, const char* className) : source_(source), class_(className) {}
+  ClientObject(ByteSource& source, std::string className)
+      : source_(source), class_(std::move(className)) {}
   HRESULT STDMETHODCALLTYPE Get(LPCWSTR name, LONG, VARIANT* value, CIMTYPE*, LONG*) override;
   HRESULT STDMETHODCALLTYPE Put(LPCWSTR, LONG, VARIANT*, CIMTYPE) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE SpawnInstance(LONG, IWbemClassObject**) override { return E_NOTIMPL; }
@@ -47,7 +48,7 @@ class ProviderWorld {
   }
   void Enumerate(const platform::OleString& className);
   void Get(const platform::OleString& path);
-  void Put(const char* className);
+  void Put(const std::string& className);
   void Method(const platform::OleString& path, const platform::OleString& name);
 
  private:

@@ -1,14 +1,13 @@
-// Instances with property values of any type, put to each class that can be updated.
+// Instances with property values of any type, put to each class.
 
 #include "fuzz/provider_world.h"
+#include "schema/contract.h"
 
 void Fuzz_put(FuzzInput bytes) {
-  static constexpr const char* kClasses[] = {
-      "WiFi_NetworkAdapter", "WiFi_NetworkAdapterConfiguration", "WiFi_AdapterChannel",
-      "WiFi_SystemPolicies", "WiFi_NetworkAdapterSetting",       "WiFi_AdapterVersion"};
   ByteSource source(bytes);
   ProviderWorld world(source);
   do {
-    world.Put(kClasses[source.Below(std::size(kClasses))]);
+    const auto& row = contract::kClasses[source.Below(std::size(contract::kClasses))];
+    world.Put(std::string(row.name));
   } while (!source.empty());
 }

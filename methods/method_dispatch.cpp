@@ -83,42 +83,45 @@ constexpr ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkAdapterSetting"), nullptr, WBEM_E_NOT_SUPPORTED, {}},
 };
 
-constexpr const Method* MethodRow(const contract::Name& className, const contract::Name& name) {
-  const ClassMethods* owner = contract::RowOf(kClasses, className);
-  if (owner == nullptr) return nullptr;
-  for (const Method& row : owner->methods) {
-    if (contract::Name(row.name) == name) return &row;
+/// The row of a method; one without a name if there is none.
+constexpr Method MethodRow(const contract::Name& className, const contract::Name& name) {
+  for (const ClassMethods& owner : kClasses) {
+    if (contract::Name(owner.className) != className) continue;
+    for (const Method& row : owner.methods) {
+      if (contract::Name(row.name) == name) return row;
+    }
   }
-  return nullptr;
+  return {OLESTR(""), nullptr};
 }
 /// Whether the row puts what the schema declares: ReturnValue's type and the second out-parameter.
 constexpr bool AnswersAsDeclared(const contract::Name& className, const contract::Name& name,
                                  CIMTYPE returnType) {
-  const Method* row = MethodRow(className, name);
-  if (row == nullptr) return true;  // that is said already
-  const contract::Parameter* out = contract::FindOut(className, name);
-  return row->answersNumber == (returnType == CIM_SINT32) &&
-         (row->extra == nullptr ? contract::Name() : row->extra) ==
-             (out == nullptr ? contract::Name() : out->name);
+  const Method row = MethodRow(className, name);
+  const contract::Name extra = row.extra == nullptr ? contract::Name() : row.extra;
+  return row.answersNumber == (returnType == CIM_SINT32) &&
+         extra == contract::FindOut(className, name).name;
 }
-#define CONTRACT_METHOD(className, name, returnType)                                              \
-  static_assert(MethodRow(#className, #name), "the schema's method " #className "." #name         \
-                                              " has no row: add it to the table of its class in " \
-                                              "methods/method_dispatch.cpp");                     \
-  static_assert(AnswersAsDeclared(#className, #name, returnType),                                 \
-                "the row of " #className "." #name                                                \
+#define CONTRACT_METHOD(className, method, returnType)              \
+  static_assert(*MethodRow(#className, #method).name != 0,          \
+                "the schema's method " #className "." #method       \
+                " has no row: add it to the table of its class in " \
+                "methods/method_dispatch.cpp");                     \
+  static_assert(AnswersAsDeclared(#className, #method, returnType), \
+                "the row of " #className "." #method                \
                 " in methods/method_dispatch.cpp has other out-parameters than the schema");
 #include "schema/contract.inc"
 
 /// The first CLASS.METHOD of the tables, or CLASS.KEY, that the schema lacks.
 constexpr contract::Name UnknownMember() {
   for (const ClassMethods& owner : kClasses) {
-    if (owner.adapterKey != nullptr) {
-      const auto* key = contract::FindProperty(owner.className, owner.adapterKey);
-      if (key == nullptr || !key->isKey) return {owner.className, owner.adapterKey};
+    if (owner.adapterKey != nullptr &&
+        !contract::FindProperty(owner.className, owner.adapterKey).isKey) {
+      return {owner.className, owner.adapterKey};
     }
     for (const Method& row : owner.methods) {
-      if (!contract::FindMethod(owner.className, row.name)) return {owner.className, row.name};
+      if (contract::FindMethod(owner.className, row.name).name.empty()) {
+        return {owner.className, row.name};
+      }
     }
   }
   return {};

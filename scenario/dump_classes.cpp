@@ -125,11 +125,11 @@ constexpr OtherRow kOthers[] = {
     {"WiFi_NetworkAdapterSetting", {}},
 };
 
-#define CONTRACT_CLASS(name, keys, isWritten)                                             \
-  static_assert(contract::RowOf(kRecords, #name) || contract::RowOf(kLists, #name) ||     \
-                    contract::RowOf(kProfiles, #name) || contract::RowOf(kOthers, #name), \
-                "the schema's class " #name                                               \
-                " has no row: add it to kRecords, kLists or kOthers in "                  \
+#define CONTRACT_CLASS(name, keys, isWritten)                                               \
+  static_assert(contract::HasRow(kRecords, #name) || contract::HasRow(kLists, #name) ||     \
+                    contract::HasRow(kProfiles, #name) || contract::HasRow(kOthers, #name), \
+                "the schema's class " #name                                                 \
+                " has no row: add it to kRecords, kLists or kOthers in "                    \
                 "scenario/dump_classes.cpp");
 #include "schema/contract.inc"
 
@@ -138,7 +138,7 @@ template <class Row, std::size_t Count>
 constexpr contract::Name Unknown(const Row (&rows)[Count]) {
   for (const Row& row : rows) {
     for (const PropertyRow& property : row.properties) {
-      if (contract::FindProperty(row.className, property.property) == nullptr) {
+      if (contract::FindProperty(row.className, property.property).name.empty()) {
         return {row.className, property.property};
       }
     }

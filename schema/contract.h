@@ -83,53 +83,55 @@ inline constexpr Parameter kParameters[] = {
 #include "schema/contract.inc"
 };
 
-/// A class by its name; null if the schema does not have it.
-constexpr const Class* FindClass(const Name& name) {
+// Rows are returned by value, without a name if the schema has no such row. Not by address: with
+// UndefinedBehaviorSanitizer GCC does not take a comparison with null for a constant.
+
+constexpr Class FindClass(const Name& name) {
   for (const Class& row : kClasses) {
-    if (row.name == name.view()) return &row;
+    if (row.name == name.view()) return row;
   }
-  return nullptr;
+  return {};
 }
 
-/// A property or method of a class; null if there is no such member.
+/// A property or method of a class by its name.
 template <class Row, std::size_t Count>
-constexpr const Row* FindMember(const Row (&rows)[Count], const Name& className, const Name& name) {
+constexpr Row FindMember(const Row (&rows)[Count], const Name& className, const Name& name) {
   const std::string_view wantedClass = className.view();
   const std::string_view wanted = name.view();
   for (const Row& row : rows) {
-    if (row.name == wanted && row.className == wantedClass) return &row;
+    if (row.name == wanted && row.className == wantedClass) return row;
   }
-  return nullptr;
+  return {};
 }
-constexpr const Property* FindProperty(const Name& className, const Name& name) {
+constexpr Property FindProperty(const Name& className, const Name& name) {
   return FindMember(kProperties, className, name);
 }
-constexpr const Method* FindMethod(const Name& className, const Name& name) {
+constexpr Method FindMethod(const Name& className, const Name& name) {
   return FindMember(kMethods, className, name);
 }
 
-/// The out-parameter of a method, null if it has none.
-constexpr const Parameter* FindOut(const Name& className, const Name& method) {
+/// The out-parameter of a method.
+constexpr Parameter FindOut(const Name& className, const Name& method) {
   for (const Parameter& row : kParameters) {
-    if (row.isOut && row.className == className.view() && row.method == method.view()) return &row;
+    if (row.isOut && row.className == className.view() && row.method == method.view()) return row;
   }
-  return nullptr;
+  return {};
 }
 
-/// The row of a table with this className; null if there is no such row.
+/// Whether the table has a row with this className.
 template <class Row, std::size_t Count>
-constexpr const Row* RowOf(const Row (&rows)[Count], const Name& className) {
+constexpr bool HasRow(const Row (&rows)[Count], const Name& className) {
   for (const Row& row : rows) {
-    if (Name(row.className) == className) return &row;
+    if (Name(row.className) == className) return true;
   }
-  return nullptr;
+  return false;
 }
 
 /// The first className of a table that the schema does not have; empty if it has all of them.
 template <class Row, std::size_t Count>
 constexpr Name UnknownClass(const Row (&rows)[Count]) {
   for (const Row& row : rows) {
-    if (FindClass(row.className) == nullptr) return row.className;
+    if (FindClass(row.className).name.empty()) return row.className;
   }
   return {};
 }

@@ -77,10 +77,10 @@ constexpr Undeletable kNeverDeleted[] = {
 };
 
 #define CONTRACT_CLASS(name, keys, isWritten)                                                 \
-  static_assert(contract::RowOf(kRoutes, #name),                                              \
+  static_assert(contract::HasRow(kRoutes, #name),                                             \
                 "the schema's class " #name                                                   \
                 " has no route: add its row to kRoutes in provider/server/routing.cpp");      \
-  static_assert(!isWritten || contract::RowOf(kUpdates, #name),                               \
+  static_assert(!isWritten || contract::HasRow(kUpdates, #name),                              \
                 "the schema's class " #name                                                   \
                 " has properties that are written and no update: add its row to kUpdates in " \
                 "provider/server/routing.cpp");

@@ -1,11 +1,15 @@
 #include "methods/method_dispatch.h"
 
+#include <set>
+
 #include "tests/methods/method_fixture.h"
+#include "tests/support/schema_objects.h"
 
 namespace wifi {
 namespace {
 
 using testing_support::Answers;
+using testing_support::PathOf;
 using testing_support::Raises;
 using Strings = std::vector<std::string>;
 
@@ -41,48 +45,44 @@ TEST_F(MethodDispatch, UnknownMethodsAndClasses) {
 }
 
 TEST_F(MethodDispatch, EveryMethodAnswersItsOutParameters) {
-  const struct {
-    const char* className;
-    const char* key;
-    Strings methods;
-  } kRows[] = {
-      {"WiFi_NetworkAdapter",
-       "DeviceID",
-       {"RegisterProfileService", "SetRadioState", "SetIBSSTxPower", "SetPspMode",
-        "SetReadyForProfileState", "ResetStatistics", "SetProtocolPreference",
-        "SetConnectionPreference", "EnableXpZeroConfig", "ResetExcludeList", "AddExcludeListEntry",
-        "RemoveExcludeListEntry", "IsAdapterSupported", "StopAuthentication",
-        "IsTcpIpInstalledAndBound", "Release1xConfig"}},
-      {"WiFi_NetworkAdapterConfiguration",
-       "SettingID",
-       {"GetAPIVersion", "IsCurrentProfile", "Disassociate"}},
-      {"WiFi_AdapterAssociationInfo", "SettingID", {"IsAssociated"}},
-      {"WiFi_PreferredProfile",
-       "Name",
-       {"ApplyProfile", "ReenterAndReapplyProfile", "ApplyProfileFromMacAddress"}},
-      {"WiFi_NetworkExcludeList",
-       "SettingID",
-       {"IsExcludeListEnabled", "EnableExcludeList", "GetRogueApCount", "ExcludeThisAP"}},
-  };
-  for (const auto& row : kRows) {
-    for (const std::string& method : row.methods) {
-      SCOPED_TRACE(method);
-      // A missing adapter, under a class name in another letter case.
-      std::string path = std::string(row.className) + "." + row.key + "=\"none\"";
-      path[0] = 'w';
-      EXPECT_EQ(Exec(path, method.c_str()), WBEM_S_NO_ERROR);
-      EXPECT_EQ(Out(), Strings{method == "GetAPIVersion" ? "ReturnValue=number:0"
-                                                         : "ReturnValue=flag:false"});
-      EXPECT_EQ(sink->objects[0]->className, std::string(row.className) + "." + method);
-      EXPECT_EQ(Exec(std::string(row.className) + "=@", method.c_str()), WBEM_S_NO_ERROR);
-      EXPECT_EQ(Out().size(), 1u);
-      if (method.rfind("Set", 0) != 0) continue;
-      // Accepted, but without a body.
-      EXPECT_EQ(OnAdapter(method.c_str()), WBEM_S_NO_ERROR);
-      EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
-    }
+  for (const contract::Method& row : contract::kMethods) {
+    const std::string method(row.name);
+    const std::string className(row.className);
+    SCOPED_TRACE(className + "." + method);
+    // A missing adapter, under a class name in another letter case.
+    const std::string_view keys = contract::FindClass(row.className).keys;
+    std::string path = className + "." + std::string(keys.substr(0, keys.find(' '))) + "=\"none\"";
+    path[0] = 'w';
+    EXPECT_EQ(Exec(path, method.c_str()), WBEM_S_NO_ERROR);
+    EXPECT_EQ(Out(), Strings{row.returnType == CIM_SINT32 ? "ReturnValue=number:0"
+                                                          : "ReturnValue=flag:false"});
+    EXPECT_EQ(sink->objects[0]->className, className + "." + method);
+    EXPECT_EQ(Exec(className + "=@", method.c_str()), WBEM_S_NO_ERROR);
+    EXPECT_EQ(Out().size(), 1u);
+    if (method.rfind("Set", 0) != 0) continue;
+    // Accepted, but without a body.
+    EXPECT_EQ(OnAdapter(method.c_str()), WBEM_S_NO_ERROR);
+    EXPECT_EQ(Out(), Strings{"ReturnValue=flag:false"});
   }
   EXPECT_EQ(journal.calls(), Strings{});
+}
+
+TEST_F(MethodDispatch, EveryMethodReadsItsInParameters) {
+  FillFromSchema(*in.get());
+  const auto keys =
+      testing_support::KeysOfAdapter7({{"NetworkName", "Guests"}, {"Name", "Office"}});
+  for (const contract::Method& row : contract::kMethods) {
+    std::set<std::string> declared;
+    for (const contract::Parameter& parameter : contract::kParameters) {
+      const bool isOfMethod = parameter.className == row.className && parameter.method == row.name;
+      if (isOfMethod && !parameter.isOut) declared.emplace(parameter.name);
+    }
+    journal.Clear();
+    Exec(PathOf(row.className, keys), std::string(row.name).c_str());
+    const Strings read = journal.Of("get ");
+    EXPECT_EQ(std::set(read.begin(), read.end()), declared)
+        << row.className << "." << row.name << ": its body and the schema disagree";
+  }
 }
 
 TEST_F(MethodDispatch, AFaultOfTheLibraryIsFalse) {
