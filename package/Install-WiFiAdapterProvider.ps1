@@ -63,10 +63,12 @@ try {
         $files | ForEach-Object { Copy-Item -Recurse (Join-Path $PSScriptRoot $_) $Destination }
     }
     Invoke-Tool 'regsvr32.exe' '/s', $module
-    Invoke-Tool 'wbem\mofcomp.exe' (Join-Path $Destination 'wifi_adapter_provider.mof')
+    $schema = Join-Path $Destination 'wifi_adapter_provider.mof'
+    Invoke-Tool 'wbem\mofcomp.exe' $schema
     $count = (Get-ProviderClass).Count
-    if ((Get-RegisteredModule) -ne $module -or $count -ne 19) {
-        throw "The check failed: registered is '$(Get-RegisteredModule)', with $count classes of 19."
+    $declared = @(Select-String -LiteralPath $schema -Pattern '^class WiFi_').Count
+    if ((Get-RegisteredModule) -ne $module -or $count -ne $declared) {
+        throw "The check failed: registered is '$(Get-RegisteredModule)', with $count classes of $declared."
     }
 } catch {
     Write-Warning "Putting back what was there: $_"
