@@ -3,8 +3,8 @@
 Installs the WiFi Adapter Provider from the unpacked package: files, registration, management classes.
 .DESCRIPTION
 Run it in a 64-bit Windows PowerShell started as administrator. It can be run again to repair or to
-update. If a step fails, what was there before is put back. It exits with 3010 when a file in use
-waits for the next restart. The installer (MSI) does the same and is the better choice for many machines.
+update. If a step fails, the previous state is restored. It exits with 3010 when a file in use is
+replaced at the next restart. The installer (MSI) does the same and is the better choice for many machines.
 .PARAMETER Destination
 The folder for the provider's files; ordinary users must not be able to write there.
 .EXAMPLE
@@ -25,8 +25,9 @@ foreach ($file in $files) {
     }
 }
 
-# Whoever may write there could put code into the service. What the folder will inherit counts, so the
-# nearest one that exists is asked. Allowed: the system, administrators, the creator, the system's installer.
+# A user who may write there could put code into the service. The folder will inherit rights, so those of
+# its nearest existing parent are checked. Allowed: the system, administrators, the creator, the system's
+# installer.
 $existing = $Destination
 while (-not (Test-Path $existing)) { $existing = Split-Path $existing }
 $trusted = '^S-1-5-(18|32-544|80-956008885-.*)$|^S-1-3-0$'
@@ -39,7 +40,7 @@ foreach ($rule in $rules) {
     }
 }
 
-# The maker's libraries come with the adapter's driver; without them the module cannot be loaded.
+# The adapter's driver installs the maker's libraries; without them the module cannot be loaded.
 foreach ($library in 'QuarnApi.dll', 'TolvaApi.dll') {
     $found = @((Join-Path $Destination $library), (Join-Path $env:SystemRoot "System32\$library")) |
         Where-Object { Test-Path $_ }

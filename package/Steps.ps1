@@ -1,4 +1,4 @@
-# What installing and uninstalling by script share; both load it from their own folder.
+# Functions that the install and uninstall scripts share; both load this file from their own folder.
 
 $files = @('WiFiAdapterProvider.dll', 'wmihost.exe', 'wifi_adapter_provider.mof', 'uninstall.mof',
     'Install-WiFiAdapterProvider.ps1', 'Uninstall-WiFiAdapterProvider.ps1', 'Steps.ps1',
@@ -29,18 +29,18 @@ function Invoke-Tool([string] $Tool, [string[]] $Arguments) {
     if ($process.ExitCode -ne 0) { throw "$Tool $Arguments failed with exit code $($process.ExitCode)." }
 }
 
-# The file of the registered module; empty when none is registered.
+# The file of the registered module; empty if no module is registered.
 function Get-RegisteredModule {
     $key = Get-Item "$classes\CLSID\$class\InprocServer32" -ErrorAction SilentlyContinue
     if ($key) { $key.GetValue('') }
 }
 
-# Works without the module, which cannot be loaded once the maker's libraries are gone.
+# Works without the module, which cannot be loaded after the maker's libraries have been removed.
 function Remove-Registration {
     $keys | Where-Object { Test-Path $_ } | Remove-Item -Recurse -Force
 }
 
-# Deletes a file or folder; what a process holds goes at the next restart.
+# Deletes a file or folder; files that a process has open are deleted at the next restart.
 function Remove-NowOrAtRestart([string] $Path) {
     Get-ChildItem -Recurse -File -Force $Path | ForEach-Object {
         try { Remove-Item -Force $_.FullName } catch {
@@ -56,8 +56,8 @@ public static extern bool MoveFileEx(string from, string to, int flags);
     if (-not (Get-ChildItem -Recurse -File -Force $Path)) { Remove-Item -Recurse -Force $Path }
 }
 
-# Moves the provider's files out of a folder into one within it, which holds them also when they are
-# in use. Gives that folder.
+# Moves the provider's files from a folder into a new subfolder, which works even while they are in use.
+# Returns the subfolder.
 function Move-Aside([string] $Folder) {
     $aside = Join-Path $Folder "replaced-$([guid]::NewGuid().ToString('N'))"
     New-Item -ItemType Directory $aside | Out-Null

@@ -3,10 +3,10 @@
 Removes the WiFi Adapter Provider: its management classes, its registration and its files.
 .DESCRIPTION
 Run it in a 64-bit Windows PowerShell started as administrator. It needs neither the module nor the
-adapter maker's libraries, which it does not touch. Steps that are already done are passed over. It
-exits with 3010 when a file in use waits for the next restart.
+adapter maker's libraries, which it does not touch. Steps that are already done are skipped. It
+exits with 3010 when a file in use is deleted at the next restart.
 .PARAMETER Destination
-The folder that the provider was installed to; found through the registration when it is left out.
+The folder to which the provider was installed; by default it is found through the registration.
 #>
 [CmdletBinding(SupportsShouldProcess)]
 param([string] $Destination)

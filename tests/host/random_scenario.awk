@@ -1,6 +1,6 @@
-# awk -v seed=N -f random_scenario.awk: a scenario drawn from what its reference allows, in which every
-# value is one that the classes show; what they show otherwise than it is given is drawn from what they
-# tell apart.
+# awk -v seed=N -f random_scenario.awk: makes a random scenario of the values that its reference allows
+# and that the classes show. For values that the classes show in another form, only those are used that
+# the form distinguishes.
 function below(n) { return int(rand() * n) }
 function one(list,   n, parts) { n = split(list, parts, "|"); return parts[1 + below(n)] }
 function flag() { return one("true|false|1|7|0x80000000|\"0x80000000\"") ~ /^(true|1|7)/ ? "true" : one("false|2|\"0xFFFFFFFF\"") }

@@ -1,6 +1,6 @@
-# Lists the one-line faults of C++ sources, a row each, separated by tabs:
+# Lists the one-line faults of C++ sources, one row each, separated by tabs:
 #   FILE LINE KIND FAULTY-LINE
-# Strings, characters and comments are masked first, so that an operator is looked for in code alone.
+# Strings, characters and comments are masked first, so that operators are searched only in code.
 
 function mask_of(line,    i, c, mask, quote) {
   quote = ""
@@ -14,7 +14,7 @@ function mask_of(line,    i, c, mask, quote) {
       while (length(mask) < length(line)) mask = mask " "
       return mask
     } else {
-      # 1'000 holds no character.
+      # The quote in 1'000 does not start a character literal.
       if (c == "\"" || (c == "'" && substr(line, i - 1, 1) !~ /[0-9]/)) quote = c
       mask = mask c
     }
@@ -26,7 +26,7 @@ function fault(number, kind, text) {
   if (text != lines[number]) printf "%s\t%d\t%s\t%s\n", file, number, kind, text
 }
 
-# Each place where `from` stands in the code becomes `to`.
+# Each place where `from` is in the code becomes `to`.
 function replaced(number, kind, from, to,    at, start) {
   start = 1
   while ((at = index(substr(masks[number], start), from)) > 0) {
@@ -48,7 +48,7 @@ function replaced_word(number, kind, from, to,    at, start, mask) {
   }
 }
 
-# Whole numbers and characters, one more; a decimal digit more or less for texts.
+# Whole numbers and characters plus one; a decimal digit more or less for texts.
 function constants(number,    mask, start, at, size, value, before) {
   mask = masks[number]
   start = 1
@@ -85,7 +85,7 @@ function balanced(mask,    copy) {
   return gsub(/[({]/, "", copy) == gsub(/[)}]/, "", copy)
 }
 
-# The place of the parenthesis that closes the one at `open`, 0 without one.
+# The position of the parenthesis that closes the one at `open`, 0 without one.
 function closing(mask, open,    depth, i, c) {
   depth = 0
   for (i = open; i <= length(mask); ++i) {
@@ -106,15 +106,15 @@ function conditions(number,    mask, open, close_at, inner, start, at) {
     if (close_at == 0) break
     inner = substr(mask, open, close_at - open)
     at = open
-    if (match(inner, /; /)) at = open + RSTART  # behind the declaration
+    if (match(inner, /; /)) at = open + RSTART  # after the declaration
     fault(number, "condition", substr(lines[number], 1, at) (at > open ? " " : "") "!(" substr(lines[number], at + 1, close_at - at - 1) ")" substr(lines[number], close_at))
     start = close_at
   }
-  # A line of its own decides something: gone.
+  # A line that is a complete decision is deleted.
   if (mask ~ /^ *if \(.*\) (return|continue|break).*;$/ && balanced(mask)) fault(number, "deleted", "")
 }
 
-# The statement of a line that holds one, and only one.
+# The statement of a line that has exactly one.
 function deletions(number,    mask) {
   mask = masks[number]
   sub(/ +$/, "", mask)
@@ -129,7 +129,8 @@ function deletions(number,    mask) {
     fault(number, "deleted", "{}")
 }
 
-# Two neighbours of one shape, rows of a table say: this line takes the last word in which they differ.
+# Two neighbouring lines of the same form, such as rows of a table: this line gets the last word in which
+# they differ.
 function shape_of(mask,    shape) {
   shape = mask
   gsub(/[A-Za-z_\001][A-Za-z0-9_\001]*/, "w", shape)
@@ -149,7 +150,7 @@ function swaps(number,    other, here, there, left, right, size, rest) {
   there = code_of(other)
   rest = substr(lines[number], length(here) + 1)
   if (here == there) return
-  # From the first difference to the last; then only the last word of that.
+  # From the first difference to the last; of that only the last word.
   for (right = 0; substr(here, length(here) - right, 1) == substr(there, length(there) - right, 1); ++right) {}
   rest = substr(here, length(here) - right + 1) rest
   here = substr(here, 1, length(here) - right)

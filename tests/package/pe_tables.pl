@@ -1,6 +1,6 @@
-# pe_tables.pl FILE: what a linked 64-bit Windows file tells its loader, a line each, read from its own
-# tables: "protection NAME", "import LIBRARY NAME" or "import LIBRARY #ORDINAL", "export ORDINAL NAME"
-# (without the name if it has none), "base ADDRESS", "searches FLAGS" (DependentLoadFlags).
+# pe_tables.pl FILE: prints what a linked 64-bit Windows file tells its loader, read from its own tables,
+# one line each: "protection NAME", "import LIBRARY NAME" or "import LIBRARY #ORDINAL", "export ORDINAL
+# NAME" (without the name if it has none), "base ADDRESS", "searches FLAGS" (DependentLoadFlags).
 use strict;
 use warnings;
 
@@ -24,7 +24,7 @@ my @sections = map {
   { address => number('V', $row + 12), size => number('V', $row + 16), place => number('V', $row + 20) }
 } 0 .. number('v', $header + 6) - 1;
 
-sub place { # ADDRESS relative to the image: where its byte is in the file
+sub place { # ADDRESS relative to the image: its offset in the file
   my ($address) = @_;
   for (@sections) {
     return $address - $_->{address} + $_->{place}

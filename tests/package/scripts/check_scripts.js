@@ -1,4 +1,4 @@
-// node check_scripts.js FILE…: parses PowerShell scripts and names each place that is not PowerShell.
+// node check_scripts.js FILE…: parses PowerShell scripts and reports each syntax error.
 const fs = require('fs');
 const { Language, Parser } = require('web-tree-sitter');
 
