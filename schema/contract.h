@@ -4,7 +4,7 @@
 // benchmarks iterate over it.
 //
 //     for (const contract::Method& method : contract::kMethods) Call(method.className,
-//     method.name); static_assert(contract::FindClass("WiFi_AdapterFeatures") != nullptr);
+//     method.name); static_assert(!contract::FindClass("WiFi_AdapterFeatures").name.empty());
 
 #include <cstddef>
 #include <iterator>
