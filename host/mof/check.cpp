@@ -27,7 +27,7 @@ class Checker {
     if (!holds) findings_.push_back(std::to_string(line) + ": " + where + ": " + finding);
   }
 
-  /// Items of one scope must differ in more than case.
+  /// Names in one scope must differ in more than letter case.
   template <typename Item>
   void CheckNames(const std::vector<Item>& items) {
     for (auto item = items.begin(); item != items.end(); ++item) {
@@ -38,7 +38,7 @@ class Checker {
     }
   }
 
-  /// The one instance of a class; an empty one, with a finding, if there are none or several.
+  /// The only instance of a class; an empty one, with a finding, if there is none or more than one.
   const InstanceDeclaration& OnlyInstance(const Schema& schema, const std::string& className) {
     static const InstanceDeclaration none;
     const auto found = InstancesOf(schema, className);
@@ -47,7 +47,7 @@ class Checker {
     return found.size() == 1 ? *found.front() : none;
   }
 
-  /// The provider's registration must say what its classes need, and nothing more.
+  /// The provider's registration must declare exactly what its classes need.
   void CheckRegistration(const Schema& schema) {
     const InstanceDeclaration& provider = OnlyInstance(schema, "__Win32Provider");
     provider_ = TextOf(provider, "Name");
@@ -83,7 +83,7 @@ class Checker {
 
   void CheckReference(const InstanceDeclaration& registration, const InstanceDeclaration& provider,
                       const std::string& where) {
-    if (registration.className.empty()) return;  // its absence is a finding already
+    if (registration.className.empty()) return;  // already reported as missing
     Require(!provider.alias.empty() &&
                 SameIgnoringAsciiCase(TextOf(registration, "Provider"), provider.alias),
             registration.line, where, "of another provider");
@@ -113,7 +113,7 @@ class Checker {
     }
   }
 
-  /// No class may be among its own ancestors, of which others may be the namespace's own.
+  /// No class may be its own ancestor; ancestors may be classes of the namespace itself.
   void CheckAncestors(const ClassDeclaration& declaration,
                       const std::vector<ClassDeclaration>& classes) {
     std::string name = declaration.superclass;
@@ -149,7 +149,7 @@ class Checker {
     }
   }
 
-  /// The types of the values that the provider puts and reads.
+  /// Only types of values that the provider puts and reads.
   void CheckType(const PropertyDeclaration& item, const std::string& where) {
     const bool used = item.type == CIM_STRING || item.type == CIM_BOOLEAN ||
                       item.type == CIM_SINT32 || item.type == CIM_REFERENCE ||

@@ -6,7 +6,7 @@
 namespace host {
 namespace {
 
-// Unsigned types wider than a byte travel in VT_I4, as the service carries them.
+// Unsigned types wider than a byte are passed as VT_I4, as in the service.
 constexpr CimType kTypes[] = {
     {.word = "string", .type = CIM_STRING, .variantType = VT_BSTR},
     {.word = "boolean", .type = CIM_BOOLEAN, .variantType = VT_BOOL},

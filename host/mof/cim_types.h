@@ -1,5 +1,5 @@
 #pragma once
-// The data types that a declaration may name.
+// The data types that a declaration may have.
 
 #include <string_view>
 
@@ -8,20 +8,20 @@
 namespace host {
 
 struct CimType {
-  std::string_view word;  ///< in MOF
+  std::string_view word;  ///< the type's word in MOF
   CIMTYPE type;           ///< without CIM_FLAG_ARRAY
-  VARTYPE variantType;    ///< what carries a value; VT_EMPTY for a type without values
+  VARTYPE variantType;    ///< type of a value's VARIANT; VT_EMPTY for a type without values
   std::int64_t least = 0;
-  std::int64_t most = 0;  ///< 0 for what is no integer
+  std::int64_t most = 0;  ///< 0 for types that are not integers
 };
 
-/// The row of a type, or of the elements of an array type; none for a type that no MOF word names.
+/// The row of a type, or of the element type of an array; null for a type without a MOF word.
 const CimType* FindCimType(CIMTYPE type);
 
-/// The type of a MOF type word, such as sint32; CIM_ILLEGAL when it is none.
+/// The type of a MOF type word, such as sint32; CIM_ILLEGAL for any other word.
 CIMTYPE CimTypeNamed(std::string_view word);
 
-/// Whether a value of a MOF text may stand in an element of this type: its kind and its range.
+/// Whether a value of a MOF text fits an element of this type, by its kind and its range.
 bool FitsCimType(const MofScalar& value, CIMTYPE type);
 
 }  // namespace host

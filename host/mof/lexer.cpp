@@ -76,7 +76,7 @@ Token Lexer::Next() {
   return {Token::Kind::kAlias, alias, 0, line};
 }
 
-/// NUL beyond the end, which is no character of a MOF text either.
+/// NUL past the end, a character that a MOF text does not contain either.
 char Lexer::Peek(std::size_t ahead) const {
   return text_.size() - at_ > ahead ? text_[at_ + ahead] : '\0';
 }
@@ -124,7 +124,7 @@ Token Lexer::TakeText(int line) {
   return token;
 }
 
-/// Leaves the place at the escape's last character.
+/// Leaves the position at the last character of the escape.
 void Lexer::TakeEscape(std::string& text) {
   static constexpr std::string_view kLetters = "btnfr\"'\\";
   static constexpr std::string_view kMeanings = "\b\t\n\f\r\"'\\";
@@ -141,7 +141,7 @@ void Lexer::TakeEscape(std::string& text) {
     digits = static_cast<std::size_t>(
         std::from_chars(hex.data(), hex.data() + hex.size(), code, 16).ptr - hex.data());
   }
-  // Half of a surrogate pair is no character of UTF-8, and a NUL would cut the text short.
+  // Half of a surrogate pair is not a character of UTF-8, and a NUL would end the text.
   if (code == 0 || (code >= 0xD800 && code <= 0xDFFF)) {
     Fail(line_, "an escape: one of \\b \\t \\n \\f \\r \\\" \\' \\\\ or \\xHHHH of a character",
          "another after the backslash");
@@ -157,7 +157,7 @@ Token Lexer::TakeNumber(int line) {
   std::string_view word = TakeWord();
   shown += word;
   const bool hexadecimal = word.starts_with("0x") || word.starts_with("0X");
-  // A leading zero would mean octal to other readers: refused, so that no value is misread.
+  // A leading zero would mean octal to other readers, so it is refused and no value is misread.
   const bool octal = !hexadecimal && word.size() > 1 && word[0] == '0';
   if (hexadecimal) word.remove_prefix(2);
   digits += word;

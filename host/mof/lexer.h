@@ -1,5 +1,5 @@
 #pragma once
-// Splits a MOF text into tokens; comments and white space are gone.
+// Splits a MOF text into tokens, without comments and white space.
 
 #include <cstddef>
 #include <cstdint>
@@ -18,16 +18,16 @@ struct Token {
 
   bool IsSymbol(char symbol) const { return kind == Kind::kSymbol && text[0] == symbol; }
   bool IsName(std::string_view name) const;
-  /// How messages name it.
+  /// The name in messages.
   std::string Shown() const;
 };
 
 class Lexer {
  public:
-  /// Both must outlive the lexer; `name` stands in messages.
+  /// Both must outlive the lexer; `name` is used in messages.
   Lexer(std::string_view text, const std::string& name);
 
-  /// The next token, of kind kEnd at the end and ever after. Throws MofError.
+  /// The next token; kEnd at the end, and always after it. Throws MofError.
   Token Next();
 
   [[noreturn]] void Fail(int line, const std::string& expected, const std::string& found) const;

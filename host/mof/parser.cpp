@@ -13,8 +13,8 @@ constexpr std::array<std::string_view, 8> kFlavors = {
     "ToInstance",      "ToSubclass", "NotToInstance", "NotToSubclass",
     "DisableOverride", "Amended",    "Restricted",    "EnableOverride"};
 
-/// Recursive descent, one token ahead. The grammar nests to a fixed depth, so the text cannot
-/// exhaust the stack.
+/// Recursive descent with one token of lookahead. The grammar nests to a fixed depth, so no text
+/// can exhaust the stack.
 class Parser {
  public:
   Parser(std::string_view text, const std::string& name) : lexer_(text, name) { Advance(); }
@@ -71,7 +71,7 @@ class Parser {
     return Advance().text;
   }
 
-  /// Adjacent texts are one.
+  /// Adjacent texts form one.
   std::string ExpectText(const std::string& what) {
     if (token_.kind != Token::Kind::kText) Fail(what);
     std::string text;
@@ -82,7 +82,7 @@ class Parser {
   void ReadPragma() {
     ExpectWord("pragma");
     const bool isNamespace = token_.IsName("namespace");
-    const bool isFlags = token_.IsName("classflags");  // for the compiler alone
+    const bool isFlags = token_.IsName("classflags");  // only for the compiler
     const bool isClass = token_.IsName("deleteclass");
     if (!isNamespace && !isFlags && !isClass && !token_.IsName("deleteinstance")) {
       Fail("namespace, classflags, deleteclass or deleteinstance");
@@ -198,7 +198,7 @@ class Parser {
     Expect(')');
   }
 
-  /// Qualifiers, type and name, which properties, methods and parameters have in common.
+  /// Qualifiers, type and name, the common part of properties, methods and parameters.
   PropertyDeclaration ReadTypeAndName() {
     PropertyDeclaration declaration;
     declaration.qualifiers = ReadQualifiers();

@@ -15,7 +15,7 @@ std::string Shown(const MofScalar& value) {
   return std::get<std::string>(value);
 }
 
-/// The anchor that Markdown readers make of a heading.
+/// The anchor that Markdown readers generate for a heading.
 std::string Anchor(std::string name) {
   for (char& c : name) c = platform::AsciiLower(c);
   return name;
@@ -66,7 +66,7 @@ std::string Signature(const MethodDeclaration& method) {
   return text + ")";
 }
 
-/// Markdown's own characters and HTML's as plain ones; a line break would end a table's row.
+/// Escapes the special characters of Markdown and HTML; a line break would end a table's row.
 std::string Escaped(const std::string& text) {
   std::string escaped;
   for (const char c : text) {
@@ -99,7 +99,7 @@ void WriteSection(std::ostream& out, const ClassDeclaration& declaration) {
   }
 }
 
-/// Words of `text` in lines of at most kColumns; a longer word has a line of its own.
+/// Wraps the words of `text` at kColumns; a longer word gets a line of its own.
 void WriteWrapped(std::ostream& out, const std::string& text, std::size_t indent) {
   std::istringstream words(text);
   std::size_t column = 0;

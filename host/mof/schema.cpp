@@ -12,7 +12,7 @@ const Item* FindNamed(const std::vector<Item>& items, std::string_view name) {
   return found == items.end() ? nullptr : &*found;
 }
 
-/// The one value of a scalar qualifier when it is of this kind.
+/// The one value of a scalar qualifier if it is of this kind.
 template <typename Kind>
 Kind ScalarOf(const Qualifier* qualifier) {
   if (qualifier == nullptr || qualifier->isArray || qualifier->values.empty()) return {};

@@ -1,6 +1,6 @@
 #pragma once
-// Class and instance declarations as a MOF file states them. Texts are UTF-8; names keep their
-// spelling and compare without regard to case.
+// Class and instance declarations of a MOF file. Texts are UTF-8; names keep their spelling and are
+// compared without regard to case.
 
 #include <cstdint>
 #include <optional>
@@ -20,7 +20,7 @@ using MofScalar = std::variant<bool, std::int64_t, std::string>;
 
 struct Qualifier {
   std::string name;
-  std::vector<MofScalar> values;  ///< one for a scalar; `key` alone is one true
+  std::vector<MofScalar> values;  ///< one for a scalar; `key` without a value is true
   bool isArray = false;
 };
 
@@ -28,9 +28,9 @@ struct Qualifiers {
   std::vector<Qualifier> list;
 
   const Qualifier* Find(std::string_view name) const;
-  /// The flag's value, false when it is not there.
+  /// The flag's value, false if there is no such qualifier.
   bool Flag(std::string_view name) const;
-  /// The text of a scalar qualifier, empty when it is not there.
+  /// The text of a scalar qualifier, empty if there is no such qualifier.
   std::string Text(std::string_view name) const;
 };
 
@@ -38,7 +38,7 @@ struct Qualifiers {
 struct PropertyDeclaration {
   std::string name;
   CIMTYPE type = CIM_STRING;    ///< with CIM_FLAG_ARRAY for an array
-  std::string referencedClass;  ///< of a CIM_REFERENCE, else empty
+  std::string referencedClass;  ///< for a CIM_REFERENCE, else empty
   Qualifiers qualifiers;
   std::optional<std::vector<MofScalar>> defaultValue;
   int line = 0;
@@ -54,7 +54,7 @@ struct MethodDeclaration {
 
 struct ClassDeclaration {
   std::string name;
-  std::string superclass;  ///< empty for none
+  std::string superclass;  ///< empty without a superclass
   Qualifiers qualifiers;
   std::vector<PropertyDeclaration> properties;
   std::vector<MethodDeclaration> methods;
@@ -66,30 +66,30 @@ struct ClassDeclaration {
 /// `instance of CLASS [as $alias] { name = value; … };`
 struct InstanceDeclaration {
   std::string className;
-  std::string alias;  ///< with its $, empty for none
-  /// An alias of an earlier instance stands as the text "$name"; NULL gives no value at all.
+  std::string alias;  ///< with its $, empty without an alias
+  /// A reference to an earlier instance's alias is the text "$name"; NULL is an empty list.
   std::vector<std::pair<std::string, std::vector<MofScalar>>> values;
   int line = 0;
 };
 
 struct Schema {
-  std::string namespaceName;  ///< of the last #pragma namespace, such as \\.\root\cimv2
+  std::string namespaceName;  ///< from the last #pragma namespace, such as \\.\root\cimv2
   std::vector<ClassDeclaration> classes;
   std::vector<InstanceDeclaration> instances;
-  std::vector<std::string> deletedClasses;    ///< names, of #pragma deleteclass
-  std::vector<std::string> deletedInstances;  ///< object paths, of #pragma deleteinstance
+  std::vector<std::string> deletedClasses;    ///< names from #pragma deleteclass
+  std::vector<std::string> deletedInstances;  ///< object paths from #pragma deleteinstance
 };
 
-/// Says where a MOF text is wrong: "NAME:LINE: expected WHAT, found WHAT".
+/// Says what is wrong in a MOF text: "NAME:LINE: expected WHAT, found WHAT".
 class MofError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Reads a MOF text; `name` stands in messages. Throws MofError.
+/// Reads a MOF text; `name` is used in messages. Throws MofError.
 Schema ParseMof(std::string_view text, const std::string& name);
 
-/// How CIM names compare.
+/// CIM names are compared with this.
 using platform::SameIgnoringAsciiCase;
 
 /// The MOF spelling of a type: "string", "boolean", "sint32", "string[]" and so on.

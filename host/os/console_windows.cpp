@@ -14,14 +14,14 @@
 namespace host::os {
 namespace {
 
-constexpr std::size_t kHeld = 4096;  // bytes that are written at once, each in one call
+constexpr std::size_t kHeld = 4096;  // bytes of one call
 
-/// How many of the bytes are whole characters of UTF-8; at most the last one is not.
+/// The number of bytes that are whole UTF-8 characters; at most the last character is incomplete.
 std::size_t WholeCharacters(std::string_view bytes) {
   constexpr std::size_t kMost = 4;
   for (std::size_t behind = 1; behind <= std::min(kMost, bytes.size()); ++behind) {
     const auto byte = static_cast<unsigned char>(bytes[bytes.size() - behind]);
-    if ((byte & 0xC0) == 0x80) continue;  // not the first of its character
+    if ((byte & 0xC0) == 0x80) continue;  // not the first byte of its character
     const std::size_t length = byte < 0x80 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
     return length > behind ? bytes.size() - behind : bytes.size();
   }
@@ -30,8 +30,8 @@ std::size_t WholeCharacters(std::string_view bytes) {
 
 }  // namespace
 
-/// What a stream writes to a console, as characters: whatever code page the console has, letters of
-/// every language are shown, and a character is never written in parts.
+/// Writes a stream to a console as characters: whatever its code page, characters of every language
+/// are shown, and a character is never written in parts.
 class ConsoleOutput : public std::streambuf {
  public:
   explicit ConsoleOutput(HANDLE console) : console_(console) {}
@@ -78,7 +78,7 @@ class ConsoleOutput : public std::streambuf {
 
 namespace {
 
-/// A console on a standard handle, and the mode that it is given back.
+/// A console on a standard handle, and the mode to restore.
 struct Console {
   HANDLE handle = nullptr;
   DWORD before = 0;
@@ -91,7 +91,7 @@ HANDLE StandardHandle(int standardStream) {
   return GetStdHandle(kHandles[standardStream]);
 }
 
-/// Ctrl-C ends the process without its destructors.
+/// Restores the consoles: Ctrl-C ends the process without calling destructors.
 BOOL WINAPI GiveModesBack(DWORD) {
   for (Console& console : consoles) {
     if (console.changed) SetConsoleMode(console.handle, console.before);
@@ -102,7 +102,7 @@ BOOL WINAPI GiveModesBack(DWORD) {
 }  // namespace
 
 struct StandardStreams::State {
-  /// Lets the stream write to its console, if it has one.
+  /// Redirects the stream to its console, if it has one.
   class Redirection {
    public:
     Redirection(std::ostream& stream, int number)
@@ -137,7 +137,7 @@ StandardStreams::~StandardStreams() {
 }
 
 bool IsTerminal(int standardStream) {
-  DWORD mode = 0;  // which the null device has not, unlike other character devices
+  DWORD mode = 0;  // the null device, a character device, has none
   return GetConsoleMode(StandardHandle(standardStream), &mode) != 0;
 }
 
@@ -161,7 +161,7 @@ std::string ReadPassword(const std::string& prompt) {
   if (GetConsoleMode(handle, &console.before)) {
     std::cerr << prompt << std::flush;
     console.handle = handle;
-    console.changed = true;  // an interrupt gives the echo back too
+    console.changed = true;  // an interrupt restores the echo too
     SetConsoleMode(handle, console.before & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
     wchar_t typed[kLongest];
     DWORD count = 0;

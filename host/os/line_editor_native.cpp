@@ -27,7 +27,8 @@ void NoteInterrupt(int) {
   interrupted = 1;
 }
 
-/// Without it the editor takes only ASCII: the user's locale, or one with UTF-8 if that has none.
+/// Uses the user's locale, or one with UTF-8 if that has not: otherwise the editor takes only
+/// ASCII.
 void UseUtf8() {
   if (std::setlocale(LC_CTYPE, "") != nullptr && std::string(nl_langinfo(CODESET)) == "UTF-8") {
     return;
@@ -35,9 +36,9 @@ void UseUtf8() {
   std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-/// Has the terminal give its interrupt key like any other, until the editor gives the terminal
-/// back. As a signal it would throw away the keys before it, and one that comes between the look
-/// for it and the wait for a key would not be seen. Answers with the key.
+/// Makes the terminal send its interrupt key as an ordinary key until the editor restores the
+/// terminal. As a signal it would discard the keys typed before it, and a signal between the check
+/// for it and the wait for a key would be missed. Returns the key.
 int TakeInterruptKey() {
   static int key = kAbandonKey;
   termios modes{};
@@ -49,7 +50,7 @@ int TakeInterruptKey() {
   return key;
 }
 
-/// Reads one character of UTF-8; an interrupt counts as the key that abandons the line.
+/// Reads one UTF-8 character; an interrupt counts as the key that abandons the line.
 int ReadCharacter(EditLine*, wchar_t* character) {
   const int interruptKey = TakeInterruptKey();
   std::mbstate_t state{};
@@ -64,7 +65,7 @@ int ReadCharacter(EditLine*, wchar_t* character) {
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return static_cast<int>(count);
     const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
-    if (used == static_cast<std::size_t>(-2)) continue;  // more bytes are to come
+    if (used == static_cast<std::size_t>(-2)) continue;  // more bytes follow
     if (used == static_cast<std::size_t>(-1)) {
       state = {};
       continue;
@@ -73,14 +74,14 @@ int ReadCharacter(EditLine*, wchar_t* character) {
   }
 }
 
-/// What all words begin with.
+/// The common beginning of all words.
 std::string CommonStart(const std::vector<std::string>& words) {
   std::string common = words.front();
   for (const std::string& word : words) {
     const auto differ = std::mismatch(common.begin(), common.end(), word.begin(), word.end());
     common.erase(differ.first, common.end());
   }
-  // No half of a character.
+  // Never half of a character.
   while (!common.empty() && common.size() < words.front().size() &&
          (static_cast<unsigned char>(words.front()[common.size()]) & 0xC0) == 0x80) {
     common.pop_back();

@@ -15,7 +15,7 @@ BOOL WINAPI NoteInterrupt(DWORD event) {
   return TRUE;
 }
 
-/// One line of a console, in UTF-8; none at its end, or if it is no console.
+/// One line of a console, in UTF-8; nullopt at the end of input, or if it is not a console.
 std::optional<std::string> ReadConsole(HANDLE input) {
   std::wstring line;
   while (!line.ends_with(L'\n')) {
@@ -24,7 +24,7 @@ std::optional<std::string> ReadConsole(HANDLE input) {
     SetLastError(ERROR_SUCCESS);
     if (!ReadConsoleW(input, part, static_cast<DWORD>(std::size(part)), &count, nullptr) ||
         count == 0) {
-      // An interrupt ends the reading of a line without one; its handler runs beside this thread.
+      // An interrupt ends the read without a line; its handler runs in another thread.
       const bool aborted = GetLastError() == ERROR_OPERATION_ABORTED;
       if (interrupted.exchange(false) || aborted) return "";
       if (line.empty()) return std::nullopt;
@@ -39,7 +39,7 @@ std::optional<std::string> ReadConsole(HANDLE input) {
 
 }  // namespace
 
-// The console edits lines and keeps their history itself; it completes nothing.
+// The console itself edits lines and keeps their history; there is no completion.
 struct LineEditor::State {};
 
 LineEditor::LineEditor(Completer, const std::string&) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDeepest = 8;  // libraries of libraries
 
-/// A module that is only mapped: nothing that it needs is loaded, and none of its code runs.
+/// A module that is only mapped: its imports are not loaded, and none of its code runs.
 class MappedModule {
  public:
   explicit MappedModule(const std::filesystem::path& file)
@@ -20,7 +20,7 @@ class MappedModule {
     if (module_ != nullptr) FreeLibrary(module_);
   }
 
-  /// The names of the libraries that it imports from.
+  /// The names of the libraries from which it imports.
   std::vector<std::string> Imports() const {
     std::vector<std::string> names;
     if (module_ == nullptr) return names;
@@ -35,8 +35,9 @@ class MappedModule {
   HMODULE module_;
 };
 
-/// Which library keeps the file from being loaded: "B.dll", or "B.dll, which A.dll needs"; empty if
-/// each is there. `needed` names the file itself where it is not the one that was asked for.
+/// The library whose absence prevents the file from being loaded: "B.dll", or "B.dll, which A.dll
+/// needs"; empty if all libraries are there. `needed` is the file's name if it is not the requested
+/// one.
 std::string MissingLibrary(const std::filesystem::path& file, const std::string& needed,
                            int depth) {
   if (depth == kDeepest) return "";

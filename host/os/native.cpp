@@ -12,7 +12,7 @@
 namespace host::os {
 namespace {
 
-/// A name without a folder would be looked for beside the program.
+/// Without a folder the loader would search for the file in its own folders.
 std::string FullPath(const std::string& path) {
   std::error_code error;
   const std::filesystem::path full = std::filesystem::absolute(path, error);
@@ -27,7 +27,7 @@ std::vector<std::string> Arguments(int argc, char** argv) {
 
 struct StandardStreams::State {};
 StandardStreams::StandardStreams() {
-  std::signal(SIGPIPE, SIG_IGN);  // a pipe that was closed is an error of writing
+  std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is a write error
 }
 StandardStreams::~StandardStreams() = default;
 
@@ -57,7 +57,7 @@ HMODULE LoadModule(const std::string& path) {
 }
 
 std::string LoadProblem(const std::string& path) {
-  // The loader's own words say which file or symbol is missing; they may begin with the path.
+  // The loader's message says which file or symbol is missing; it may begin with the path.
   const char* words = dlerror();
   const std::string problem = words == nullptr ? "unknown reason" : words;
   const std::string full = FullPath(path) + ": ";
@@ -80,12 +80,12 @@ HRESULT RegisteredClassFactory(REFCLSID, IClassFactory**) {
 }
 HMODULE LoadedModule(const std::string& path) {
   void* module = dlopen(path.c_str(), RTLD_NOLOAD | RTLD_LAZY);
-  if (module != nullptr) dlclose(module);  // who loaded it keeps it
+  if (module != nullptr) dlclose(module);  // the reference of its loader remains
   return static_cast<HMODULE>(module);
 }
 void UnloadUnusedModules() {}
 
-// Debug output goes to standard error of its own accord.
+// Natively debug output always goes to standard error.
 DebugOutputToStderr::DebugOutputToStderr() = default;
 DebugOutputToStderr::~DebugOutputToStderr() = default;
 

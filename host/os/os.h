@@ -1,6 +1,6 @@
 #pragma once
-// What the host needs of the operating system and what differs between Windows and elsewhere.
-// Texts and paths are UTF-8.
+// The services of the operating system that the host needs and that differ between Windows and
+// other systems. Texts and paths are UTF-8.
 
 #include <cstddef>
 #include <functional>
@@ -17,9 +17,9 @@ namespace host::os {
 /// The arguments after the program's name.
 std::vector<std::string> Arguments(int argc, char** argv);
 
-/// While it lives, standard output and standard error take bytes as they are, UTF-8 without
-/// conversion of line ends, and show them as characters where they are a console. It gives back
-/// what consoles had.
+/// During its lifetime standard output and standard error take UTF-8 bytes without conversion of
+/// line ends, and show them as characters if they are a console. The destructor restores the
+/// consoles.
 class StandardStreams {
  public:
   StandardStreams();
@@ -33,33 +33,33 @@ class StandardStreams {
 };
 // The standard streams are 0 for input, 1 for output, 2 for error.
 bool IsTerminal(int standardStream);
-/// Whether it is a terminal that understands escape sequences.
+/// Whether the stream is a terminal that understands escape sequences.
 bool ShowsEscapes(int standardStream);
-/// Columns of the terminal on standard output, none if there is none.
+/// Columns of the terminal on standard output, nullopt if it is not a terminal.
 std::optional<int> TerminalWidth();
 
-/// The name of the provider's module, beside this program.
+/// The name of the provider's module in this program's folder.
 std::string DefaultModulePath();
-/// Loads a module, and what it imports from its own folder and the system's, never from the current
-/// one; null if that fails.
+/// Loads a module, and its imports from its own folder and the system's, never from the current
+/// folder; null if that fails.
 HMODULE LoadModule(const std::string& path);
-/// Why LoadModule failed just now, in words.
+/// Why the last LoadModule failed, in words.
 std::string LoadProblem(const std::string& path);
 /// The name of a library's file: QuarnApi.dll or libQuarnApi.so.
 std::string LibraryFile(const std::string& name);
 
-/// Whether the system itself makes objects of registered classes.
+/// Whether the system itself creates objects of registered classes.
 bool HasComRegistration();
-/// The class factory of a registered class, where the system makes its objects.
+/// The class factory of a registered class, on systems that create its objects.
 HRESULT RegisteredClassFactory(REFCLSID classId, IClassFactory** factory);
-/// A module that is loaded already, null otherwise.
+/// A module that is already loaded, or null.
 HMODULE LoadedModule(const std::string& path);
-/// A function that a module exports by its ordinal, elsewhere by a symbol; null if it does not.
+/// A function that a module exports by ordinal, on other systems by symbol; null if there is none.
 FARPROC FunctionByOrdinal(HMODULE module, WORD ordinal, const char* symbol);
-/// Lets the system unload the modules of registered classes that nobody needs any more.
+/// Lets the system unload modules of registered classes that are no longer used.
 void UnloadUnusedModules();
 
-/// While it lives, debug output of this process goes to standard error, one line each.
+/// During its lifetime debug output of this process goes to standard error, one line each.
 class DebugOutputToStderr {
  public:
   DebugOutputToStderr();
@@ -68,14 +68,14 @@ class DebugOutputToStderr {
   ~DebugOutputToStderr();
 };
 
-/// Which management service, and as whom: an empty user is the one of this process.
+/// The management service, and the user of the connection: empty for the user of this process.
 struct ServiceLogon {
   std::string namespacePath;  ///< root\\cimv2, or \\\\HOST\\root\\cimv2
   std::string user;
   std::string password;
 };
 
-/// A connection with a management service. Needs an apartment.
+/// A connection to a management service. Needs a COM apartment.
 class ServiceConnection {
  public:
   explicit ServiceConnection(const ServiceLogon& logon);
@@ -83,12 +83,12 @@ class ServiceConnection {
   ServiceConnection& operator=(const ServiceConnection&) = delete;
   ~ServiceConnection();
 
-  /// Whether the system has such a service at all.
+  /// Whether the system has such a service.
   static bool Exists();
 
   HRESULT status() const { return status_; }
   IWbemServices* get() const { return services_.get(); }
-  /// Lets calls of what the service gave go as the same user.
+  /// Makes calls to an object of the service use the same user.
   void Secure(IUnknown* proxy) const;
 
  private:
@@ -99,27 +99,29 @@ class ServiceConnection {
   HRESULT status_ = S_OK;
 };
 
-/// A password that a person types unseen, or else the first line of standard input.
+/// A password typed without echo, or else the first line of standard input.
 std::string ReadPassword(const std::string& prompt);
 
-/// Reads lines that a person types. Ctrl-C abandons the line, and while it lives ends nothing else.
+/// Reads lines that a user types. During its lifetime Ctrl-C abandons the line and does nothing
+/// else.
 class LineEditor {
  public:
   struct Completion {
-    std::size_t start = 0;           ///< of what is completed, in bytes from the start of the line
-    std::vector<std::string> words;  ///< what may stand from there to the cursor
+    std::size_t start = 0;           ///< byte offset of the completed part in the line
+    std::vector<std::string> words;  ///< possible texts from there to the cursor
   };
-  /// Gives what may follow the text before the cursor.
+  /// Returns the possible continuations of the text before the cursor.
   using Completer = std::function<Completion(const std::string& before)>;
 
-  /// `history` is the file that keeps the lines across sessions, empty for none. Completion and the
-  /// file are only where the system has line editing of its own.
+  /// `history` is the file that keeps the lines across sessions, or empty. Completion and the file
+  /// are used only on systems without line editing of their own.
   LineEditor(Completer completer, const std::string& history);
   LineEditor(const LineEditor&) = delete;
   LineEditor& operator=(const LineEditor&) = delete;
   ~LineEditor();
 
-  /// The next line without its end, empty for one that was abandoned, none at the end of the input.
+  /// The next line without its line end; empty if it was abandoned, nullopt at the end of the
+  /// input.
   std::optional<std::string> Read(const std::string& prompt);
 
  private:
@@ -127,8 +129,7 @@ class LineEditor {
   std::unique_ptr<State> state_;
 };
 
-/// The file of the user's own state that keeps the shell's history, empty if there is none; its
-/// folder exists.
+/// The file among the user's own state that keeps the shell's history, or empty; its folder exists.
 std::string HistoryFile();
 
 }  // namespace host::os

@@ -9,7 +9,7 @@
 namespace host::os {
 namespace {
 
-// What OutputDebugStringA raises: the length and the address of its text.
+// The exception that OutputDebugStringA raises with the length and the address of its text.
 constexpr DWORD kDebugPrint = 0x40010006;
 
 LONG CALLBACK PrintDebugOutput(EXCEPTION_POINTERS* pointers) {
@@ -81,7 +81,7 @@ DebugOutputToStderr::~DebugOutputToStderr() {
   RemoveVectoredExceptionHandler(debugOutputHandler);
 }
 
-/// What the security of a proxy refers to, as long as the proxy lives.
+/// The identity that the security settings of a proxy refer to, for the proxy's lifetime.
 struct ServiceConnection::Identity {
   platform::OleString user;
   platform::OleString domain;
@@ -91,7 +91,7 @@ struct ServiceConnection::Identity {
 
 ServiceConnection::ServiceConnection(const ServiceLogon& logon) {
   using platform::Bstr;
-  // Fails where something has set it already, which then holds.
+  // Fails if it has already been set; then that setting applies.
   CoInitializeSecurity(nullptr, -1, nullptr, nullptr, RPC_C_AUTHN_LEVEL_DEFAULT,
                        RPC_C_IMP_LEVEL_IMPERSONATE, nullptr, EOAC_NONE, nullptr);
   Bstr user;
@@ -132,7 +132,7 @@ bool ServiceConnection::Exists() {
 }
 
 void ServiceConnection::Secure(IUnknown* proxy) const {
-  // A service in this process gives no proxies, and refuses.
+  // A service in this process uses no proxies; the call then fails.
   CoSetProxyBlanket(proxy, RPC_C_AUTHN_DEFAULT, RPC_C_AUTHZ_DEFAULT, COLE_DEFAULT_PRINCIPAL,
                     RPC_C_AUTHN_LEVEL_PKT_PRIVACY, RPC_C_IMP_LEVEL_IMPERSONATE,
                     identity_ ? &identity_->data : nullptr, EOAC_NONE);

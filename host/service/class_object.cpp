@@ -13,7 +13,7 @@ using platform::Variant;
 
 constexpr HRESULT kNoSuchMember = WBEM_E_NOT_FOUND;
 
-// Asks an object for its host object; no other component knows this interface.
+// Queries an object for its host object; no other component knows this interface.
 constexpr IID kIidHostObject = {
     0x6b1c0a52, 0x3a0e, 0x4d7c, {0x9a, 0x41, 0x5e, 0x0d, 0x33, 0x1c, 0x72, 0x88}};
 
@@ -74,8 +74,8 @@ const SystemProperty* FindSystemProperty(const std::string& name) {
   return found == std::end(kSystemProperties) ? nullptr : found;
 }
 
-/// A method whose library raises answers FALSE, whatever the type of its ReturnValue: the contract
-/// has it so, and a class that declares a number has no value then.
+/// If the library raises an exception in a method, the method returns FALSE, whatever the type of
+/// its ReturnValue: the contract requires it, and a class that declares a number has no value then.
 bool IsFixedFailure(LPCWSTR name, const VARIANT* value) {
   return value != nullptr && value->vt == VT_BOOL && value->boolVal == VARIANT_FALSE &&
          SameIgnoringAsciiCase(NameText(name), "ReturnValue");
@@ -126,7 +126,7 @@ HRESULT ClassObject::Get(LPCWSTR name, LONG flags, VARIANT* value, CIMTYPE* type
   }
   if (copy.type() == VT_ERROR) return WBEM_E_OUT_OF_MEMORY;
   if (value != nullptr) {
-    // The caller's VARIANT may hold anything: an out-parameter is not read.
+    // The caller's VARIANT is an out-parameter: it may be uninitialised and is not read.
     VariantInit(value);
     std::swap(*value, *copy.in_place());
   }

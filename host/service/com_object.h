@@ -1,6 +1,6 @@
 #pragma once
-// COM objects that the host hands to a provider. They live in a pool, not by their references, so
-// that a provider that releases too much or too little is told of it instead of crashing the host.
+// COM objects that the host passes to a provider. A pool controls their lifetime, not their
+// references, so that too many or too few releases are reported instead of crashing the host.
 
 #include <atomic>
 #include <memory>
@@ -13,11 +13,12 @@
 
 namespace host {
 
-// What the service's objects refuse with, as what their methods return.
+// The code with which the service's objects refuse an operation, in the type that their methods
+// return.
 inline constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
 inline constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
 
-/// A reference count that tolerates misuse and remembers it.
+/// A reference count that tolerates misuse and records it.
 class Counted {
  public:
   explicit Counted(std::string what) : what_(std::move(what)) {}
@@ -26,11 +27,11 @@ class Counted {
   virtual ~Counted() = default;
 
   LONG references() const { return references_; }
-  /// Whether it was taken again after its last release, or released more often than taken.
+  /// Whether a reference was added after the last release, or released more often than added.
   bool misused() const { return misused_; }
-  /// What the provider did wrong with it, a sentence each.
+  /// What the provider did wrong with the object, one sentence each.
   const std::vector<std::string>& complaints() const { return complaints_; }
-  /// What it is, for messages: "the sink", "an instance of CLASS".
+  /// The object's name in messages: "the sink", "an instance of CLASS".
   const std::string& what() const { return what_; }
 
  protected:
@@ -53,7 +54,7 @@ class Counted {
   std::atomic<bool> misused_{false};
 };
 
-/// IUnknown over a Counted; starts with one reference, which belongs to its maker.
+/// IUnknown for a Counted; starts with one reference, which belongs to its creator.
 template <class Interface, const IID& kInterfaceId>
 class ComObject : public Interface, public Counted {
  public:
@@ -71,11 +72,11 @@ class ComObject : public Interface, public Counted {
   ULONG STDMETHODCALLTYPE Release() override { return Drop(); }
 };
 
-/// Owns the objects of one request. What the provider has released is kept for a while, so that a
-/// release too many is noticed; a request of very many objects lets the oldest of them go.
+/// Owns the objects of one request. Released objects are kept for a while, so that one release too
+/// many is noticed; a request with very many objects frees the oldest ones.
 class ObjectPool {
  public:
-  /// Makes an object; the pointer carries its first reference.
+  /// Creates an object; the returned pointer owns its first reference.
   template <class Object, class... Arguments>
   platform::ComPtr<Object> New(Arguments&&... arguments) {
     auto owned = std::make_unique<Object>(std::forward<Arguments>(arguments)...);
@@ -85,19 +86,20 @@ class ObjectPool {
     return platform::ComPtr<Object>::Adopt(object);
   }
 
-  /// Ends a request: frees what nobody holds and reports what the provider still holds or released
-  /// too often. What is still held stays usable until the pool ends.
+  /// Ends a request: frees objects without references and reports objects that the provider still
+  /// holds or released too often. Objects that are still held stay usable until the pool is
+  /// destroyed.
   void Sweep(const std::string& request, Defects& defects);
 
  private:
   static constexpr std::size_t kKept = 4096;
 
-  /// Frees what was released as it should be, but for the newest.
+  /// Frees correctly released objects except the newest.
   void Tidy();
 
   std::vector<std::unique_ptr<Counted>> objects_;
   std::vector<std::unique_ptr<Counted>> leaked_;
-  std::size_t roomy_ = 2 * kKept;  ///< so many objects, and it is tidied
+  std::size_t roomy_ = 2 * kKept;  ///< tidy once the pool holds this many objects
 };
 
 }  // namespace host

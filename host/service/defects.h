@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// Collects the provider's breaches of the contract, one sentence each, and passes each on at once.
+/// Collects the provider's violations of the contract, one sentence each, and reports each at once.
 class Defects {
  public:
   using Report = std::function<void(const std::string&)>;

@@ -11,7 +11,7 @@ namespace {
 
 using Keys = std::vector<std::pair<std::string_view, std::string_view>>;  ///< name and value
 
-/// Cuts "A=1,B=2"; a value alone has no name.
+/// Splits "A=1,B=2"; a value without a name has an empty name.
 Keys CutKeys(std::string_view text) {
   Keys keys;
   while (!text.empty()) {
@@ -28,7 +28,7 @@ Keys CutKeys(std::string_view text) {
   return keys;
 }
 
-/// The path of these keys; none if the class has other ones.
+/// The path with these keys; nullopt if the class has other keys.
 std::optional<std::string> PathOf(const ClassInfo& info, const Keys& keys) {
   std::string path = info.name();
   std::size_t used = 0;

@@ -91,7 +91,7 @@ HRESULT Namespace::CreateInstanceEnum(const BSTR className, LONG, IWbemContext* 
   CheckContext("CreateInstanceEnum(" + name + ")", context);
   const ClassInfo* info = repository_.FindClass(name);
   if (info == nullptr) return WBEM_E_INVALID_CLASS;
-  // An enumeration of the provider's own classes would come back to the provider.
+  // An enumeration of the provider's own classes would call the provider again.
   if (std::ranges::find(repository_.served(), info) != repository_.served().end()) {
     return kNotSupported;
   }

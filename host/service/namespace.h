@@ -9,16 +9,16 @@
 namespace host {
 
 /// The namespace that the provider gets at Initialize: class definitions by name, and the instances
-/// of the platform's own classes. Reports calls that do not carry the running request's context.
+/// of the platform's own classes. Reports calls without the current request's context.
 class Namespace final : public UnsupportedServices {
  public:
-  /// All three outlive the namespace.
+  /// The namespace must not outlive any of the three.
   Namespace(const Repository& repository, ObjectPool& pool, Defects& defects);
 
-  /// Adds an instance that CreateInstanceEnum gives for its class.
+  /// Adds an instance to those that CreateInstanceEnum returns for its class.
   void AddInstance(CimObject instance);
 
-  /// From here on calls belong to `request` and carry `context`, null for none.
+  /// From now on calls belong to `request` and must carry `context`; null means no context.
   void BeginRequest(std::string request, IWbemContext* context);
 
   HRESULT STDMETHODCALLTYPE GetObject(const BSTR path, LONG flags, IWbemContext* context,

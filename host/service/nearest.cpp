@@ -8,7 +8,7 @@
 namespace host {
 namespace {
 
-/// How many letters are to be changed, added or taken away (Levenshtein).
+/// The number of letters to change, add or remove (Levenshtein).
 std::size_t Distance(std::string_view left, std::string_view right) {
   std::vector<std::size_t> row(right.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -27,7 +27,7 @@ std::size_t Distance(std::string_view left, std::string_view right) {
 }  // namespace
 
 std::string Nearest(std::string_view word, const std::vector<std::string>& names) {
-  // Every third letter may be wrong.
+  // One letter in three may be wrong.
   std::size_t best = (word.size() + 2) / 3 + 1;
   std::string nearest;
   for (const std::string& name : names) {

@@ -6,11 +6,11 @@
 
 namespace host {
 
-/// The name that somebody probably meant who typed `word`: few letters differ, and their case does
-/// not count. Empty if none is near.
+/// The name that was probably meant by `word`: few letters differ, and letter case does not matter.
+/// Empty if no name is near.
 std::string Nearest(std::string_view word, const std::vector<std::string>& names);
 
-/// " (did you mean NAME?)", nothing if none is near.
+/// " (did you mean NAME?)", empty if no name is near.
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& names);
 
 }  // namespace host

@@ -12,7 +12,7 @@
 namespace host {
 namespace {
 
-/// The identifier that a text of the form {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX} states.
+/// The identifier in a text of the form {XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}.
 CLSID ParseClassId(const std::string& text) {
   unsigned long first = 0;
   unsigned bytes[10] = {};
@@ -31,7 +31,7 @@ CLSID ParseClassId(const std::string& text) {
 
 template <class Function>
 Function Export(HMODULE module, const char* name) {
-  // Through void (*)(): the one function type that every other may be cast to and from.
+  // Through void (*)(), the one function type that every other may be cast to and from.
   return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
 }
 
@@ -59,7 +59,7 @@ std::string RegisteredPath(const std::string& classId) {
 }  // namespace
 
 void LoadClosedLibraries(const std::string& folder) {
-  // They stay until the process ends: the module's imports are bound to them.
+  // They stay loaded until the process ends, because the module's imports are bound to them.
   for (const char* name : {"QuarnApi", "TolvaApi"}) Load(folder + "/" + os::LibraryFile(name));
 }
 
@@ -93,7 +93,7 @@ platform::ComPtr<IClassFactory> ProviderModule::Factory(const std::string& class
     }
     result = getClassObject(provider, IID_IClassFactory, factory.put_void());
   }
-  // The system's answer does not tell why a module was not loaded.
+  // The system's answer does not say why a module was not loaded.
   if (loadedByCom_ && FAILED(result)) FreeLibrary(Load(path_));
   if (FAILED(result) || !factory) {
     throw ModuleError("the module '" + path_ +

@@ -17,27 +17,27 @@ class ModuleError : public std::runtime_error {
 /// UTF-8. Throws ModuleError.
 void LoadClosedLibraries(const std::string& folder);
 
-/// The provider's module, reached only through what it exports. Everything that came from it must
-/// be released before it ends.
+/// The provider's module, used only through its exports. Everything obtained from it must be
+/// released before the module is destroyed.
 class ProviderModule {
  public:
   /// Loads a file; the path is UTF-8. Throws ModuleError.
   explicit ProviderModule(const std::string& path);
-  /// The module that the registry names for the class "{…}"; where the system makes objects of
-  /// registered classes, it loads the module. Throws ModuleError.
+  /// The module that the registry names for the class "{…}"; on systems that create objects of
+  /// registered classes the system loads it. Throws ModuleError.
   static ProviderModule Registered(const std::string& classId);
   ProviderModule(const ProviderModule&) = delete;
   ProviderModule& operator=(const ProviderModule&) = delete;
   ~ProviderModule();
 
-  /// The module itself; null before the first Factory() of a registered one.
+  /// The module's handle; null before the first Factory() of a registered module.
   HMODULE handle() const;
   /// The factory of the class "{…}". Throws ModuleError.
   platform::ComPtr<IClassFactory> Factory(const std::string& classId) const;
-  /// Reports a module that cannot be unloaded although nothing of it is held any more.
+  /// Reports a module that cannot be unloaded although nothing from it is held.
   void CheckUnloadable(Defects& defects) const;
 
-  /// Has the module write its registration, or take it back.
+  /// Calls the module to write its registration, or to remove it.
   HRESULT Register() const;
   HRESULT Unregister() const;
 
@@ -47,7 +47,7 @@ class ProviderModule {
 
   std::string path_;
   bool loadedByCom_;
-  HMODULE module_;  ///< null when the system loads it
+  HMODULE module_;  ///< null if the system loads it
 };
 
 }  // namespace host

@@ -31,7 +31,7 @@ CimObject PlatformInstance(const Repository& repository, const char* className,
   return instance;
 }
 
-/// Runs a call into the provider; an exception that leaves it is a defect of its own.
+/// Calls the provider; an exception that leaves it is a defect.
 template <class Call>
 HRESULT Guarded(const std::string& request, Defects& defects, Call call) {
   try {
@@ -147,7 +147,7 @@ Outcome ProviderSession::Get(const std::string& path) {
 Outcome ProviderSession::Query(const std::string& query) {
   const Bstr language = WideBstr("WQL");
   const Bstr text = WideBstr(query);
-  // The provider is free to answer with more than the query asks, even of another class.
+  // The provider may return more than the query selects, even instances of another class.
   return Run("query " + query, nullptr, [&](IWbemContext* context, IWbemObjectSink* sink) {
     return services_->ExecQueryAsync(language.get(), text.get(), 0, context, sink);
   });

@@ -10,35 +10,36 @@
 
 namespace host {
 
-/// One provider from Initialize to its last release, and the requests made of it. Every breach of
-/// the contract between service and provider goes to `defects`.
+/// One provider from Initialize to its last release, and its requests. Every violation of the
+/// contract between service and provider is reported to `defects`.
 class ProviderSession {
  public:
-  /// All outlive the session.
+  /// The session must not outlive any of these.
   ProviderSession(const Repository& repository, const simulator::PlatformObjects& platformObjects,
                   Defects& defects);
   ProviderSession(const ProviderSession&) = delete;
   ProviderSession& operator=(const ProviderSession&) = delete;
   ~ProviderSession();
 
-  /// Makes a provider and initialises it. A failure to make one is returned; what Initialize
-  /// reported is `init_status()`.
+  /// Creates a provider and initialises it. Returns the failure if it cannot be created; the status
+  /// reported by Initialize is `init_status()`.
   HRESULT Start(IClassFactory* factory);
   HRESULT init_status() const { return initStatus_; }
-  /// Releases the provider and everything that belongs to it; reports what it still holds.
+  /// Releases the provider and everything that belongs to it; reports objects that it still holds.
   void Stop();
 
-  /// `watcher` is told of each request before it is made, and with null when it has ended.
+  /// `watcher` is called with each request before it is made, and with null after it has ended.
   void Watch(std::function<void(const std::string*)> watcher) { watcher_ = std::move(watcher); }
 
   Outcome Enumerate(const std::string& className);
-  /// The same, each instance going to `visitor` as it comes: the outcome has none.
+  /// The same, but passes each instance to `visitor` as it arrives; the outcome contains no
+  /// instances.
   Outcome Enumerate(const std::string& className, const ObjectVisitor& visitor);
   Outcome Get(const std::string& path);
   Outcome Query(const std::string& query);
   Outcome Put(const CimObject& instance);
   Outcome Delete(const std::string& path);
-  /// `in` holds the in-parameters, null for none. The outcome's object holds the out-parameters.
+  /// `in` has the in-parameters, or is null. The outcome's object has the out-parameters.
   Outcome Call(const std::string& path, const std::string& method, const CimObject* in);
 
  private:

@@ -136,7 +136,7 @@ std::string Repository::DidYouMeanClass(std::string_view className) const {
 }
 
 std::string ClassNameOfPath(std::string_view path) {
-  // A key's text may hold every character, so the keys are cut off first.
+  // A key's text may contain any character, so the keys are removed first.
   std::string_view name = path.substr(0, path.find_first_of("\"'"));
   const std::size_t colon = name.find(':');
   if (colon != std::string_view::npos) name.remove_prefix(colon + 1);

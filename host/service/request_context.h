@@ -4,7 +4,7 @@
 
 namespace host {
 
-/// The context of one request. It holds no values; its identity is what counts.
+/// The context of one request. It has no values; only its identity is used.
 class RequestContext final : public ComObject<IWbemContext, IID_IWbemContext> {
  public:
   RequestContext() : ComObject("the request's context") {}

@@ -10,30 +10,31 @@
 
 namespace host {
 
-/// What a request gave: its status and the objects, copied as they were indicated.
+/// The outcome of a request: its status and the objects, copied when they were indicated.
 struct Outcome {
   HRESULT status = S_OK;
   std::vector<CimObject> objects;
 };
 
-/// Is given each object while its request runs.
+/// Receives each object while its request runs.
 using ObjectVisitor = std::function<void(const CimObject&)>;
 
-/// The sink of one request; reports every call that breaks the contract.
+/// The sink of one request; reports every call that violates the contract.
 class RequestSink final : public ComObject<IWbemObjectSink, IID_IWbemObjectSink> {
  public:
-  /// `expected` is the class of which instances are asked, null where any class of the schema may
-  /// come. `request` stands in reports. All outlive the sink.
+  /// `expected` is the class of the requested instances, null if instances of any class of the
+  /// schema are allowed. `request` is used in reports. The sink must not outlive any of them.
   RequestSink(Defects& defects, std::string request, const ClassInfo* expected);
 
-  /// Each object goes to `visitor`, which outlives the sink, instead of into the outcome.
+  /// Passes each object to `visitor`, which outlives the sink, instead of adding it to the outcome.
   void Visit(const ObjectVisitor* visitor) { visitor_ = visitor; }
 
   HRESULT STDMETHODCALLTYPE Indicate(LONG count, IWbemClassObject** objects) override;
   HRESULT STDMETHODCALLTYPE SetStatus(LONG flags, HRESULT status, BSTR text,
                                       IWbemClassObject* object) override;
 
-  /// Ends the request, which returned `returned`; without a final status that is the outcome's.
+  /// Ends the request, whose call returned `returned`, which is the outcome's status if no final
+  /// status was set.
   Outcome Finish(HRESULT returned);
 
  private:

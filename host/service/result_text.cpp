@@ -17,7 +17,7 @@ struct ResultCode {
 #define WBEM_RESULT(name, bits, meaning) {name, #name, meaning},
 constexpr ResultCode kResultCodes[] = {
 #include "platform/tables/result_codes.inc"
-    // What a connection with another machine's service ends with.
+    // Codes of a connection to another machine's service.
     {static_cast<HRESULT>(0x800706BA), "RPC_S_SERVER_UNAVAILABLE",
      "there is no such machine, or its service cannot be reached"},
     {static_cast<HRESULT>(0x800706BF), "RPC_S_CALL_FAILED_DNE", "its service does not answer"},

@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// A result code for a person: "WBEM_E_NOT_FOUND (0x80041002): not found".
+/// A result code as text: "WBEM_E_NOT_FOUND (0x80041002): not found".
 std::string DescribeResult(HRESULT result);
 
 /// Whether a result says that the named class or instance does not exist.

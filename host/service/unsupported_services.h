@@ -5,7 +5,7 @@
 
 namespace host {
 
-/// IWbemServices with every operation refused: WBEM_E_NOT_SUPPORTED, and no result.
+/// IWbemServices that refuses every operation with WBEM_E_NOT_SUPPORTED and no result.
 using UnsupportedServices = platform::UnservedServices<ComObject<IWbemServices, IID_IWbemServices>,
                                                        WBEM_E_NOT_SUPPORTED, true>;
 

@@ -56,7 +56,7 @@ HRESULT ConvertScalar(const CimType& row, const VARIANT& value, Variant* convert
   const std::optional<std::int64_t> number = IntegerOf(value);
   if (row.most != 0) {
     if (!number) return kTypeMismatch;
-    // A full unsigned number may come in the signed VARIANT of the same width.
+    // A full unsigned number may be in the signed VARIANT of the same width.
     const std::int64_t fitted = row.type == CIM_UINT32 && value.vt == VT_I4
                                     ? static_cast<std::uint32_t>(value.lVal)
                                     : *number;
@@ -106,7 +106,7 @@ Variant ArrayOf(VARTYPE elementType, const std::vector<Variant>& elements) {
   platform::SafeArray array(SafeArrayCreate(elementType, 1, &bound));
   if (!array) return Variant::Error(E_OUTOFMEMORY);
   for (LONG index = 0; index < static_cast<LONG>(elements.size()); ++index) {
-    VARIANT element = elements[static_cast<std::size_t>(index)].get();  // a view, owns nothing
+    VARIANT element = elements[static_cast<std::size_t>(index)].get();  // not owned
     void* place = elementType == VT_BSTR ? static_cast<void*>(element.bstrVal) : &element.lVal;
     const HRESULT result = SafeArrayPutElement(array.get(), &index, place);
     if (FAILED(result)) return Variant::Error(result);

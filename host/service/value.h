@@ -1,5 +1,5 @@
 #pragma once
-// Values between the declared types of the schema, VARIANT, JSON and what a person types.
+// Conversions of values between the declared types of the schema, VARIANT, JSON and typed text.
 
 #include <stdexcept>
 #include <string>
@@ -14,16 +14,16 @@ namespace host {
 
 using Json = nlohmann::ordered_json;
 
-/// Converts `value` to the declared type as the service does at a put of type 0: NULL fits every
+/// Converts `value` to the declared type as the service does for a put with type 0: NULL fits every
 /// type, integers fit integer types that can hold them and become decimal text in a string, a text
 /// fits only texts, a boolean only booleans. Anything else gives WBEM_E_TYPE_MISMATCH, an integer
-/// that does not fit WBEM_E_VALUE_OUT_OF_RANGE; `converted` then keeps what it held.
+/// that does not fit WBEM_E_VALUE_OUT_OF_RANGE; then `converted` is not changed.
 HRESULT Convert(CIMTYPE type, const VARIANT& value, platform::Variant* converted);
 
-/// A value that a MOF file states, as the declared type. Throws ValueError.
+/// A value of a MOF file in the declared type. Throws ValueError.
 platform::Variant FromMof(CIMTYPE type, const std::vector<MofScalar>& values);
 
-/// A value that a person types: text as it is, true or false, a decimal number, "null"; the
+/// A value that a user types: text without quotes, true or false, a decimal number, "null"; the
 /// elements of an array are separated by commas. Throws ValueError, which says what is accepted.
 platform::Variant FromTypedText(CIMTYPE type, std::string_view text);
 
