@@ -8,9 +8,8 @@
 
 namespace host {
 
-/// Reads `Name=value` texts into the properties of an instance; `writable` says which of them a
-/// person may set. Gives the properties that were named. Throws ValueError, which says what is
-/// accepted.
+/// Applies `Name=value` texts to the properties of an instance; `writable` says which of them a
+/// user may set. Returns the named properties. Throws ValueError, which says what is accepted.
 std::vector<std::size_t> Assign(const std::vector<std::string>& assignments, CimObject* instance,
                                 const std::function<bool(const PropertyDeclaration&)>& writable);
 

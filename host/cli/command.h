@@ -12,7 +12,7 @@ namespace host {
 
 struct CommandRow;
 
-/// One command as it was typed: what stands for each argument and option of the table, by its name
+/// One command as it was typed: the values of each argument and option of the table, by its name
 /// there ("CLASS", "--trace").
 class Command {
  public:
@@ -21,7 +21,7 @@ class Command {
   std::vector<std::string> fields;  ///< empty for all
 
   bool Has(const std::string& name) const { return values_.contains(name); }
-  /// The only or last value; none if it was not typed.
+  /// The only or last value; nullopt if it was not typed.
   std::optional<std::string> Find(const std::string& name) const {
     const auto found = values_.find(name);
     if (found == values_.end() || found->second.empty()) return std::nullopt;
@@ -32,7 +32,7 @@ class Command {
     const auto found = values_.find(name);
     return found == values_.end() ? std::vector<std::string>() : found->second;
   }
-  /// The values with a blank between them, as a shell gives what was typed without quotes.
+  /// The values joined by blanks, as they were typed without quotes in a shell.
   std::string Joined(const std::string& name) const {
     std::string text;
     for (const std::string& value : All(name)) text += (text.empty() ? "" : " ") + value;

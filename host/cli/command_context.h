@@ -13,37 +13,37 @@ namespace host {
 class ProviderHost;
 class ScenarioFile;
 
-/// What a command works with. All of it outlives the command.
+/// The objects that a command uses. All of them outlive the command.
 struct CommandContext {
   const Repository& repository;
-  ProviderSession* session;  ///< null for the commands that need no provider
+  ProviderSession* session;  ///< null for commands that need no provider
   std::ostream& output;
   std::ostream& errors;
   int width;                         ///< columns that a table may fill
-  int (*widthNow)() = nullptr;       ///< tells it, where it changes between commands
-  bool isTerminal = false;           ///< whether `output` is one
-  bool color = false;                ///< whether tables are bold and dim in places
-  ProviderHost* provider = nullptr;  ///< null with `session`, and where a session stands alone
+  int (*widthNow)() = nullptr;       ///< returns it, if it can change between commands
+  bool isTerminal = false;           ///< whether `output` is a terminal
+  bool color = false;                ///< whether tables use bold and dim text
+  ProviderHost* provider = nullptr;  ///< null if `session` is, or for a session alone
   ScenarioFile* scenario = nullptr;  ///< null with `provider`
   bool inShell = false;
-  bool leave = false;  ///< the shell is to end, with this status or else the worst of its lines
+  bool leave = false;  ///< the shell must end, with this status or else the worst of its lines
   std::optional<ExitStatus> leaveStatus = {};
-  std::string place = {};  ///< "FILE:LINE: " where a file gives the commands
+  std::string place = {};  ///< "FILE:LINE: " if the commands come from a file
 
-  /// Says what is wrong and gives `status` back.
+  /// Reports an error and returns `status`.
   ExitStatus Fail(ExitStatus status, const std::string& message) {
     WriteError(errors, place + message);
     return status;
   }
-  /// Says how a request for `what` ended, unless that is S_OK.
+  /// Reports how a request for `what` ended, unless with S_OK.
   ExitStatus Report(const std::string& what, HRESULT result) {
     if (result == S_OK) return kSuccess;
     const std::string message = what + ": " + DescribeResult(result);
     if (SUCCEEDED(result)) return Fail(kSuccess, message);
     return Fail(MeansNotFound(result) ? kNotFound : kRefused, message);
   }
-  /// The same for a request that names an instance by its path, or a class that is not there; what
-  /// was not found gets a hint.
+  /// The same for a request that names an instance by its path, or a class that does not exist; if
+  /// it was not found, a hint is added.
   ExitStatus ReportOf(const std::string& what, const std::string& classOrPath, HRESULT result) {
     if (!MeansNotFound(result)) return Report(what, result);
     const std::string className = ClassNameOfPath(classOrPath);

@@ -34,7 +34,7 @@ std::string Alternatives(const std::vector<const char*>& names) {
   return text;
 }
 
-/// What is wrong with a value, nothing if it fits.
+/// What is wrong with a value, empty if it fits.
 std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
                        const std::string& text) {
   const auto isNumber = [](const std::string& part) {
@@ -101,7 +101,7 @@ CLI::Option* AddOption(CLI::App& app, const OptionRow& row) {
 }
 
 void AddArgument(CLI::App& app, const ArgumentRow& row, Command* command) {
-  // The library takes no '=' in a name of its own.
+  // The library does not accept '=' in a name.
   const std::string name(
       std::string_view(row.name).substr(0, std::string_view(row.name).find('=')));
   const auto keep = [command, &row](const std::vector<std::string>& values) {
@@ -113,19 +113,19 @@ void AddArgument(CLI::App& app, const ArgumentRow& row, Command* command) {
   option->type_name("")->required(MustStand(row))->check(ValueCheck(row));
 }
 
-/// The first line of a message; the parser's library puts some on several.
+/// The first line of a message; some messages of the parser library have several.
 std::string OneLine(const std::string& text) {
   return text.substr(0, text.find('\n'));
 }
 
-/// Everything that was typed for `app`'s own options.
+/// Takes over all values that were typed for `app`'s own options.
 void Take(const CLI::App& app, Command* command) {
   for (const CLI::Option* option : app.get_options()) {
     if (option->count() > 0) command->Set(option->get_name(), option->results());
   }
 }
 
-/// What an argument that fits nowhere may have been meant to be.
+/// The error for an argument that fits nowhere, with the name that may have been meant.
 CommandLineError Unexpected(const CLI::App& app, bool inShell) {
   const std::string word = app.remaining(true).front();
   const auto subs = app.get_subcommands();
@@ -165,7 +165,7 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
     for (const OptionRow& option : row.options) AddOption(*sub, option);
   }
   try {
-    std::ranges::reverse(arguments);  // the library takes them from the back
+    std::ranges::reverse(arguments);  // the library reads them from the back
     app.parse(arguments);
   } catch (const CLI::CallForHelp&) {
     const auto subs = app.get_subcommands();

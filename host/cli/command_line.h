@@ -10,14 +10,14 @@ namespace host {
 
 struct CommandLine {
   Command command;
-  std::optional<std::string> information;  ///< help or version; then nothing else is asked
+  std::optional<std::string> information;  ///< help or version; then there is no command
 };
 
 /// Reads a command line without the program's name. Throws CommandLineError.
 CommandLine ParseCommandLine(std::vector<std::string> arguments);
 
-/// Reads one line of the shell: commands and their own options only. `defaults` gives what the line
-/// leaves open. Throws CommandLineError.
+/// Parses one line of the shell: commands and their own options only. `defaults` has the options
+/// that the line does not give. Throws CommandLineError.
 CommandLine ParseShellCommand(std::vector<std::string> arguments, const Command& defaults);
 
 }  // namespace host

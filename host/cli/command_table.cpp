@@ -22,7 +22,7 @@ const std::vector<OutputFormat> kNetworkFormats = {OutputFormat::kTable, OutputF
 
 const OptionRow kPaths = {"--paths", nullptr, "Begin each instance with its object path"};
 
-// What a request of the provider may end with.
+// The statuses with which a request to the provider may end.
 const std::vector<ExitStatus> kOfRequests = {kNotFound, kRefused, kDefective};
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
-// The commands and options of the program, each one row. The parser, the help, the man page, the
-// completion and the documents follow the rows: who adds a command adds a row here and a function.
+// The commands and options of the program, one row each. The parser, the help, the manual page, the
+// completion and the documents are derived from the rows: a new command needs a row here and a
+// function.
 
 #include <vector>
 
@@ -10,7 +11,7 @@
 
 namespace host {
 
-/// What may stand in a place; completion offers accordingly.
+/// The kind of value that is expected in a place; completion offers values of this kind.
 enum class Takes {
   kNothing,  ///< a flag
   kText,
@@ -29,7 +30,7 @@ enum class Takes {
 };
 
 struct ArgumentRow {
-  /// kWords is one text that may come as several words, without quotes around it.
+  /// kWords is one text that may be typed as several words, without quotes around it.
   enum class Count { kOne, kOptional, kAny, kWords };
 
   const char* name;
@@ -41,22 +42,22 @@ struct ArgumentRow {
 
 struct OptionRow {
   const char* name;  ///< with its dashes
-  /// What stands for its value in help; null for a flag; in [] if it may miss, which a flag's,
-  /// after a =, always may.
+  /// Placeholder for the value in help; null for a flag. `[X]` marks it optional. A flag's
+  /// `--flag=X` value is always optional.
   const char* value;
   const char* help;
   Takes takes = Takes::kNothing;
   std::vector<const char*> choices = {};
 };
 
-/// What has to be there before a command runs.
+/// What must exist before a command runs.
 enum class Needs {
   kNothing,
-  kScenario,  ///< a scenario that is named is checked
+  kScenario,  ///< a named scenario has been checked
   kProvider,  ///< a provider that has started
 };
 
-/// Where a command may stand: standard input or the registration is some commands' own.
+/// Where a command is available: some commands use standard input or the registration themselves.
 enum class Place { kEverywhere, kCommandLine, kShell };
 
 struct CommandRow {
@@ -66,10 +67,11 @@ struct CommandRow {
   std::vector<OptionRow> options = {};
   Needs needs = Needs::kNothing;
   Place place = Place::kEverywhere;
-  /// The formats that it takes; empty for a command that shows no rows, which ignores them.
+  /// The formats that it supports; empty for a command that shows no rows, which ignores the
+  /// format.
   std::vector<OutputFormat> formats = {};
   bool takesFields = false;
-  /// Beside success, kUnexpected, kBadInput and kNotWritten, which every command has.
+  /// In addition to success, kUnexpected, kBadInput and kNotWritten, which apply to every command.
   std::vector<ExitStatus> statuses = {};
   ExitStatus (*run)(const Command& command, CommandContext& context);
 };
@@ -77,10 +79,10 @@ struct CommandRow {
 const std::vector<CommandRow>& Commands();
 /// Options of the whole process.
 const std::vector<OptionRow>& HostOptions();
-/// Options that stand on every command line, in a shell too.
+/// Options of every command line, also in a shell.
 const std::vector<OptionRow>& OutputOptions();
 
-/// Whether a command line needs this argument.
+/// Whether a command needs this argument.
 inline bool MustStand(const ArgumentRow& row) {
   return row.count == ArgumentRow::Count::kOne || row.count == ArgumentRow::Count::kWords;
 }
@@ -88,11 +90,11 @@ inline bool TakesSeveral(const ArgumentRow& row) {
   return row.count == ArgumentRow::Count::kAny || row.count == ArgumentRow::Count::kWords;
 }
 
-/// Whether a command may stand on this kind of line.
+/// Whether a command is available on this kind of line.
 bool MayStand(const CommandRow& row, bool inShell);
-/// The names of the commands that may stand there.
+/// The names of the commands that are available there.
 std::vector<std::string> CommandNames(bool inShell);
-/// The row of a command, in any case of letters; null if there is none.
+/// The row of a command, in any letter case; null if there is no such command.
 const CommandRow* FindCommand(const std::string& name);
 
 }  // namespace host

@@ -1,5 +1,5 @@
 #pragma once
-// What each command of the table does. Wrong input is thrown: CommandLineError, ValueError,
+// The functions of the table's commands. They throw for wrong input: CommandLineError, ValueError,
 // QueryError, ScenarioError, ModuleError.
 
 #include "host/cli/command.h"

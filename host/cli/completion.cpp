@@ -43,7 +43,7 @@ const OptionRow* FindOption(const CommandRow& row, const std::string& name) {
   return nullptr;
 }
 
-/// What a line holds before the word at the cursor.
+/// The part of a line before the word at the cursor.
 struct Line {
   const CommandRow* row = nullptr;
   Words arguments;
@@ -68,7 +68,7 @@ Line ReadLine(const std::vector<ShellWord>& words) {
   return line;
 }
 
-/// What stands in the place of an assignment: names with "=", or a boolean's two values.
+/// Completions of an assignment: names with "=", or a boolean's two values.
 Words Assignments(const Line& line, const Repository& repository, const std::string& word) {
   const std::string path = line.arguments.empty() ? "" : line.arguments[0];
   const ClassInfo* info = repository.FindClass(ClassNameOfPath(path));
@@ -88,7 +88,7 @@ Words Assignments(const Line& line, const Repository& repository, const std::str
   return {name + "=true", name + "=false"};
 }
 
-/// What may follow in a query, by the keyword before it.
+/// Completions in a query, by the keyword before them.
 Words QueryWords(const std::string& query, const Repository& repository) {
   const std::vector<ShellWord> words = CutShellLine(query);
   const ClassInfo* info = nullptr;
@@ -150,7 +150,7 @@ Words Candidates(const std::string& before, const std::vector<ShellWord>& words,
     case Takes::kAssignment:
       return Assignments(line, repository, word);
     case Takes::kProperties: {
-      // A list: what stands before the last comma stays.
+      // In a list the text before the last comma is kept.
       const std::size_t comma = word.rfind(',');
       const std::string kept = comma == std::string::npos ? "" : word.substr(0, comma + 1);
       Words names = PropertyNames(info);
@@ -179,7 +179,7 @@ os::LineEditor::Completion CompleteLine(const std::string& before, const Reposit
   if (within) words.pop_back();
   os::LineEditor::Completion completion;
   if (word.openQuote != 0 && !words.empty()) {
-    // Within the quotes of a query its own words are completed.
+    // Within the quotes of a query the words of the query are completed.
     const CommandRow* row = FindCommand(words.front().text);
     if (row != nullptr && !row->arguments.empty() &&
         row->arguments.front().takes == Takes::kQuery) {

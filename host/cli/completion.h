@@ -9,11 +9,12 @@
 
 namespace host {
 
-/// Gives the object paths of a class's instances.
+/// Returns the object paths of a class's instances.
 using PathSource = std::function<std::vector<std::string>(const std::string& className)>;
 
-/// What may stand in a shell's line from the word at the cursor on: commands first, then what the
-/// command's row takes in that place, of the class that the line names. Letters count in any case.
+/// The completions of a shell's line from the word at the cursor on: commands first, then the
+/// values that the command's row allows there, for the class that the line names. Letter case does
+/// not matter.
 os::LineEditor::Completion CompleteLine(const std::string& before, const Repository& repository,
                                         const PathSource& paths);
 

@@ -4,15 +4,15 @@
 
 namespace host {
 
-/// What the program says at its end; where several hold, the highest.
+/// The program's exit status; if several apply, the highest.
 enum ExitStatus : int {
   kSuccess = 0,
   kUnexpected = 1,
   kBadInput = 2,    ///< command line, scenario, query or value
   kNotFound = 3,    ///< no such class or instance
   kRefused = 4,     ///< a request failed, or the provider cannot be loaded or started
-  kDefective = 5,   ///< the provider broke the contract
-  kNotWritten = 6,  ///< the output could not be written whole
+  kDefective = 5,   ///< the provider violated the contract
+  kNotWritten = 6,  ///< the output could not be written completely
 };
 
 struct ExitStatusRow {
@@ -20,7 +20,7 @@ struct ExitStatusRow {
   const char* meaning;
 };
 
-/// All of them, for documents and help.
+/// All statuses, for documents and help.
 inline constexpr ExitStatusRow kExitStatuses[] = {
     {kSuccess, "success; no instances is success"},
     {kUnexpected, "an unexpected failure of the program itself"},

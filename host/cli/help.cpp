@@ -13,7 +13,7 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kColumn = 28;  ///< where explanations begin
+constexpr std::size_t kColumn = 28;  ///< column where explanations begin
 
 std::string HelpLine(const std::string& name, const std::string& help) {
   const std::size_t used = 2 + name.size();

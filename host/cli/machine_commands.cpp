@@ -21,11 +21,11 @@ ExitStatus RunSet(const Command& command, CommandContext& context) {
 }
 
 ExitStatus RunReload(const Command& command, CommandContext& context) {
-  // A scenario with a mistake leaves the machine as it is.
+  // A scenario with an error leaves the machine unchanged.
   const simulator::LoadedScenario scenario = context.scenario->Load(command.Find("FILE"));
   const ExitStatus status = context.provider->Restart(scenario);
   context.session = context.provider->session();
-  if (context.session == nullptr) context.leave = true;  // nothing is left to ask
+  if (context.session == nullptr) context.leave = true;  // no provider is left
   return status;
 }
 

@@ -1,4 +1,4 @@
-// The manual page and the completion of other shells, made from the table of commands.
+// The manual page and the completion script for other shells, generated from the table of commands.
 
 #include "host/cli/command_table.h"
 #include "host/cli/commands.h"
@@ -7,7 +7,7 @@
 namespace host {
 namespace {
 
-/// Text as the manual's macros take it: no line of it is a request, and dashes stay dashes.
+/// Text escaped for the manual's macros: no line is a request, and dashes stay dashes.
 std::string Roff(const std::string& text) {
   std::string escaped;
   for (const char character : text) {
@@ -44,7 +44,7 @@ std::string OptionNames(const std::vector<OptionRow>& rows) {
   return Joined(names);
 }
 
-/// "enum|describe" for the commands whose first argument takes this.
+/// "enum|describe" for the commands whose first argument has this kind.
 std::string Taking(Takes takes) {
   std::string names;
   for (const CommandRow& row : Commands()) {
@@ -56,7 +56,7 @@ std::string Taking(Takes takes) {
   return names;
 }
 
-/// The branches of a case over the word before the cursor: what the options' values are.
+/// The branches of a case on the word before the cursor: the values of the options.
 std::string ValueBranches(const std::vector<OptionRow>& rows) {
   std::string text;
   for (const OptionRow& row : rows) {

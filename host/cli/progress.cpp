@@ -6,7 +6,7 @@ namespace host {
 namespace {
 
 constexpr std::chrono::seconds kStep{1};
-constexpr std::size_t kMostOfRequest = 60;  ///< the line is not to wrap
+constexpr std::size_t kMostOfRequest = 60;  ///< so that the line does not wrap
 constexpr const char* kClear = "\r\x1b[K";
 
 }  // namespace

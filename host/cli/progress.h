@@ -9,8 +9,8 @@
 
 namespace host {
 
-/// A line at a terminal that says what is under way, once a command takes longer than a second. It
-/// is gone before the command shows anything. A thread of its own writes it.
+/// A line at a terminal that says what is running, once a command takes longer than a second. It is
+/// removed before the command shows anything. A separate thread writes it.
 class Progress {
  public:
   explicit Progress(std::ostream& terminal);
@@ -34,7 +34,7 @@ class Progress {
   Clock::time_point begun_ = Clock::now();
   bool shown_ = false;
   bool ended_ = false;
-  std::thread thread_;  // the last: it uses the others
+  std::thread thread_;  // last, because it uses the others
 };
 
 }  // namespace host

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kTraceVariable = "WIFI_PROVIDER_TRACE";
 
-/// Writes the scenario's feature settings where the provider reads them.
+/// Writes the scenario's feature settings to the place from which the provider reads them.
 void ApplyFeatureValues(const simulator::PlatformObjects& objects) {
   if (!objects.featureKeyPresent) return;
   platform::RegistryKey key;
@@ -29,8 +29,8 @@ void ApplyFeatureValues(const simulator::PlatformObjects& objects) {
   if (objects.featureSet2) key.SetNumber(OLESTR("FeatureSet2"), *objects.featureSet2);
 }
 
-/// A hook of the simulated library of that name, which the provider has loaded; null if it is no
-/// simulator.
+/// A hook of the simulated library with that name, which the provider has loaded; null if the
+/// library is no simulator.
 template <class Function>
 Function FindHook(const char* library, const char* name) {
   const HMODULE module = os::LoadedModule(os::LibraryFile(library));
@@ -50,7 +50,7 @@ Function Hook(const char* library, const char* name) {
 
 constexpr const char* kLibraries[] = {"QuarnApi", "TolvaApi"};
 
-/// Has the simulated libraries play the scenario; libraries that are none go their own way.
+/// Makes the simulated libraries play the scenario; other libraries are not affected.
 void Play(const std::string& scenario) {
   for (const char* library : kLibraries) {
     const auto play = FindHook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
@@ -62,7 +62,7 @@ void Play(const std::string& scenario) {
 }
 
 /// A library of the maker reports the machine's own adapters, of which the provider serves only
-/// those that the platform has too: says which the scenario's platform lacks.
+/// those that the platform also has. Reports the ones that are missing in the scenario's platform.
 void WarnOfUnknownAdapters(const simulator::PlatformObjects& platform, std::ostream& errors) {
   if (FindHook<decltype(&SimulatorPlay)>("QuarnApi", "SimulatorPlay") != nullptr) return;
   const HMODULE library = os::LoadedModule(os::LibraryFile("QuarnApi"));

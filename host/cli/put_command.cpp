@@ -19,7 +19,7 @@ std::string Shown(const Json& value) {
   return value.is_null() ? "NULL" : CellText(value);
 }
 
-/// What became of one property: the provider may take less than it was asked, and say nothing.
+/// The result for one property: the provider may apply less than requested without an error.
 std::string Verdict(const Json& old, const Json& asked, const Json& now) {
   if (now == asked) return old == asked ? "as it was" : "done";
   return (now == old ? "refused, still " : "now ") + Shown(now);
@@ -30,7 +30,7 @@ std::string Verdict(const Json& old, const Json& asked, const Json& now) {
 ExitStatus RunPut(const Command& command, CommandContext& context) {
   const std::string path = command.Text("PATH");
   const std::vector<std::string> assignments = command.All("NAME=VALUE");
-  // Checked before the provider is asked for anything.
+  // Checked before the provider is called.
   if (const ClassInfo* info = context.repository.FindClass(ClassNameOfPath(path))) {
     CimObject trial(*info);
     Assign(assignments, &trial, IsWritable);

@@ -23,7 +23,7 @@ std::vector<std::size_t> ReferencesOf(const ClassInfo& info) {
   return references;
 }
 
-/// Collects what an instance of an association contributes to the answer.
+/// Collects the result of the query from the instances of an association.
 class Walk {
  public:
   Walk(const AssociatorsQuery& query, CommandContext& context)
@@ -76,7 +76,7 @@ class Walk {
   Outcome outcome_;
 };
 
-/// The classes that a query of meta_class selects.
+/// The classes that a meta_class query selects.
 ExitStatus ShowClasses(const Command& command, CommandContext& context, const WqlQuery& query) {
   Outcome outcome;
   for (const ClassInfo* info : context.repository.served()) {

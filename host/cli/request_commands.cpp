@@ -19,7 +19,7 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
     return Show(context, className, unknown, context.session->Enumerate(className), command,
                 fields);
   }
-  // A format without widths: instances need not be kept until the last has come.
+  // A format without widths: instances need not be kept until the last one has arrived.
   const bool paths = command.Has("--paths");
   CsvRows rows(ColumnsOf(fields, paths));
   const Outcome outcome = context.session->Enumerate(
@@ -41,8 +41,8 @@ ExitStatus RunGet(const Command& command, CommandContext& context) {
 
 namespace {
 
-/// All instances of all classes and, behind them, where they come from; `status` becomes that of
-/// the worst enumeration.
+/// All instances of all classes and, after them, where they come from; `status` becomes that of the
+/// worst enumeration.
 Json ReportedDump(CommandContext& context, ExitStatus* status) {
   Json all = Json::object();
   DumpOrigin origin;
@@ -50,7 +50,7 @@ Json ReportedDump(CommandContext& context, ExitStatus* status) {
   for (const ClassInfo* info : context.repository.served()) {
     const Outcome outcome = context.session->Enumerate(info->name());
     all[info->name()] = RowsOf(outcome.objects, {}, false);
-    // The provider's answer to an empty list, which is nothing wrong.
+    // The provider's answer for an empty list, which is no error.
     const bool isEmpty = outcome.status == WBEM_E_NOT_FOUND && outcome.objects.empty();
     const ExitStatus reported = context.Report(info->name(), outcome.status);
     if (isEmpty) continue;
@@ -86,8 +86,7 @@ ExitStatus RunReport(const Command&, CommandContext& context) {
 
 namespace {
 
-/// Names the in-parameters that were not given: what a method takes for one that is missing is the
-/// provider's own matter.
+/// Refuses missing in-parameters and names them: a provider may treat a missing one as it likes.
 void RequireAll(const MethodInfo& method, const std::vector<std::size_t>& given) {
   std::string missing;
   const auto& parameters = method.in->declaration.properties;
@@ -101,7 +100,7 @@ void RequireAll(const MethodInfo& method, const std::vector<std::size_t>& given)
   }
 }
 
-/// The methods that remove something, for one who tries to delete an instance.
+/// The methods that remove something, as a hint for users who try to delete an instance.
 std::string RemovingMethods(const Repository& repository) {
   std::string names;
   for (const ClassInfo* info : repository.served()) {
@@ -138,7 +137,7 @@ ExitStatus RunCall(const Command& command, CommandContext& context) {
   }
   // Checked before the method runs.
   const std::vector<std::string> fields = FieldsOf(method->out.get(), command.fields);
-  // The provider knows a method by its exact name alone.
+  // The provider knows a method only by its exact name.
   const std::string& name = method->declaration.name;
   const Outcome outcome = context.session->Call(path, name, in ? &*in : nullptr);
   const ExitStatus status = Show(context, path + " " + name, path, outcome, command, fields);

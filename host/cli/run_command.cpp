@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// While it lives, the command's own --width and --color hold.
+/// During its lifetime the command's own --width and --color apply.
 class OutputScope {
  public:
   OutputScope(const Command& command, CommandContext& context)
@@ -43,21 +43,21 @@ class OutputScope {
   std::optional<TerminalGuard> guard_;
 };
 
-/// A word of a command line as one in single quotes, of which both families of shells take away no
-/// more than those; elsewhere than on Windows a path needs nothing else.
+/// A command-line word in single quotes, of which both families of shells remove only those quotes;
+/// on systems other than Windows a path needs nothing else.
 std::string InSingleQuotes(const std::string& word) {
   std::string text = "'";
   for (const char character : word) text += character == '\'' ? "'\\''" : std::string(1, character);
   return text + "'";
 }
 
-/// A word of a command line of Windows, with single quotes in the path, which no shell takes away.
+/// A word for a Windows command line, with single quotes in the path, which no shell removes.
 std::string InDoubleQuotes(std::string word) {
   std::ranges::replace(word, '"', '\'');
   return '"' + word + '"';
 }
 
-/// A path without its quotes names nothing: says what is to be typed.
+/// A path without its quotes names nothing: says what to type.
 void ExplainPath(const Command& command, CommandContext& context) {
   const auto meant = MeantPath(command.Text("PATH"), context.repository);
   if (!meant) return;
@@ -70,7 +70,8 @@ void ExplainPath(const Command& command, CommandContext& context) {
                                     begin + InDoubleQuotes(*meant));
 }
 
-/// A query that a shell has cut into words may have lost quotes, or hold names of files for *.
+/// A query that a shell has split into words may have lost quotes, or have file names in place of
+/// *.
 std::string QueryProblem(const Command& command, const QueryError& error) {
   const std::string problem = std::string("query: ") + error.what();
   if (command.All("WQL").size() < 2) return problem;

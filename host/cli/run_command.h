@@ -5,7 +5,7 @@
 
 namespace host {
 
-/// Runs one command with everything it needs; what it finds wrong is said.
+/// Runs one command with everything that it needs, and reports its errors.
 ExitStatus RunCommand(const Command& command, CommandContext& context);
 
 }  // namespace host

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kDefaultWidth = 100;
 
-/// The width of tables: what COLUMNS says, else the terminal.
+/// The width of tables: that of COLUMNS, else the terminal's.
 int Width() {
   const std::string columns = platform::EnvironmentText("COLUMNS").value_or("");
   int width = 0;
@@ -43,7 +43,7 @@ ExitStatus Run(const Command& command, CommandContext& context) {
   return Worse(status, provider.Finish());
 }
 
-/// Does what a command line asks: loads the provider if it is needed, runs the command, releases
+/// Executes a command line: loads the provider if it is needed, runs the command, releases
 /// everything and unloads the provider.
 ExitStatus RunHost(const Command& command, std::ostream& output, std::ostream& errors) {
   const Repository repository(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");

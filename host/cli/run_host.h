@@ -8,7 +8,7 @@
 
 namespace host {
 
-/// The whole program for these arguments. What was shown counts only if it was written.
+/// The whole program for these arguments. Success requires that the output could be written.
 ExitStatus RunProgram(const std::vector<std::string>& arguments, std::ostream& output,
                       std::ostream& errors);
 

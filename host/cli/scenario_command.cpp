@@ -40,7 +40,7 @@ ExitStatus RunScenario(const Command& command, CommandContext& context) {
   }
   if (text.empty()) throw simulator::ScenarioError(source + ": it is empty");
   const simulator::ScenarioOfCapture made = chosen->make(text, source);
-  // What is left out or cannot be told.
+  // Remarks on what is left out or not known.
   for (const std::string& remark : made.remarks) WriteError(context.errors, remark);
   context.output << made.json;
   return kSuccess;

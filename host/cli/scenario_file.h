@@ -8,20 +8,20 @@
 
 namespace host {
 
-/// The scenario file of this process, which the host reads for the simulator's libraries too. What
-/// can be read once only, a pipe or standard input ("-"), is kept as it was read.
+/// The scenario file of this process, which the host also reads for the simulator's libraries. The
+/// text of a file that can be read only once, a pipe or standard input ("-"), is kept.
 class ScenarioFile {
  public:
   /// The file of --scenario, else of WIFI_SCENARIO.
   explicit ScenarioFile(const Command& options);
 
-  /// Reads and checks the file. Another file takes its place from now on, unless there is something
-  /// wrong in it. Throws ScenarioError.
+  /// Reads and checks the file. `other` replaces it from now on, unless it has an error. Throws
+  /// ScenarioError.
   simulator::LoadedScenario Load(const std::optional<std::string>& other = std::nullopt);
 
  private:
   std::string path_;                               ///< empty for the scenario that is compiled in
-  std::optional<simulator::LoadedScenario> kept_;  ///< of what cannot be read again
+  std::optional<simulator::LoadedScenario> kept_;  ///< of a file that cannot be read again
 };
 
 }  // namespace host

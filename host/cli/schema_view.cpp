@@ -18,7 +18,7 @@ std::string Scalar(const MofScalar& value) {
   return std::get<std::string>(value);
 }
 
-/// "1 = Off, 2 = On" from ValueMap and Values, or the list of the only texts.
+/// "1 = Off, 2 = On" from ValueMap and Values, or the list of the only possible texts.
 std::string ValuesOf(const Qualifiers& qualifiers) {
   const Qualifier* codes = qualifiers.Find("ValueMap");
   const Qualifier* names = qualifiers.Find("Values");

@@ -1,5 +1,5 @@
 #pragma once
-// The schema for people: rows for the output formats.
+// The schema as rows for the output formats.
 
 #include <string>
 
@@ -13,7 +13,7 @@ Json ClassList(const Repository& repository);
 /// Kind, Name, Type, Access, Units, Range, Values and Description of every property, method and
 /// parameter of a class.
 Json MembersOf(const ClassInfo& info);
-/// Says that a class has no such method, and which it has.
+/// The message that a class has no such method, with the names of its methods.
 std::string NoMethod(const ClassInfo& info, const std::string& method);
 
 }  // namespace host

@@ -13,16 +13,16 @@ namespace host {
 /// A class of the service, or an instance.
 using ServiceObject = platform::ComPtr<IWbemClassObject>;
 
-/// What a request of the service gave.
+/// The result of a request to the service.
 struct ServiceAnswer {
   HRESULT status = S_OK;
   std::vector<ServiceObject> objects;
 };
 
-/// Names and values to be put, as they were typed.
+/// Names and values to put, as typed.
 using TypedValues = std::vector<std::pair<std::string, std::string>>;
 
-/// Requests of a management service that is not this program.
+/// Requests to a management service outside this program.
 class ServiceClient {
  public:
   explicit ServiceClient(const os::ServiceLogon& logon) : service_(logon) {}
@@ -43,7 +43,7 @@ class ServiceClient {
   os::ServiceConnection service_;
 };
 
-/// The object's own properties in their order, or only `fields`; a value that is NULL is null.
+/// The object's own properties in their order, or only `fields`; NULL becomes null.
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields);
 /// The name of a class.
 std::string ClassNameOf(const ServiceObject& object);

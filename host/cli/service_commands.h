@@ -5,9 +5,9 @@
 
 namespace host {
 
-/// Does what a command line with --service asks: of the machine's own management service, or
-/// another's, instead of a provider that is loaded here. Throws CommandLineError for a command that
-/// it has no answer to.
+/// Executes a command line with --service: on the machine's own management service, or on another
+/// machine's, instead of a provider loaded here. Throws CommandLineError for a command that does
+/// not support this.
 ExitStatus RunOnService(const Command& command, CommandContext& context);
 
 }  // namespace host

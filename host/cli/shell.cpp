@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kMostStatus = 255;
 
-/// The object paths of a class's instances as the provider has them now.
+/// The object paths of a class's instances at this moment.
 std::vector<std::string> PathsOf(CommandContext& context, const std::string& className) {
   std::vector<std::string> paths;
   if (context.session == nullptr || context.repository.FindClass(className) == nullptr)
@@ -55,7 +55,7 @@ ExitStatus Shell::Run(const Command& defaults) {
     const ExitStatus ended = RunLine(line, defaults);
     if (context_.leave) return context_.leaveStatus.value_or(status);
     status = Worse(status, ended);
-    // Without its output a change would go unseen.
+    // Without its output a change would go unnoticed.
     if (!(context_.output << std::flush)) break;
   }
   return status;

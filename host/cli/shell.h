@@ -10,21 +10,21 @@
 
 namespace host {
 
-/// Gives the next line without its end, none at the end.
+/// Returns the next line without its line end, nullopt at the end.
 using LineSource = std::function<std::optional<std::string>()>;
 
 /// The lines of a stream, which must outlive it.
 LineSource LinesOf(std::istream& input);
 
-/// Runs the commands of a source of lines, one a line, until its end or `exit`. Blank lines and
+/// Runs the commands from a line source, one per line, until its end or `exit`. Blank lines and
 /// lines that begin with # are skipped; a failing command does not end the shell.
 class Shell {
  public:
-  /// `name` stands before the line number in messages, which have neither without it; with `echo`
-  /// each command stands before what it shows, as in a transcript.
+  /// `name` precedes the line number in messages, which have neither if it is empty; with `echo`
+  /// each command is printed before its output, as in a transcript.
   Shell(LineSource input, CommandContext& context, std::string name, bool echo);
 
-  /// Gives the worst status, or the one that `exit` names.
+  /// Returns the worst status, or the one given to `exit`.
   ExitStatus Run(const Command& defaults);
 
  private:

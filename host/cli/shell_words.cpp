@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 
-/// Whether a word that begins like this is an object path already: CLASS.KEY= or \\.\root\cimv2:.
+/// Whether a word with this beginning is an object path: CLASS.KEY= or \\.\root\cimv2:.
 bool IsPath(std::string_view begin) {
   const std::size_t mark = begin.find_first_of(".:");
   return mark != std::string_view::npos && mark > 0 && begin.back() == '=' &&
@@ -22,7 +22,7 @@ bool TakesPath(const ShellWord& command) {
   return row != nullptr && !row->arguments.empty() && row->arguments.front().takes == Takes::kPath;
 }
 
-/// Whether a query as it stands begins here, which quotes before it would not make it.
+/// Whether an unquoted query begins with this word.
 bool BeginsQuery(std::string_view line, const ShellWord& word) {
   constexpr std::string_view kVerbs[] = {"SELECT", "ASSOCIATORS", "REFERENCES"};
   return std::ranges::any_of(kVerbs, [&](std::string_view verb) {
@@ -31,7 +31,7 @@ bool BeginsQuery(std::string_view line, const ShellWord& word) {
   });
 }
 
-/// Reads the quoted text that begins at `*next`, which moves behind it.
+/// Reads the quoted text that begins at `*next`, and moves `*next` past it.
 void ReadQuoted(std::string_view line, bool keep, std::size_t* next, ShellWord* word) {
   const char quote = line[*next];
   if (keep) word->text += quote;
@@ -76,7 +76,7 @@ std::vector<ShellWord> CutShellLine(std::string_view line) {
 std::vector<std::string> SplitShellLine(std::string_view line) {
   const std::vector<ShellWord> words = CutShellLine(line);
   std::vector<std::string> texts;
-  // "query" before it changes nothing.
+  // A leading "query" changes nothing.
   const std::size_t first =
       words.size() > 1 && SameIgnoringAsciiCase(words[0].text, "query") ? 1 : 0;
   if (words.size() > first && BeginsQuery(line, words[first])) {

@@ -8,17 +8,17 @@
 
 namespace host {
 
-/// An object as the provider sees it. Class definitions can be read, spawned from and asked for
-/// their methods; instances can be read and written. Operations on qualifiers and on the schema
-/// itself answer WBEM_E_NOT_SUPPORTED.
+/// An object as the provider sees it. Class definitions can be read, used to spawn instances and
+/// queried for methods; instances can be read and written. Operations on qualifiers and on the
+/// schema itself return WBEM_E_NOT_SUPPORTED.
 class ClassObject final : public ComObject<IWbemClassObject, IID_IWbemClassObject> {
  public:
-  /// `pool` owns what is spawned from this object.
+  /// `pool` owns the objects that are spawned from this one.
   ClassObject(ObjectPool& pool, CimObject object);
 
   const CimObject& object() const { return object_; }
-  /// The host's object behind an interface, null for an object of somebody else's making. Takes no
-  /// reference.
+  /// The host's object behind an interface, null for an object that the host did not create. Adds
+  /// no reference.
   static ClassObject* From(IWbemClassObject* object);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
@@ -55,9 +55,9 @@ class ClassObject final : public ComObject<IWbemClassObject, IID_IWbemClassObjec
 
  private:
   HRESULT TryPut(const std::string& name, VARIANT* value, CIMTYPE type);
-  /// The names that an enumeration with these flags visits; false for flags it does not know.
+  /// The names that an enumeration with these flags visits; false for unknown flags.
   bool NamesFor(LONG flags, std::vector<std::string>* names) const;
-  /// The signature's class definition, none where the method has none.
+  /// The signature's class definition, null if the method has no such signature.
   platform::ComPtr<ClassObject> Definition(const ClassInfo* signature) const;
 
   ObjectPool& pool_;

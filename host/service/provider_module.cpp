@@ -93,7 +93,7 @@ platform::ComPtr<IClassFactory> ProviderModule::Factory(const std::string& class
     }
     result = getClassObject(provider, IID_IClassFactory, factory.put_void());
   }
-  // The system's answer does not say why a module was not loaded.
+  // The system's code does not say why a module was not loaded; Load throws the reason.
   if (loadedByCom_ && FAILED(result)) FreeLibrary(Load(path_));
   if (FAILED(result) || !factory) {
     throw ModuleError("the module '" + path_ +
