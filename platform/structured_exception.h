@@ -9,8 +9,8 @@
 //
 //     HRESULT result = E_FAIL;
 //     Survives([&] { result = instance->Put(name, 0, value, 0); });  // an exception leaves E_FAIL
-//     return CallFenced([&] { return sink->Indicate(1, &instance); });  // throws
-//     StructuredException
+//     return CallFenced([&] { return sink->Indicate(1, &instance); });  // an exception is thrown
+//     on
 
 #include <exception>
 #include <new>

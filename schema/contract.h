@@ -3,8 +3,8 @@
 // configured. The tables of the product are checked against it at compile time; tests, fuzzers and
 // benchmarks iterate over it.
 //
-//     for (const contract::Method& method : contract::kMethods) Call(method.className,
-//     method.name); static_assert(!contract::FindClass("WiFi_AdapterFeatures").name.empty());
+//     for (const contract::Method& row : contract::kMethods) Call(row.className, row.name);
+//     static_assert(!contract::FindClass("WiFi_AdapterFeatures").name.empty());
 
 #include <cstddef>
 #include <iterator>

@@ -1,8 +1,7 @@
 // Restricts the search for the libraries that the module imports to the module's own folder and the
 // system folder; the current directory and the search path are never used. Windows 10 1607 and
 // later obey it; earlier versions still search these folders first. Other linkers have an option
-// for it
-// (/DEPENDENTLOADFLAG).
+// for it (/DEPENDENTLOADFLAG).
 
 #include "platform/platform.h"
 
@@ -13,8 +12,7 @@ constexpr WORD kSearchedFolders = LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRAR
 constexpr IMAGE_LOAD_CONFIG_DIRECTORY64 LoadConfig() {
   IMAGE_LOAD_CONFIG_DIRECTORY64 config = {};
   config.Size = sizeof(config);
-  config.Reserved1 =
-      kSearchedFolders;  // the old name of DependentLoadFlags, which these headers use
+  config.Reserved1 = kSearchedFolders;  // these headers' name for DependentLoadFlags
   return config;
 }
 
