@@ -10,7 +10,7 @@ namespace {
 namespace codes = adapterapi::codes;
 using adapterapi::IbssPreferencesRecord;
 
-/// The channels of a bit set, each followed by ", ", the last one too.
+/// The channels of a bit set, each followed by ", ", even the last one.
 template <auto Member, const auto& Channels>
 HRESULT ChannelList(PropertyWriter& writer, const OLECHAR* property,
                     const IbssPreferencesRecord& record) {
@@ -55,7 +55,7 @@ HRESULT Refused(const char* line) {
 
 }  // namespace
 
-// The lines are spelled as readers of traces know them, and call the operation by another name.
+// The trace lines keep their known spelling, and a different name for the operation.
 HRESULT FillAdapterChannel(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
   HRESULT result = PutSettingId(instance, entry);
   TraceMessage("Getting Adapter Channel information for WiFi_AdapterChannel");
@@ -87,7 +87,7 @@ HRESULT UpdateAdapterChannel(ProviderState& state, IWbemClassObject* instance,
   if (state.api.GetChannelInfo(entry.number, &record) < 0) {
     return Refused("UpdateAdapterChannel:GetIbssPreferences() failed!");
   }
-  // A ChannelA that cannot be read is no wish for channel 0: the library's own stays.
+  // If ChannelA cannot be read, the library's value is kept; it does not mean channel 0.
   if (writesChannelA) record.channelA = channelA;
   record.channelB = channelB;
   const adapterapi::ApiStatus status = state.api.SetIbssPreferences(entry.number, &record);

@@ -4,16 +4,16 @@
 
 namespace wifi {
 
-/// Fills an empty WiFi_AdapterChannel instance: the ad hoc channels of both bands, from
-/// GetChannelInfo. All properties are put whatever the puts before them answered. Answers with the
-/// last put's result, or with the library's own non-zero status when it refuses.
+/// Fills an empty WiFi_AdapterChannel instance with the ad hoc channels of both bands, from
+/// GetChannelInfo. Puts all properties, even after a failed put. Returns the result of the last
+/// put, or the non-zero status of the library.
 HRESULT FillAdapterChannel(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 
 /// Writes the two chosen ad hoc channels of a client's WiFi_AdapterChannel instance to the adapter
-/// that its SettingID names; for every other adapter answers 0 and does nothing. Everything else in
-/// the library's record stays as it was read; the library alone judges the channel numbers.
-/// WBEM_E_INVALID_OBJECT without a key; WBEM_E_PROVIDER_FAILURE without a ChannelB that is a number
-/// and when the library refuses; otherwise the library's status.
+/// that its SettingID names. For any other adapter it does nothing and returns 0. The rest of the
+/// library's record is written back unchanged; only the library checks the channel numbers.
+/// WBEM_E_INVALID_OBJECT if the key is missing; WBEM_E_PROVIDER_FAILURE if ChannelB is not a number
+/// or the library refuses; otherwise the status of the library.
 HRESULT UpdateAdapterChannel(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 
 }  // namespace wifi

@@ -52,7 +52,7 @@ const AdapterClass* Selected(ClassSelector selector) {
   return index < std::size(kAdapterClasses) ? &kAdapterClasses[index] : nullptr;
 }
 
-/// Makes the instance and hands it to the sink, whose answer is then the result.
+/// Makes the instance and passes it to the sink. Returns the result of the sink.
 HRESULT DeliverAdapterInstance(ProviderState& state, const Delivery& delivery,
                                ClassSelector selector, AdapterEntry& entry) {
   platform::ComPtr<IWbemClassObject> instance;

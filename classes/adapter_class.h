@@ -1,6 +1,6 @@
 #pragma once
-// The classes with exactly one instance for each adapter: which class a selector names, and
-// their shared enumeration and get by key.
+// The classes with exactly one instance for each adapter, which share their enumeration and their
+// get by key. A selector names the class.
 
 #include <cstdint>
 
@@ -19,19 +19,20 @@ enum class ClassSelector : std::uint32_t {
   kFeatures = 7,
   kTcpIpSettings = 8,
   kTcpIpv6Settings = 9,
-  kEnd,  ///< no class
+  kEnd,  ///< the number of classes
 };
 
-/// Makes and fills the instance of one class for one adapter. E_FAIL without an entry,
-/// WBEM_E_INVALID_CLASS for kEnd and beyond; otherwise the service's or filler's result.
+/// Makes and fills the instance of one class for one adapter. E_FAIL if `entry` is null,
+/// WBEM_E_INVALID_CLASS for kEnd and above; otherwise the result of the service or the filler.
 HRESULT MakeAdapterInstance(ProviderState& state, IWbemContext* context, ClassSelector selector,
                             AdapterEntry* entry, platform::ComPtr<IWbemClassObject>& instance);
 
-/// Indicates the class's instance of every adapter, until one fails.
+/// Indicates the instance of the class for every adapter, until one fails.
 HRESULT EnumerateAdapterClass(ProviderState& state, const Delivery& delivery,
                               ClassSelector selector);
 
-/// Indicates the instance of the adapter that the path's key names; WBEM_E_NOT_FOUND without one.
+/// Indicates the instance for the adapter that the key of the path names; WBEM_E_NOT_FOUND if there
+/// is no such adapter.
 HRESULT GetAdapterClassObject(ProviderState& state, const Delivery& delivery,
                               const ParsedPath& path, ClassSelector selector);
 

@@ -11,7 +11,8 @@ using platform::Variant;
 constexpr const OLECHAR* kAdapterClass = OLESTR("WiFi_NetworkAdapter");
 constexpr const OLECHAR* kConfigurationClass = OLESTR("WiFi_NetworkAdapterConfiguration");
 constexpr const OLECHAR* kDeviceId = OLESTR("DeviceID");
-// Names the property that holds the configuration's path and, in enumerated paths, that path's key.
+// The property that holds the path of the configuration. In enumerated instances, it is also the
+// name of the key in that path.
 constexpr const OLECHAR* kSetting = OLESTR("Setting");
 
 HRESULT FillConfigurationInstance(IWbemClassObject* instance, const AdapterEntry& entry) {
@@ -28,7 +29,7 @@ HRESULT Deliver(ProviderState& state, const Delivery& delivery, const AdapterEnt
   });
 }
 
-/// CLASS.KEY=VALUE; it passes through the ANSI code page.
+/// CLASS.KEY=VALUE, after conversion to the ANSI code page and back.
 Variant BuildObjectPath(const OLECHAR* className, const OLECHAR* keyName, const VARIANT& key) {
   return Variant::OrOutOfMemory([&] {
     ParsedPath path;
@@ -49,8 +50,8 @@ HRESULT Deliver(ProviderState& state, const Delivery& delivery, const VARIANT& e
       });
 }
 
-/// The object path that stands in a key of `path`; none of its parts if the key is missing or its
-/// text is no path.
+/// The object path in a key of `path`; empty if the key is missing or its text is not an object
+/// path.
 ParsedPath ReferredPath(const ParsedPath& path, const OLECHAR* referenceName) {
   std::unique_ptr<ParsedPath> referred;
   PathParser(PathFlag::kAbsoluteNamespace)
@@ -89,7 +90,7 @@ HRESULT GetSettingAssociation(ProviderState& state, const Delivery& delivery,
   const ParsedPath setting = ReferredPath(path, kSetting);
   const VARIANT& settingKey = GetPathKeyValue(setting, kSetting);
   if (settingKey.vt == VT_EMPTY) return WBEM_E_NOT_FOUND;
-  // Read under one key name and answered under another: that is what clients of this class know.
+  // Compatibility: the key is read under one name and returned under another.
   return Deliver(state, delivery, GetPathKeyValue(element, kDeviceId), kDeviceId, settingKey);
 }
 

@@ -4,11 +4,12 @@
 
 namespace wifi {
 
-// WiFi_NetworkAdapterConfiguration: each adapter's caption and description under its SettingID.
+// WiFi_NetworkAdapterConfiguration: the caption and description of each adapter, with key
+// SettingID.
 
 HRESULT EnumerateConfigurationInstances(ProviderState& state, const Delivery& delivery);
 
-/// WBEM_E_NOT_FOUND if the path names no adapter.
+/// WBEM_E_NOT_FOUND if the path does not name an adapter.
 HRESULT GetConfigurationInstance(ProviderState& state, const Delivery& delivery,
                                  const ParsedPath& path);
 
@@ -16,15 +17,15 @@ HRESULT GetConfigurationInstance(ProviderState& state, const Delivery& delivery,
 HRESULT UpdateConfigurationInstance(ProviderState& state, IWbemClassObject* instance,
                                     AdapterEntry& entry);
 
-// WiFi_NetworkAdapterSetting: ties each adapter (the path in Element) to its configuration (the
-// path in Setting).
+// WiFi_NetworkAdapterSetting: associates each adapter (the path in Element) with its configuration
+// (the path in Setting).
 
-/// The Setting paths name the adapter under the key Setting.
+/// The path in Setting has the device id in the key Setting.
 HRESULT EnumerateSettingAssociations(ProviderState& state, const Delivery& delivery);
 
-/// The association whose Element path names an adapter by DeviceID and whose Setting path holds a
-/// key Setting; WBEM_E_NOT_FOUND otherwise. Its own Setting path carries that value under the key
-/// DeviceID.
+/// Returns the association for a path whose Element names an adapter by DeviceID and whose Setting
+/// has a key Setting; otherwise WBEM_E_NOT_FOUND. In the returned Setting, the value of that key is
+/// in the key DeviceID.
 HRESULT GetSettingAssociation(ProviderState& state, const Delivery& delivery,
                               const ParsedPath& path);
 

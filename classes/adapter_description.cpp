@@ -19,7 +19,7 @@ constexpr FieldRow<DeviceInfoRecord> kDeviceFields[] = {
     {OLESTR("DeviceID"), Hex4<&DeviceInfoRecord::deviceId>},
     {OLESTR("SubsystemID"), Hex4<&DeviceInfoRecord::subsystemId>},
     {OLESTR("SubSystemVendorID"), Hex4<&DeviceInfoRecord::subsystemVendorId>},
-    // Alone of the ids in decimal.
+    // The only id in decimal.
     {OLESTR("RevisionID"), Decimal<&DeviceInfoRecord::revisionId>},
     {OLESTR("HardwareID"), Hex4<&DeviceInfoRecord::hardwareId>},
     {OLESTR("CardType"), Code<&DeviceInfoRecord::cardType, codes::kCardTypes>},
@@ -31,7 +31,7 @@ constexpr FieldRow<ConfigInfoRecord> kConfigFields[] = {
     {OLESTR("MemoryAddress"), Hex8<&ConfigInfoRecord::memoryAddress>},
     {OLESTR("MemorySize"), Decimal<&ConfigInfoRecord::memorySize>},
     {OLESTR("AttributeMemoryAddress"), Hex8<&ConfigInfoRecord::attributeMemoryAddress>},
-    // The property lacks its b.
+    // The name of the property lacks a "b".
     {OLESTR("AttriuteMemorySize"), Decimal<&ConfigInfoRecord::attributeMemorySize>},
     {OLESTR("ControllerIOAddress"), Hex8<&ConfigInfoRecord::controllerIoAddress>},
     {OLESTR("PacketFilterMask"), Hex8<&ConfigInfoRecord::packetFilterMask>},
@@ -96,20 +96,20 @@ HRESULT FillAdapterDevice(ProviderState& state, IWbemClassObject* instance, Adap
 HRESULT FillConfigSettings(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
   const HRESULT keyPut = PutSettingId(instance, entry);
   ConfigInfoRecord record = {};
-  // The line says "version" for the settings.
+  // The line says "version" instead of "settings".
   const HRESULT status =
       ReadRecord(state, entry, "Getting version information for WiFi_AdapterConfigSettings",
                  operation::GetAdapterConfiguration, record, keyPut);
   if (status != 0) return status;
   PropertyWriter writer(instance, PutRule::kStopAtFailure);
   PutFields(writer, kConfigFields, record);
-  // Put after any failure, and alone the result.
+  // Always put, even after a failed put; only this result is returned.
   PropertyWriter last(instance, PutRule::kGoOn);
   return Number<&ConfigInfoRecord::socketNumber>(last, OLESTR("SocketNumber"), record);
 }
 
 HRESULT FillAdapterVersion(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
-  // Alone of the four, its key is put behind the fence.
+  // Of the four classes, only this one goes on after an exception from the put of its key.
   const HRESULT keyPut = PutPropertyValue(instance, kSettingId, Variant::Text(entry.deviceId));
   VersionInfoRecord record = {};
   const HRESULT status =
@@ -124,7 +124,7 @@ HRESULT FillAdapterVersion(ProviderState& state, IWbemClassObject* instance, Ada
 HRESULT FillAdapterFeatures(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry) {
   const HRESULT keyPut = PutSettingId(instance, entry);
   FeaturesRecord record = {};
-  // The line names the signal parameters' class.
+  // The line names the class of the signal parameters.
   const HRESULT status = ReadRecord(
       state, entry, "Getting adapter features information for WiFi_AdapterSignalParameters",
       operation::GetAdapterFeatures, record, keyPut);

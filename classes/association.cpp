@@ -11,7 +11,7 @@ using adapterapi::AssociationInfoRecord;
 using adapterapi::AssociationStatsRecord;
 using platform::Variant;
 
-/// The profile's name. An association made without one shows a blank, not an empty text.
+/// The name of the profile. An association without a profile shows a blank, not an empty text.
 HRESULT Profile(PropertyWriter& writer, const OLECHAR* property,
                 const AssociationInfoRecord& record) {
   const std::string_view name = adapterapi::BoundedText(record.profileName);
@@ -55,7 +55,7 @@ constexpr FieldRow<AssociationStatsRecord> kCounters[] = {
     {OLESTR("PercentMissedBeacons"), Number<&AssociationStatsRecord::percentMissedBeacons>},
 };
 
-/// The access point's address; all zeros in ad hoc mode, empty when there is no association.
+/// The address of the access point: all zeros in ad hoc mode, empty if there is no association.
 platform::ShortText<17> AccessPointAddress(ProviderState& state, const AdapterEntry& entry) {
   AssociationInfoRecord record = {};
   const HRESULT status =
@@ -95,7 +95,8 @@ HRESULT FillAssociationInfo(ProviderState& state, IWbemClassObject* instance, Ad
   const HRESULT status =
       ReadRecord(state, entry, "Getting association information for WiFi_AdapterAssociationInfo",
                  adapterapi::operation::GetAssociationInfo, record, keyPut);
-  // A refusal leaves an instance with its key alone, which the statistics class would not show.
+  // On refusal deliver the instance with only its key (WiFi_AdapterAssocStats returns
+  // WBEM_E_NOT_FOUND instead).
   if (status != 0) return S_OK;
 
   PropertyWriter writer(instance, PutRule::kStopAtFailure);

@@ -16,7 +16,7 @@ struct ReasonBit {
   std::uint32_t bit;
   std::uint32_t reason;
 };
-// The first row whose bit is set decides.
+// The first row whose bit is set gives the reason.
 constexpr ReasonBit kReasons[] = {{0x00001, 0}, {0x00040, 2}, {0x08000, 3}, {0x10000, 4}};
 constexpr std::uint32_t kOtherReason = 1;
 
@@ -27,7 +27,8 @@ std::uint32_t Reason(std::uint32_t bits) {
   return kOtherReason;
 }
 
-/// A name of 32 bytes ends at the byte behind its field, which is shown if it is not zero.
+/// A name of 32 bytes is ended by the byte after the field. If that byte is not zero, it is shown
+/// too.
 constexpr std::size_t kShownNameRoom = sizeof(ExcludeEntryRecord::ssid) + 1;
 
 void FillExcludeEntry(PropertyWriter& writer, const AdapterEntry& adapter,
@@ -41,7 +42,7 @@ void FillExcludeEntry(PropertyWriter& writer, const AdapterEntry& adapter,
   writer.PutNumber(OLESTR("Reason"), Reason(entry.reasonBits));
 }
 
-/// Letter case counts, and never more than the 32 bytes of the field.
+/// Case-sensitive. Compares at most the 32 bytes of the field.
 bool HasNetworkName(const ExcludeEntryRecord& entry, const WantedKey& wanted) {
   return adapterapi::BoundedText(entry.ssid) == wanted.ansi;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // WiFi_NetworkExcludeList: an instance for each entry of GetExcludeList. A fill stops at the first
-// put that fails. WBEM_E_NOT_FOUND when a list is empty or refused, or no entry has the path's
-// keys.
+// put that fails. WBEM_E_NOT_FOUND if the list is empty, the library refuses, or no entry has the
+// keys of the path.
 
 #include "provider/core/instance.h"
 

@@ -1,5 +1,9 @@
 #pragma once
 // Classes with one instance for each entry of a list that the adapter control library owns.
+//
+//     constexpr ListClass<ExcludeEntryRecord> kExcludeList = {
+//         .name = OLESTR("WiFi_NetworkExcludeList"), .getter = operation::GetExcludeList, ...};
+//     return EnumerateLists(state, delivery, kExcludeList);  // or GetListEntry, with a path
 
 #include <cstdint>
 #include <string>
@@ -17,9 +21,9 @@ template <class Entry>
 using ListGetter =
     adapterapi::Operation<adapterapi::AdapterNumber, const adapterapi::LibraryList<Entry>**>;
 
-/// The key that names an entry, read from the path once for all entries.
+/// The key that selects an entry, read once from the path.
 struct WantedKey {
-  const OLECHAR* text;  ///< null if the path has none, or it is no text
+  const OLECHAR* text;  ///< null if the path does not have the key, or it is not a text
   std::string ansi;
 };
 
@@ -29,13 +33,14 @@ struct ListClass {
   const ListGetter<Entry>& getter;
   const char* enumerateLine;       ///< traced before the call for an enumeration
   const char* getLine;             ///< traced before the call for a get by key
-  const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be none
+  const char* doneLine = nullptr;  ///< traced after a call that succeeded; may be null
   void (*fill)(PropertyWriter&, const AdapterEntry&, const Entry&);
-  const OLECHAR* key;  ///< the path's second one
+  const OLECHAR* key;  ///< name of the key that selects an entry; the first key is SettingID
   bool (*matches)(const Entry&, const WantedKey&);
 };
 
-/// The adapter's list, read without a guard; none if the library refuses it.
+/// The list of the adapter; null if the library refuses. An exception of the library passes
+/// through.
 template <class Entry>
 const adapterapi::LibraryList<Entry>* ReadList(ProviderState& state, const AdapterEntry& adapter,
                                                const ListClass<Entry>& shown, const char* line) {
@@ -57,9 +62,9 @@ HRESULT DeliverEntry(const ProviderState& state, const Delivery& delivery,
   });
 }
 
-/// Indicates an instance for each entry of every adapter's list. A failing entry does not stop the
-/// ones after it; an adapter whose last entry fails, or whose list is empty, refused or not to be
-/// read to its end (WBEM_E_NOT_FOUND), ends the enumeration.
+/// Indicates an instance for each entry of every adapter's list. After an entry that fails, the
+/// other entries of the adapter are still delivered. The enumeration stops after an adapter whose
+/// last entry fails, or whose list is empty, refused or not readable to its end (WBEM_E_NOT_FOUND).
 template <class Entry>
 HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
                        const ListClass<Entry>& shown) {
@@ -77,7 +82,7 @@ HRESULT EnumerateLists(ProviderState& state, const Delivery& delivery,
   });
 }
 
-/// Indicates the first entry that the path's keys name; WBEM_E_NOT_FOUND without one.
+/// Indicates the first entry that the keys of the path name; WBEM_E_NOT_FOUND if there is none.
 template <class Entry>
 HRESULT GetListEntry(ProviderState& state, const Delivery& delivery, const ParsedPath& path,
                      const ListClass<Entry>& shown) {

@@ -29,7 +29,7 @@ struct Filling {
   const AdapterEntry& entry;
 };
 
-/// What a guarded getter left: its value, 0 if it raised, and whether it answered success.
+/// The result of a guarded getter: its value (0 after an exception), and whether it succeeded.
 template <class Value>
 struct Reading {
   Value value;
@@ -49,7 +49,7 @@ void Remember(const Filling& filling, Slot slot, std::uint32_t value) {
   if (slot != nullptr) filling.state.memory.lastKnown.*slot = value;
 }
 
-/// A flag whose status is not looked at.
+/// Puts a flag. The status of the getter is ignored.
 template <const auto& Getter, Slot Cached = nullptr>
 HRESULT PutFlag(const Filling& filling, const OLECHAR* property) {
   const std::uint32_t flag = Read(filling, Getter).value;
@@ -57,14 +57,14 @@ HRESULT PutFlag(const Filling& filling, const OLECHAR* property) {
   return filling.writer.PutFlag(property, flag);
 }
 
-/// A code as a text; its status is not looked at.
+/// Puts a code as text. The status of the getter is ignored.
 template <const auto& Getter, const auto& Texts>
 HRESULT PutCode(const Filling& filling, const OLECHAR* property) {
   return filling.writer.PutAnsi(property,
                                 TextOfCode(Texts, Read(filling, Getter).value, kBracketedUnknown));
 }
 
-/// A number that is 0 when the status is not.
+/// Puts a number; 0 if the getter fails.
 template <const auto& Getter, Slot Cached>
 HRESULT PutPreference(const Filling& filling, const OLECHAR* property) {
   const auto reading = Read(filling, Getter);
@@ -73,7 +73,7 @@ HRESULT PutPreference(const Filling& filling, const OLECHAR* property) {
   return filling.writer.PutNumber(property, value);
 }
 
-/// A signed number as text; its status is not looked at.
+/// Puts a signed number as text. The status of the getter is ignored.
 template <const auto& Getter>
 HRESULT PutSigned(const Filling& filling, const OLECHAR* property) {
   return filling.writer.PutDecimal(property, Read(filling, Getter).value);
@@ -145,7 +145,8 @@ HRESULT PutLastAppliedProfile(const Filling& filling, const OLECHAR* property) {
       property, result.raised || result.status < 0 ? std::string_view() : ProfileName(profile));
 }
 
-/// The second pass of two properties: unguarded, the output as the library left it.
+/// The second put of two properties: the value as the library left it, whatever its status. An
+/// exception of the library passes through.
 template <const auto& Getter>
 HRESULT PutUnfiltered(const Filling& filling, const OLECHAR* property) {
   std::uint32_t value = 0;
@@ -160,7 +161,7 @@ struct FillRow {
   bool leftOutOnNt6 = false;
 };
 
-// In the order in which they are filled, which clients see.
+// In the order in which the properties are put. Clients see this order.
 constexpr FillRow kFillRows[] = {
     {OLESTR("WiFiAdapterType"), "Getting adapter type for WiFi_NetworkAdapter",
      PutCode<operation::GetAdapterType, codes::kAdapterTypes>},
@@ -179,7 +180,7 @@ constexpr FillRow kFillRows[] = {
     {OLESTR("SupportedRates"), "Getting supported rates for WiFi_NetworkAdapter",
      PutSupportedRates},
     {OLESTR("PSPMode"), "Getting PSP Mode for WiFi_NetworkAdapter", PutPspMode},
-    // The line says "registration" for the hardware switch.
+    // The line says "registration" instead of "radio".
     {OLESTR("HardwareRadioState"), "Getting hardware registration state for WiFi_NetworkAdapter",
      PutFlag<operation::GetHwRadioState>},
     {OLESTR("AuthenticationStatus"), "Getting AuthenticationStatus for WiFi_NetworkAdapter",
@@ -199,15 +200,16 @@ constexpr FillRow kFillRows[] = {
     {OLESTR("CcxPowerLevels"), "Getting CcxPowerLevels for WiFi_NetworkAdapter", PutCcxPowerLevels},
     {OLESTR("LastAppliedProfile"), "Getting LastAppliedProfile for WiFi_NetworkAdapter",
      PutLastAppliedProfile},
-    // Both preferences are put a second time, as the library gives them, under lines that name the
-    // class of the system policies.
+    // Both preferences are put a second time, as the library gives them. The lines name the class
+    // of the system policies.
     {OLESTR("ProtocolPreference"), "Getting band preference for WiFi_SystemPolicies",
      PutUnfiltered<operation::GetProtocolPreference>, true},
     {OLESTR("ConnectionPreference"), "Getting connection preference for WiFi_SystemPolicies",
      PutUnfiltered<operation::GetConnectionPreference>},
 };
 
-/// The last value: left out when the setting cannot be read, though it is then remembered as 0.
+/// Puts the last property. If the setting cannot be read, the property is not put, but the value in
+/// `flag` is still remembered.
 HRESULT PutDisableRfControl(const Filling& filling, HRESULT lastPut) {
   TraceMessage("Getting DisableRfControl for WiFi_NetworkAdapter");
   std::uint32_t flag = 0;

@@ -4,10 +4,10 @@
 
 namespace wifi {
 
-/// Fills an empty WiFi_NetworkAdapter instance with 24 values in order and keeps the raw values of
-/// the writable ones in the state. Stops at the first put that fails; answers with the last put's
-/// result. On NT major version 6 four properties are left out, in both passes.
-/// Sources: the adapter's entry, and the getters of the rows in network_adapter.cpp.
+/// Fills an empty WiFi_NetworkAdapter instance from the entry and the getters in
+/// network_adapter.cpp, with 24 puts in a fixed order. Stores the raw values of the writable
+/// properties in the state. Stops at the first put that fails. Returns the result of the last put.
+/// On NT major version 6 four properties are left out, including the second put of one.
 HRESULT FillNetworkAdapter(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 
 }  // namespace wifi

@@ -23,12 +23,12 @@ using Setter = ApiStatus (AdapterApi::*)(AdapterNumber, std::uint32_t);
 struct Updating {
   ProviderState& state;
   AdapterNumber adapter;
-  HRESULT read;  ///< the success code with which the client's instance gave the value
+  HRESULT read;  ///< the success code of reading the value from the client's instance
 
   std::uint32_t& LastKnownOf(Slot slot) const { return state.memory.lastKnown.*slot; }
 };
 
-/// A number from 1 to `highest`; every other one is ignored.
+/// A number from 1 to `highest`. Other numbers are ignored.
 struct NumberProperty {
   Slot lastKnown;
   LONG highest;
@@ -66,7 +66,8 @@ HRESULT UpdateNumber(const Updating& updating, Variant& value) {
   return S_OK;
 }
 
-/// Writes a flag (0 or 1) that differs from the last known one. `bits` is the client's own value.
+/// Writes a flag (0 or 1) that differs from the last known value. `bits` is the value from the
+/// client.
 using SetFlag = HRESULT (*)(const Updating&, std::uint32_t flag, std::uint16_t bits,
                             std::uint32_t& lastKnown);
 
@@ -75,7 +76,8 @@ HRESULT UpdateFlag(const Updating& updating, Variant& value) {
   const auto bits = FlagBits(value.get());
   std::uint32_t& lastKnown = updating.LastKnownOf(LastKnown);
   const std::uint32_t flag = bits.value_or(0) != 0 ? 1 : 0;
-  // The library's own non-zero values differ from 1 as well, and are then written once as 1.
+  // A non-zero value of the library other than 1 also differs from 1, and is then written once as
+  // 1.
   return !bits || lastKnown == flag ? updating.read : Set(updating, flag, *bits, lastKnown);
 }
 
@@ -100,7 +102,7 @@ HRESULT SetReadyForProfileState(const Updating& updating, std::uint32_t flag, st
   return S_OK;
 }
 
-/// The only flag that counts as written whatever the library says.
+/// The only flag that counts as written even if the library refuses.
 HRESULT SetXpZeroConfig(const Updating& updating, std::uint32_t flag, std::uint16_t,
                         std::uint32_t& lastKnown) {
   updating.state.api.EnableXpZeroConfig(updating.adapter, flag);
@@ -140,11 +142,11 @@ struct UpdateRow {
   const char* missing;
   const char* before = nullptr;
   HRESULT (*update)(const Updating&, Variant&);
-  const char* failed = nullptr;  ///< traced when `update` fails, which some never do
+  const char* failed = nullptr;  ///< traced if `update` fails; null if nothing is traced
   bool leftOutOnNt6 = false;
 };
 
-// In the order in which they are applied; the last row's result is the update's.
+// In the order in which they are applied. The result of the last row is the result of the update.
 constexpr UpdateRow kUpdateRows[] = {
     {
         .property = OLESTR("RadioState"),
@@ -194,7 +196,7 @@ constexpr UpdateRow kUpdateRows[] = {
     },
     {
         .property = OLESTR("DisableRfControl"),
-        // Names another property than the one that is missing.
+        // The line names a different property.
         .missing = "UpdateAdapter: failed to get ReadyForProfileStated property",
         .update = UpdateFlag<&LastKnownValues::disableRfControl, SetDisableRfControl>,
         .failed = "UpdateAdapter: failed to update DisableRfControl property",

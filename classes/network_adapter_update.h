@@ -4,12 +4,12 @@
 
 namespace wifi {
 
-/// Applies what a client changed in a WiFi_NetworkAdapter instance to the adapter that its DeviceID
-/// names; for every other adapter answers 0 and does nothing. Nine properties in a fixed order
-/// (seven on NT major version 6), each written only if it differs from the last known value, which
-/// follows what the library accepted. A number out of range, and a value that holds no flag or
-/// number, leave their property alone. WBEM_E_INVALID_OBJECT without a key; WBEM_E_PROVIDER_FAILURE
-/// when a property is missing (earlier ones stay applied) and when DisableRfControl is refused;
+/// Applies a client's WiFi_NetworkAdapter instance to the adapter that its DeviceID names. For any
+/// other adapter it does nothing and returns 0. Nine properties are handled in a fixed order (seven
+/// on NT major version 6). Each is written only if it differs from the last known value, which is
+/// set to each value that the library accepts. A number out of range, or a value that is not a flag
+/// or number, is ignored. WBEM_E_INVALID_OBJECT if the key is missing; WBEM_E_PROVIDER_FAILURE if a
+/// property is missing (those before it stay applied) or the library refuses DisableRfControl;
 /// other refusals are only traced.
 HRESULT UpdateNetworkAdapter(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 

@@ -4,7 +4,8 @@
 
 namespace wifi {
 
-/// Opens the instance of one network in an adapter's list: the key and the adapter's two texts.
+/// Puts the first properties of a list entry: the key, the caption and the description of the
+/// adapter.
 inline void PutAdapterTexts(PropertyWriter& writer, const AdapterEntry& adapter) {
   writer.PutKey(kSettingId, adapter.deviceId);
   writer.PutText(OLESTR("Caption"), adapter.caption);

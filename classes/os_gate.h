@@ -4,8 +4,8 @@
 
 namespace wifi {
 
-/// Whether the platform calls itself NT major version 6, where some adapter properties are neither
-/// read nor written. Asked afresh at every gate.
+/// Whether GetVersionExA reports NT major version 6, on which some adapter properties are neither
+/// read nor written. Not cached.
 inline bool IsNtVersion6() {
   const platform::OsVersion version = platform::QueryOsVersion();
   return version.IsNt() && version.major == 6;

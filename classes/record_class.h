@@ -1,5 +1,10 @@
 #pragma once
-// Classes with one instance an adapter, shown from one record of the adapter control library.
+// Classes with one instance for each adapter, filled from one record of the adapter control
+// library.
+//
+//     constexpr RecordClass<TxRxStatsRecord> kStatistics = {
+//         .name = OLESTR("WiFi_AdapterTxRxStats"), .getter = operation::GetTxRxStats, ...};
+//     return EnumerateRecords(state, delivery, kStatistics);  // or GetRecordObject, with a path
 
 #include "provider/core/guarded_call.h"
 #include "provider/core/instance.h"
@@ -9,14 +14,14 @@ namespace wifi {
 template <class Record>
 using RecordGetter = adapterapi::Operation<adapterapi::AdapterNumber, Record*>;
 
-/// Puts the key: what the instance throws ends the request.
+/// Puts the key. An exception of the instance passes through and ends the request.
 inline HRESULT PutSettingId(IWbemClassObject* instance, const AdapterEntry& entry) {
   return PutOrRethrow(instance, kSettingId, platform::Variant::Text(entry.deviceId).get());
 }
 
-/// Traces `line` and has the library fill the cleared `record` behind a guard. Answers with the
-/// library's status, with `ifRaised` when it throws: filling then goes on with the cleared record,
-/// unless `ifRaised` is a failure too.
+/// Traces `line`, then calls the library with GuardedCall to fill the cleared `record`. Returns the
+/// status of the library. After an exception it returns `ifRaised`: if that is 0, the caller goes
+/// on with the cleared record.
 template <class Record>
 HRESULT ReadRecord(ProviderState& state, const AdapterEntry& entry, const char* line,
                    const RecordGetter<Record>& getter, Record& record, HRESULT ifRaised) {
@@ -25,7 +30,8 @@ HRESULT ReadRecord(ProviderState& state, const AdapterEntry& entry, const char* 
   return result.raised ? ifRaised : result.status;
 }
 
-/// A class whose record is read before its instance is made, without a guard.
+/// A class whose record is read before its instance is made. An exception of the library passes
+/// through.
 template <class Record>
 struct RecordClass {
   const OLECHAR* name;
@@ -33,10 +39,10 @@ struct RecordClass {
   const char* enumerateLine;  ///< traced before the call for an enumeration
   const char* getLine;        ///< traced before the call for a get by key
   HRESULT (*fill)(ProviderState&, IWbemClassObject*, const AdapterEntry&, const Record&);
-  bool successIsZero = false;  ///< a success code of the sink counts as 0 and ends no enumeration
+  bool successIsZero = false;  ///< a success code of the sink counts as 0, so enumeration goes on
 };
 
-/// Indicates the adapter's instance; WBEM_E_NOT_FOUND when the library has no record for it.
+/// Indicates the instance of one adapter; WBEM_E_NOT_FOUND if the library has no record for it.
 template <class Record>
 HRESULT DeliverRecord(ProviderState& state, const Delivery& delivery,
                       const RecordClass<Record>& shown, const char* line,
@@ -59,7 +65,8 @@ HRESULT EnumerateRecords(ProviderState& state, const Delivery& delivery,
   });
 }
 
-/// Indicates the instance of the adapter that the path names; WBEM_E_NOT_FOUND without one.
+/// Indicates the instance of the adapter that the path names; WBEM_E_NOT_FOUND if there is no such
+/// adapter.
 template <class Record>
 HRESULT GetRecordObject(ProviderState& state, const Delivery& delivery, const ParsedPath& path,
                         const RecordClass<Record>& shown) {

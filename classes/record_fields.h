@@ -1,6 +1,10 @@
 #pragma once
-// Records of the adapter control library as properties: a class is a table of rows, each a property
-// and the form that its value takes from a member of the record.
+// Puts the members of a record of the adapter control library into properties. A class has a table
+// of rows: each row is a property, and the function that reads a member of the record and puts it.
+//
+//     constexpr FieldRow<VersionInfoRecord> kVersionFields[] = {
+//         {OLESTR("Driver"), Text<&VersionInfoRecord::driver>}, ...};
+//     PutFields(writer, kVersionFields, record);
 
 #include <cstdint>
 #include <cstring>
@@ -14,7 +18,7 @@
 
 namespace wifi {
 
-/// Puts a property in the form that its value takes.
+/// Reads a member of the record, formats it and puts it into the property.
 template <class Record>
 using FieldForm = HRESULT (*)(PropertyWriter&, const OLECHAR* property, const Record&);
 
@@ -24,7 +28,7 @@ struct FieldRow {
   FieldForm<Record> put;
 };
 
-/// Puts the rows in order under the writer's rule.
+/// Puts the rows in order, under the rule of the writer.
 template <class Record>
 void PutFields(PropertyWriter& writer, std::type_identity_t<std::span<const FieldRow<Record>>> rows,
                const Record& record) {
@@ -41,7 +45,7 @@ struct MemberTraits<Field Record::*> {
 template <auto Member>
 using RecordOf = typename MemberTraits<decltype(Member)>::RecordType;
 
-/// A number of a record, whatever its alignment there.
+/// A number in a record, which need not be aligned.
 template <auto Member>
 auto NumberOf(const RecordOf<Member>& record) {
   typename MemberTraits<decltype(Member)>::FieldType number;
@@ -49,21 +53,21 @@ auto NumberOf(const RecordOf<Member>& record) {
   return number;
 }
 
-// The forms. Each is named by the member that it reads, such as Decimal<&Record::size>.
+// The functions for FieldRow::put. The member is a template argument, as in Decimal<&Record::size>.
 
-/// VT_BOOL: true for anything but 0.
+/// VT_BOOL: true unless the number is 0.
 template <auto Member>
 HRESULT Flag(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
   return writer.PutFlag(property, NumberOf<Member>(record));
 }
 
-/// VT_I4: a number above 0x7FFFFFFF comes out negative.
+/// VT_I4. A number above 0x7FFFFFFF becomes negative.
 template <auto Member>
 HRESULT Number(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
   return writer.PutNumber(property, static_cast<std::uint32_t>(NumberOf<Member>(record)));
 }
 
-/// Decimal text; a number of 32 bits counts as signed.
+/// Decimal text. A number of 32 bits is taken as signed.
 template <auto Member>
 HRESULT Decimal(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
   return writer.PutDecimal(property, static_cast<std::int32_t>(NumberOf<Member>(record)));
@@ -88,7 +92,7 @@ HRESULT Dbm(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Memb
                         platform::ShortText<16>().Decimal(NumberOf<Member>(record)).Add(" dBm"));
 }
 
-/// The narrow text of a member, which may fill it without a terminator.
+/// The narrow text in a member. A text that fills the member has no terminator.
 template <auto Member>
 HRESULT Text(PropertyWriter& writer, const OLECHAR* property, const RecordOf<Member>& record) {
   return writer.PutAnsi(property, adapterapi::BoundedText(record.*Member));

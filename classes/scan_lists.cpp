@@ -23,7 +23,7 @@ constexpr FieldRow<ScanListEntry> kCommonFields[] = {
     {OLESTR("Encrypted"), Number<&ScanListEntry::encrypted>},
 };
 
-/// The cached scan list has a channel of one byte; the byte behind it is not part of it.
+/// In the cached scan list the channel has one byte; the byte after it does not belong to it.
 HRESULT ChannelByte(PropertyWriter& writer, const OLECHAR* property, const ScanListEntry& entry) {
   return writer.PutDecimal(property, entry.channel & 0xFF);
 }
@@ -39,7 +39,7 @@ constexpr FieldRow<ScanListEntry> kCachedFields[] = {
 };
 
 constexpr FieldRow<ScanListEntry> kAvailableFields[] = {
-    // The channel goes under Encrypted, over the flag: the class has no property of its own for it.
+    // The class has no property for the channel, which is put into Encrypted, over the flag.
     {OLESTR("Encrypted"), Decimal<&ScanListEntry::channel>},
 };
 
@@ -50,7 +50,7 @@ void Fill(PropertyWriter& writer, const AdapterEntry& adapter, const ScanListEnt
   PutFields(writer, OwnFields, entry);
 }
 
-/// Letter case counts: a key in lower case names no network.
+/// Case-sensitive: a key in lower case matches no entry.
 bool HasMacAddress(const ScanListEntry& entry, const WantedKey& wanted) {
   return platform::EqualsAscii(wanted.text, adapterapi::MacText(entry.macAddress));
 }

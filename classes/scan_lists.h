@@ -1,8 +1,8 @@
 #pragma once
-// The networks that an adapter has seen: WiFi_AdapterCachedScanList and WiFi_AvailableNetwork, an
-// instance for each entry of GetCachedScanList and of GetAvailableNetworks. A fill stops at the
-// first put that fails. WBEM_E_NOT_FOUND when a list is empty or refused, or no entry has the
-// path's keys.
+// The networks that an adapter has seen. WiFi_AdapterCachedScanList has an instance for each entry
+// of GetCachedScanList, WiFi_AvailableNetwork for each entry of GetAvailableNetworks. A fill stops
+// at the first put that fails. WBEM_E_NOT_FOUND if the list is empty, the library refuses, or no
+// entry has the keys of the path.
 
 #include "provider/core/instance.h"
 

@@ -5,8 +5,8 @@
 namespace wifi {
 
 /// Fills an empty WiFi_AdapterSignalParameters instance from GetSignalParameters. Stops at the
-/// first put from SignalQuality on that fails and answers with it; WBEM_E_NOT_FOUND when the
-/// library refuses.
+/// first put after the key that fails and returns its result. WBEM_E_NOT_FOUND if the library
+/// refuses.
 HRESULT FillSignalParameters(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 
 }  // namespace wifi

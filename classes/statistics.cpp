@@ -17,7 +17,7 @@ using platform::Variant;
 
 struct ArrayProperty {
   platform::OleStringView name;
-  const char* deletingLine;  ///< the capitals of two of them are not those of the name
+  const char* deletingLine;  ///< in two of them the case of a letter differs from the name
 };
 
 // In the order of ProviderMemory::statisticsArrays.
@@ -30,9 +30,9 @@ constexpr ArrayProperty kArrays[] = {
 };
 static_assert(std::size(kArrays) == std::tuple_size_v<decltype(ProviderMemory::statisticsArrays)>);
 
-/// A new array for one property, none for an unknown name or without memory. It goes into the
-/// property's slot with this object: until then no other fill, which a put may let in, destroys it.
-/// In the slots the one before stays until the next fill, the one before that goes now.
+/// Creates the array for one array property (null if the name is unknown or memory is short). On
+/// destruction it becomes `current`; the old `current` becomes `previous`, and the old `previous`
+/// is freed. It is not stored earlier because Put may re-enter the provider and fill again.
 class NewArray {
  public:
   NewArray(ProviderState& state, const OLECHAR* property) {
@@ -76,11 +76,11 @@ void TraceStoreFailure(HRESULT code) {
       {static_cast<std::uint32_t>(E_INVALIDARG), "Error is E_INVALIDARG"},
   };
   const auto other = platform::ShortText<24>().Add("Error is ").Decimal(code);
-  // Every one of them ends in a zero.
+  // Each of these texts is null-terminated.
   TraceMessage(TextOfCode(kLines, static_cast<std::uint32_t>(code), other).data());
 }
 
-/// Puts an array that stays ours.
+/// Puts an array that the caller still owns.
 HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY* array) {
   VARIANT borrowed;
   VariantInit(&borrowed);
@@ -92,7 +92,7 @@ HRESULT PutArray(IWbemClassObject* instance, const OLECHAR* property, SAFEARRAY*
 struct CounterRow {
   const OLECHAR* property;
   std::size_t offset;
-  bool perRate;  ///< sixteen values, one otherwise
+  bool perRate;  ///< sixteen values; otherwise one
 };
 constexpr CounterRow kCounterRows[] = {
     {OLESTR("Rates"), offsetof(TxRxStatsRecord, rates), true},
@@ -110,14 +110,14 @@ constexpr CounterRow kCounterRows[] = {
     {OLESTR("RxNonDirectPacketsRate"), offsetof(TxRxStatsRecord, rxNonDirectPacketsRate), true},
 };
 
-/// The last array's result is the answer; what becomes of every other put decides nothing.
+/// Returns the result of the last array. The results of all other puts are ignored.
 HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const AdapterEntry& entry,
                        const TxRxStatsRecord& record) {
   TraceMessage("FillTxRxStats");
   PutSettingId(instance, entry);
   HRESULT result = S_OK;
   for (const CounterRow& row : kCounterRows) {
-    // Unsigned in the library, shown signed.
+    // Unsigned in the library, but shown as signed.
     std::array<std::int32_t, kRateCount> values;
     std::memcpy(values.data(), reinterpret_cast<const std::uint8_t*>(&record) + row.offset,
                 row.perRate ? sizeof(values) : sizeof(values[0]));
@@ -131,7 +131,7 @@ HRESULT FillStatistics(ProviderState& state, IWbemClassObject* instance, const A
   return result;
 }
 
-// Both lines speak of the exclude list.
+// Both lines name the exclude list.
 constexpr RecordClass<TxRxStatsRecord> kStatistics = {
     .name = OLESTR("WiFi_AdapterTxRxStats"),
     .getter = adapterapi::operation::GetTxRxStats,

@@ -64,7 +64,7 @@ HRESULT UpdateSystemPolicies(ProviderState& state, IWbemClassObject* instance, A
   const HRESULT result = GetPropertyValue(*instance, OLESTR("SingleBSSMode"), value);
   if (FAILED(result)) return result;
   const auto bits = FlagBits(value.get());
-  // An instance that was read while the library could not tell the mode holds none.
+  // The value is missing if the library could not read the mode when the client read the instance.
   if (!bits) return S_OK;
   if (state.api.SetBoosSeteing(setting::kSingleBssMode, *bits != 0 ? 1 : 0) != 0) {
     TraceMessage("UpdatesysPolicies: SetBoosSeteing() failed!");

@@ -5,16 +5,17 @@
 namespace wifi {
 
 // WiFi_SystemPolicies: two machine-wide settings of the wireless service, in one instance with a
-// fixed key. A setting that the library cannot read is left out of the instance.
+// fixed key. A setting that the library cannot read is not put.
 
 HRESULT EnumerateSystemPolicies(ProviderState& state, const Delivery& delivery);
 
-/// Any key value, or none, gives the one instance.
+/// Indicates the instance. The key of the path is ignored.
 HRESULT GetSystemPolicies(ProviderState& state, const Delivery& delivery, const ParsedPath& path);
 
-/// Writes AutoConnect if it is 0, 1 or 2, and SingleBSSMode in any case; neither belongs to an
-/// adapter, so this is done for each one that the update is offered. The code of the Get that
-/// failed without SingleBSSMode; WBEM_E_PROVIDER_FAILURE when the library refuses it.
+/// Writes AutoConnect if it is 0, 1 or 2, and then SingleBSSMode. The settings do not belong to an
+/// adapter, but they are written for each adapter that the update is called for. If SingleBSSMode
+/// cannot be read from the instance, returns that error; WBEM_E_PROVIDER_FAILURE if the library
+/// refuses SingleBSSMode.
 HRESULT UpdateSystemPolicies(ProviderState& state, IWbemClassObject* instance, AdapterEntry& entry);
 
 }  // namespace wifi

@@ -12,12 +12,13 @@ namespace operation = adapterapi::operation;
 using adapterapi::TcpipConfigRecord;
 using adapterapi::Tcpipv6ConfigRecord;
 
-/// The texts of as many slots as the count says, two blanks behind each. The count is the library's
-/// and may exceed the array: the slots then go on over what follows it, to the record's end.
+/// The texts of the slots, each followed by two blanks. The library gives the count, which may
+/// exceed the array: the fields after the array are then read as slots too, up to the end of the
+/// record.
 template <auto Slots, auto Count>
 HRESULT Joined(PropertyWriter& writer, const OLECHAR* property, const Tcpipv6ConfigRecord& record) {
   constexpr std::size_t kSlot = sizeof((record.*Slots)[0]);
-  constexpr std::size_t kMostSlots = sizeof(record) / kSlot + 1;  // the last one cut short
+  constexpr std::size_t kMostSlots = sizeof(record) / kSlot + 1;  // the last one is incomplete
   platform::ShortText<kMostSlots*(kSlot + 2)> text;
   const auto* slot = reinterpret_cast<const char*>(&(record.*Slots));
   const auto* end = reinterpret_cast<const char*>(&record) + sizeof(record);
@@ -29,7 +30,7 @@ HRESULT Joined(PropertyWriter& writer, const OLECHAR* property, const Tcpipv6Con
   return writer.PutAnsi(property, text);
 }
 
-/// Put whatever becomes of them.
+/// The results of these two puts are ignored.
 template <class Record>
 constexpr FieldRow<Record> kUnexaminedFields[] = {
     {OLESTR("DHCP_IP"), Flag<&Record::dhcpEnabled>},

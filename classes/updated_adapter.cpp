@@ -9,7 +9,7 @@ HRESULT IsUpdateOf(IWbemClassObject* instance, const OLECHAR* keyName, const Ada
   platform::Variant key;
   const HRESULT result = GetPropertyValue(*instance, keyName, key);
   if (FAILED(result) || key.text() == nullptr) return WBEM_E_INVALID_OBJECT;
-  // As the adapter map compares: the ANSI texts, letter case counting.
+  // Compares as the adapter map does: ANSI texts, case-sensitively.
   return platform::AnsiText(key.text()) == platform::AnsiText(entry.deviceId.c_str()) ? S_OK
                                                                                       : S_FALSE;
 }
