@@ -39,7 +39,7 @@ MethodResult IsTcpIpInstalledAndBound(const MethodCall& call) {
 }
 
 MethodResult Release1xConfig(const MethodCall& call) {
-  // The constant, not the adapter, which only has to be there.
+  // The argument is a constant. The adapter must exist, but is not passed.
   return Answer(call.state.api.Release1xConfig(adapterapi::FixedNumber{0}) == 0);
 }
 
@@ -54,8 +54,8 @@ MethodResult IsCurrentProfile(const MethodCall& call) {
   if (!name) return {};
   ORVEL_WLAN_PROFILE profile = {};
   if (call.state.api.GetLastAppliedProfile(call.adapter(), &profile) != 0) return {};
-  name->ChangeType(VT_BSTR);  // what cannot become one counts as the empty name
-  // As the library stores names: in the ANSI code page.
+  name->ChangeType(VT_BSTR);  // a value that cannot be converted counts as an empty name
+  // Compared in the ANSI code page, in which the library stores names.
   return Answer(EqualIgnoringCase(platform::WideText(platform::AnsiText(name->text())),
                                   platform::WideText(ProfileName(profile))));
 }

@@ -4,27 +4,28 @@
 
 namespace wifi {
 
-// The methods of one adapter and its configuration; each answers TRUE when the library's operation
-// answers 0, unless said otherwise. A missing in-parameter makes no call.
+// The methods of an adapter and its configuration. Unless stated otherwise, each returns TRUE if
+// the operation of the library returns 0. If an in-parameter is missing, the library is not called.
 
 /// In: Register, boolean.
 MethodResult RegisterProfileService(const MethodCall& call);
 MethodResult ResetStatistics(const MethodCall& call);
 /// In: Enable, boolean.
 MethodResult EnableXpZeroConfig(const MethodCall& call);
-/// Whether the library supports the adapter's device.
+/// Returns whether the library supports the device of the adapter.
 MethodResult IsAdapterSupported(const MethodCall& call);
 MethodResult StopAuthentication(const MethodCall& call);
 MethodResult IsTcpIpInstalledAndBound(const MethodCall& call);
 MethodResult Release1xConfig(const MethodCall& call);
 
-/// The library's version as a number, whatever its operation answers.
+/// Returns the version of the library as a number, whatever the status of the operation.
 MethodResult GetApiVersion(const MethodCall& call);
-/// In: ProfileName. Whether it is the last applied profile's name, ignoring letter case.
+/// In: ProfileName. Returns whether it is the name of the last applied profile, ignoring letter
+/// case.
 MethodResult IsCurrentProfile(const MethodCall& call);
 MethodResult Disassociate(const MethodCall& call);
 
-/// The flag that the adapter's entry keeps; never TRUE.
+/// Returns AdapterEntry::associationFlag, which is never TRUE.
 MethodResult IsAssociated(const MethodCall& call);
 
 }  // namespace wifi

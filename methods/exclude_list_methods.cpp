@@ -22,8 +22,8 @@ std::uint32_t FlagsOf(LONG reason) {
   return kOtherReasonFlag;
 }
 
-/// The entry that the in-parameters describe; none if one is missing, the name is empty, or the
-/// reason cannot become a number.
+/// The entry that the in-parameters describe; nullopt if one is missing, the name is empty, or the
+/// reason cannot be converted to a number.
 std::optional<ExcludeEntryRecord> ReadEntry(const MethodCall& call) {
   const auto name = call.AnsiText(OLESTR("NetworkName"));
   if (!name) return std::nullopt;

@@ -4,13 +4,13 @@
 
 namespace wifi {
 
-// The methods of an adapter's exclude list: the networks it must not join. Each answers TRUE when
-// the library's operation answers 0, unless said otherwise.
+// The methods of an adapter's exclude list: the networks that it must not join. Unless stated
+// otherwise, each returns TRUE if the operation of the library returns 0.
 
-/// TRUE whatever the library answers.
+/// Always returns TRUE.
 MethodResult ResetExcludeList(const MethodCall& call);
-/// In: NetworkName, of which 32 bytes count; Reason, 0 to 4. FALSE without a call for an empty
-/// name.
+/// In: NetworkName, truncated to 32 bytes; Reason, 0 to 4. For an empty name it returns FALSE
+/// without calling the library.
 MethodResult AddExcludeListEntry(const MethodCall& call);
 MethodResult RemoveExcludeListEntry(const MethodCall& call);
 
@@ -18,9 +18,9 @@ MethodResult RemoveExcludeListEntry(const MethodCall& call);
 MethodResult IsExcludeListEnabled(const MethodCall& call);
 /// In: Enabled, boolean.
 MethodResult EnableExcludeList(const MethodCall& call);
-/// Out: Count, the lowest 8 bits; none if the library fails.
+/// Out: Count, the lowest 8 bits; not put if the library fails.
 MethodResult GetRogueApCount(const MethodCall& call);
-/// Excludes the access point that the library names as the candidate.
+/// Excludes the access point that GetExcludeCandidate returns.
 MethodResult ExcludeThisAp(const MethodCall& call);
 
 }  // namespace wifi

@@ -7,16 +7,16 @@
 
 namespace wifi {
 
-/// One running method. In-parameters that are missing, or hold another kind of value, read as none.
+/// One call of a method. An in-parameter that is missing or has another type is read as nullopt.
 struct MethodCall {
   ProviderState& state;
   const ParsedPath& path;
-  IWbemClassObject* inParameters;  ///< may be none
-  const AdapterEntry* entry;       ///< whose key the path holds; none for profile methods
+  IWbemClassObject* inParameters;  ///< may be null
+  const AdapterEntry* entry;       ///< the adapter that the path names; null for profile methods
 
   adapterapi::AdapterNumber adapter() const { return entry->number; }
 
-  /// The in-parameter as it stands.
+  /// The in-parameter, unconverted.
   std::optional<platform::Variant> Value(const OLECHAR* name) const;
   /// A boolean as 1 or 0.
   std::optional<std::uint32_t> Flag(const OLECHAR* name) const;
@@ -24,10 +24,10 @@ struct MethodCall {
   std::optional<std::string> AnsiText(const OLECHAR* name) const;
 };
 
-/// What a method answers. As it starts: ReturnValue FALSE, nothing besides.
+/// The out-parameters of a method. The default is ReturnValue FALSE and no second out-parameter.
 struct MethodResult {
   platform::Variant returnValue = platform::Variant::Boolean(false);
-  std::optional<LONG> extra = {};  ///< the second out-parameter, where the method has one
+  std::optional<LONG> extra = {};  ///< the second out-parameter, if the method has one
 };
 
 /// ReturnValue TRUE or FALSE.
@@ -35,7 +35,7 @@ inline MethodResult Answer(bool succeeded) {
   return {platform::Variant::Boolean(succeeded)};
 }
 
-/// Runs one method. What it throws is for the caller, who answers FALSE.
+/// Runs one method. The caller catches its exceptions, and then returns FALSE to the client.
 using MethodBody = MethodResult (*)(const MethodCall&);
 
 }  // namespace wifi

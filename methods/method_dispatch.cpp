@@ -16,12 +16,12 @@ using platform::Variant;
 
 struct Method {
   const OLECHAR* name;
-  MethodBody body;                 ///< none: served, and always FALSE
+  MethodBody body;                 ///< null: the method is accepted and always returns FALSE
   const OLECHAR* extra = nullptr;  ///< the second out-parameter
-  bool answersNumber = false;      ///< ReturnValue is a number, 0 without an adapter
+  bool answersNumber = false;      ///< ReturnValue is a number, 0 if there is no adapter
 };
 
-// The six without a body change what an instance of WiFi_NetworkAdapter changes when it is put.
+// The six methods without a body set properties that a put of WiFi_NetworkAdapter writes.
 constexpr Method kAdapterMethods[] = {
     {OLESTR("RegisterProfileService"), RegisterProfileService},
     {OLESTR("SetRadioState"), nullptr},
@@ -66,12 +66,12 @@ constexpr Method kExcludeListMethods[] = {
 
 struct ClassMethods {
   const OLECHAR* className;
-  const OLECHAR* adapterKey;  ///< none: the path names no adapter
+  const OLECHAR* adapterKey;  ///< null: the path does not name an adapter
   HRESULT unknownMethod;
   std::span<const Method> methods;
 };
 
-// That an unknown method succeeds silently on three classes is what clients know.
+// Compatibility: on three classes an unknown method returns success and does nothing.
 constexpr ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkAdapter"), OLESTR("DeviceID"), WBEM_E_NOT_SUPPORTED, kAdapterMethods},
     {OLESTR("WiFi_NetworkAdapterConfiguration"), kSettingId, WBEM_S_NO_ERROR,
@@ -93,7 +93,7 @@ constexpr Method MethodRow(const contract::Name& className, const contract::Name
   }
   return {OLESTR(""), nullptr};
 }
-/// Whether the row puts what the schema declares: ReturnValue's type and the second out-parameter.
+/// Whether the row agrees with the schema on the type of ReturnValue and the second out-parameter.
 constexpr bool AnswersAsDeclared(const contract::Name& className, const contract::Name& name,
                                  CIMTYPE returnType) {
   const Method row = MethodRow(className, name);
@@ -111,7 +111,7 @@ constexpr bool AnswersAsDeclared(const contract::Name& className, const contract
                 " in methods/method_dispatch.cpp has other out-parameters than the schema");
 #include "schema/contract.inc"
 
-/// The first CLASS.METHOD of the tables, or CLASS.KEY, that the schema lacks.
+/// The first CLASS.METHOD or CLASS.KEY of the tables that the schema does not have.
 constexpr contract::Name UnknownMember() {
   for (const ClassMethods& owner : kClasses) {
     if (owner.adapterKey != nullptr &&
@@ -143,7 +143,7 @@ const Method* FindMethod(std::span<const Method> methods, const OLECHAR* name) {
   return nullptr;
 }
 
-/// One call of one method, and where its out-parameters go.
+/// One call of a method, and where its out-parameters are delivered.
 struct Execution {
   const Delivery& delivery;
   const OLECHAR* className;
@@ -151,7 +151,8 @@ struct Execution {
   MethodCall call;
 };
 
-/// An empty out-parameter object; the failing step's code, WBEM_E_FAILED where a step gives none.
+/// Spawns an empty object for the out-parameters. Returns the error of the step that fails;
+/// WBEM_E_FAILED if a step succeeds without an object.
 HRESULT SpawnOutParameters(const Execution& execution, ComPtr<IWbemClassObject>& out) {
   const auto checked = [](HRESULT result, const auto& object) {
     return FAILED(result) || object ? result : WBEM_E_FAILED;
@@ -172,7 +173,7 @@ HRESULT SpawnOutParameters(const Execution& execution, ComPtr<IWbemClassObject>&
   return checked(SpawnInstance(*signature.get(), out), out);
 }
 
-/// The second out-parameter goes ahead of ReturnValue; answers with what the sink says.
+/// Puts the second out-parameter before ReturnValue. Returns the result of the sink.
 HRESULT IndicateAnswer(const Execution& execution, IWbemClassObject* out,
                        const MethodResult& result) {
   if (result.extra)
@@ -181,7 +182,7 @@ HRESULT IndicateAnswer(const Execution& execution, IWbemClassObject* out,
   return Indicate(execution.delivery, out, WBEM_E_FAILED);
 }
 
-/// Runs the body, unless it needs an adapter that is not there.
+/// Runs the body, unless the method needs an adapter and there is none.
 MethodResult RunMethod(const Method& method, const MethodCall& call, bool needsAdapter) {
   MethodResult result;
   if (method.answersNumber) result.returnValue = Variant::Integer(0);
@@ -189,8 +190,8 @@ MethodResult RunMethod(const Method& method, const MethodCall& call, bool needsA
   return method.body(call);
 }
 
-/// Runs a method with a second out-parameter on the adapter that the path names. Its object is made
-/// before the body runs, and anew for the answer of a body that throws.
+/// Runs a method with a second out-parameter on the adapter that the path names. The object for the
+/// out-parameters is spawned before the body runs, and again if the body throws.
 HRESULT RunExcludeListQuery(const Execution& execution) {
   ComPtr<IWbemClassObject> out;
   HRESULT spawned = SpawnOutParameters(execution, out);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint32_t kEveryScope = 0xFFFFFFFF;
 
-/// Sets bits of one 32-bit word of the record, at an offset in bytes.
+/// Changes the 32-bit word at an offset in bytes: keeps the bits `kept` and sets the bits `set`.
 void SetBits(ORVEL_WLAN_PROFILE& profile, std::size_t offset, std::uint32_t kept,
              std::uint32_t set) {
   std::uint32_t word = 0;
@@ -18,11 +18,11 @@ void SetBits(ORVEL_WLAN_PROFILE& profile, std::size_t offset, std::uint32_t kept
   std::memcpy(profile.bytes + offset, &word, sizeof(word));
 }
 
-/// The record of the profile that the path names, marked for application; none if the library does
-/// not open or does not know it.
+/// The record of the profile with this name, with the applied flag set; nullopt if the library
+/// cannot be opened or does not have the profile.
 std::optional<ORVEL_WLAN_PROFILE> LoadProfile(ProfileLibrary& library, const std::string& name) {
   if (!library.Open()) return std::nullopt;
-  // Cleared, so that a library that fills only part of it hands on none of our memory.
+  // Cleared, because the library may fill only a part of it, and the rest must not leak our memory.
   ORVEL_WLAN_PROFILE profile = {};
   const LONG status = library.GetProfileToApply(name, profile);
   library.Close();

@@ -4,15 +4,16 @@
 
 namespace wifi {
 
-// The methods of a preferred profile, which the path names by Name. The profile library gives the
-// profile's record, the adapter control library applies it; TRUE when it does. FALSE before
-// Initialize.
+// The methods of a preferred profile, which the path names by Name. The profile library supplies
+// the record of the profile, and the adapter control library applies it. They return TRUE if it
+// succeeds, FALSE before Initialize.
 
-/// In: AdapterID, the adapter's key text.
+/// In: AdapterID, the key of the adapter (AdapterEntry::key).
 MethodResult ApplyProfile(const MethodCall& call);
-/// The same, with the record asking for re-entry.
+/// The same, with the re-enter request set in the record.
 MethodResult ReenterAndReapplyProfile(const MethodCall& call);
-/// In: MacAddress, which only the adapter control library interprets; no adapter has to be served.
+/// In: MacAddress, which only the adapter control library interprets. The provider need not serve
+/// the adapter.
 MethodResult ApplyProfileFromMacAddress(const MethodCall& call);
 
 }  // namespace wifi
