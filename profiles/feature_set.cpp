@@ -11,7 +11,7 @@ namespace setting = adapterapi::setting;
 constexpr std::uint32_t kPersistentOff = 0x8;
 constexpr std::uint32_t kPrelogonOff = 0x10;
 
-/// Only the lowest bit of the setting counts; its status does not.
+/// Whether the lowest bit of the setting is set. The status of the library is ignored.
 bool IsSettingOn(adapterapi::AdapterApi& api, adapterapi::SettingNumber setting) {
   std::uint32_t value = 0;
   api.GetSettingValue(setting, &value);

@@ -7,21 +7,22 @@
 namespace wifi {
 
 /// The feature switches of this machine, from HKEY_LOCAL_MACHINE
-/// SOFTWARE\ORVEL\Wireless\GUIConfiguration. What cannot be read as 4 bytes is 0.
+/// SOFTWARE\ORVEL\Wireless\GUIConfiguration. A value that is missing or not of 4 bytes is read as
+/// 0.
 struct FeatureSet {
   std::uint32_t first = 0;   ///< FeatureSet1
   std::uint32_t second = 0;  ///< FeatureSet2: 0x8 switches the persistent store off, 0x10 prelogon
 };
 FeatureSet ReadFeatureSet();
 
-/// Which of the two optional profile stores are open.
+/// Whether the two optional profile stores are open.
 struct StoreGates {
   bool persistent = false;
   bool prelogon = false;
 };
 
-/// A gate is open when the lowest bit of its setting is set and its feature is not switched off.
-/// The library is asked for the settings only if at least one feature is on.
+/// A store is open if the lowest bit of its setting is set and its feature is not switched off. The
+/// settings are read only if at least one of the two features is on.
 StoreGates ReadStoreGates(adapterapi::AdapterApi& api);
 
 }  // namespace wifi

@@ -16,29 +16,29 @@ constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
 
 struct Store {
   platform::OleStringView type;
-  bool StoreGates::*gate;  ///< none: always open
+  bool StoreGates::*gate;  ///< null: always open
   ULONG flag;
-  bool searched;  ///< whether a get by key looks here
+  bool searched;  ///< whether a get by key searches it
 
   bool IsOpen(const StoreGates& gates) const { return gate == nullptr || gates.*gate; }
 };
 
-// In the order in which they are listed.
+// In the order in which the stores are enumerated.
 constexpr Store kStores[] = {
     {OLESTR("user"), nullptr, 1, true},
     {OLESTR("persistent"), &StoreGates::persistent, 2, true},
     {OLESTR("prelogon"), &StoreGates::prelogon, 4, true},
-    // Listed, yet not found by key: that is what clients know.
+    // Compatibility: these are enumerated, but not found by key.
     {OLESTR("postlogon"), nullptr, 8, false},
     {OLESTR("itprofile"), nullptr, 16, false},
 };
 
-// Profiles of one store. A library that answers the same for ever must not hold the service up: a
-// search goes on behind statuses that are neither a profile nor the end.
+// The most profiles that are read from one store, because a library that never reports the end must
+// not block the service forever. A search by name does not even stop at an error status.
 constexpr int kMostSteps = 10000;
 
-/// A text of the profile, which stays the library's; one without characters to point to if it has
-/// none. Read behind the same fence as it is asked for.
+/// A text of the profile, owned by the library; data() is null if it has none. Its length is
+/// measured inside the fence too.
 std::string_view HeldText(PreferredProfile& profile,
                           const char* (CPreferredProfile::*getter)() const) {
   return profile.Call([&](const CPreferredProfile& held) {
@@ -81,7 +81,7 @@ void FillPreferredProfile(PropertyWriter& writer, PreferredProfile& profile,
   writer.PutText(OLESTR("Type"), storeType);
 }
 
-/// What both routines work with, from the library's construction to its end.
+/// The session with the library that both routines share.
 struct ProfileRequest {
   ProviderState& state;
   const Delivery& delivery;
@@ -106,7 +106,7 @@ struct ProfileRequest {
       if (!store.IsOpen(gates)) continue;
       LONG status = library.GetFirst(profile, store.flag);
       for (int step = 0; step < kMostSteps && status == kTolvaSuccess; ++step) {
-        platform::ComPtr<IWbemClassObject> instance;  // goes once the next profile is loaded
+        platform::ComPtr<IWbemClassObject> instance;  // released after the next profile is loaded
         result = Deliver(store, instance);
         status = library.GetNext(profile, store.flag);
       }
@@ -151,7 +151,7 @@ HRESULT EnumeratePreferredProfiles(ProviderState& state, const Delivery& deliver
   std::optional<ClientImpersonation> client(std::in_place);
   ProfileRequest request{state, delivery};
   const HRESULT result = request.List();
-  client.reset();  // the library's objects go as the service itself
+  client.reset();  // the objects of the library are destroyed without impersonation
   return result;
 }
 

@@ -4,16 +4,16 @@
 
 namespace wifi {
 
-// WiFi_PreferredProfile: the connection profiles that the profile library keeps for the machine and
-// its users, in five stores of which two have gates (see feature_set.h). Both answer E_FAIL before
-// Initialize; what the libraries raise passes through.
+// WiFi_PreferredProfile: the connection profiles that the profile library stores for the machine
+// and its users. There are five stores, of which two are optional (see feature_set.h). Both
+// functions return E_FAIL before Initialize; exceptions of the libraries pass through.
 
-/// Indicates every profile of the open stores, asking as the client. Answers with the status of the
-/// last profile's last step, 0 without any, also when the library does not open.
+/// Indicates every profile of the open stores, impersonating the client. Returns the result of the
+/// last profile; 0 if there are no profiles or the library cannot be opened.
 HRESULT EnumeratePreferredProfiles(ProviderState& state, const Delivery& delivery);
 
-/// The first profile with exactly the Name of the path in the user, persistent and prelogon stores;
-/// WBEM_E_NOT_FOUND otherwise.
+/// Indicates the first profile with exactly the Name of the path, from the user, persistent and
+/// prelogon stores; WBEM_E_NOT_FOUND if there is none.
 HRESULT GetPreferredProfile(ProviderState& state, const Delivery& delivery, const ParsedPath& path);
 
 }  // namespace wifi

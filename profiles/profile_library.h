@@ -1,6 +1,10 @@
 #pragma once
-// The profile library as the provider uses it: its two classes, owned, every call into them behind
-// the fence, so that what the library raises is a C++ exception here.
+// Owns the objects of the profile library and calls them inside the fence, so that every exception
+// of the library becomes a C++ exception.
+//
+//     PreferredProfile profile;
+//     ProfileLibrary library;
+//     if (library.Open() && library.GetFirst(profile, store) == kTolvaSuccess) Deliver(profile);
 
 #include <new>
 #include <string>
@@ -13,7 +17,7 @@
 
 namespace wifi {
 
-/// Owns an object of the library.
+/// An object of the library.
 template <class Object>
 class LibraryObject {
  public:
@@ -23,10 +27,10 @@ class LibraryObject {
   LibraryObject(const LibraryObject&) = delete;
   LibraryObject& operator=(const LibraryObject&) = delete;
   ~LibraryObject() {
-    platform::Survives([this] { object_->~Object(); });  // gone either way
+    platform::Survives([this] { object_->~Object(); });  // an exception is ignored
   }
 
-  /// What `use` (Object& to anything) answers.
+  /// Calls `use` (Object& to anything) and returns its result.
   template <class Use>
   auto Call(Use&& use) {
     return platform::CallFenced([&] { return use(*object_); });
@@ -37,10 +41,10 @@ class LibraryObject {
   Object* object_ = nullptr;
 };
 
-/// Holds one profile, whichever the library loaded into it last; texts it gives stay its own.
+/// One profile. The returned texts belong to the library and are valid until the next load.
 using PreferredProfile = LibraryObject<CPreferredProfile>;
 
-/// One session with the library, set to the provider's networks. Made for one request.
+/// One session with the library, for the duration of one request.
 class ProfileLibrary {
  public:
   ProfileLibrary() {
@@ -50,7 +54,7 @@ class ProfileLibrary {
     });
   }
 
-  /// Whether the library opened its profiles. Only then Close() has to follow.
+  /// Opens the profiles. Returns whether it succeeded; only then Close() must be called.
   bool Open() {
     constexpr ULONG kOpenArgument = 3000;
     return adapterapi::TracedCall("CProfileMgr::Open", "", [this] {
@@ -63,18 +67,18 @@ class ProfileLibrary {
     });
   }
 
-  /// Loads a store's first profile; kTolvaSuccess if there is one.
+  /// Loads the first profile of a store. Returns kTolvaSuccess if there is one.
   LONG GetFirst(PreferredProfile& profile, ULONG store) {
     return Load("CProfileMgr::GetFirstPreferredProfile", profile, store,
                 &CProfileMgr::GetFirstPreferredProfile);
   }
-  /// Loads the next one; kTolvaNoMoreProfiles behind the last.
+  /// Loads the next profile. Returns kTolvaNoMoreProfiles after the last one.
   LONG GetNext(PreferredProfile& profile, ULONG store) {
     return Load("CProfileMgr::GetNextPreferredProfile", profile, store,
                 &CProfileMgr::GetNextPreferredProfile);
   }
 
-  /// Fills the whole record of the profile with this ANSI name; a negative status if it cannot.
+  /// Fills the record of the profile with this ANSI name. Returns a negative status if it cannot.
   LONG GetProfileToApply(const std::string& name, ORVEL_WLAN_PROFILE& record) {
     constexpr ULONG kFlags = 1;
     return adapterapi::TracedCall(

@@ -2,8 +2,8 @@
 
 namespace wifi {
 
-/// Diagnostic: traces the profile directory of the user whom this thread acts for, that is, whose
-/// profiles the library would find. No request calls it. Always 0.
+/// Diagnostic: traces the profile directory of the user that this thread impersonates, whose
+/// profiles the library would find. No request calls it. Always returns 0.
 int TraceUserProfileDirectory();
 
 }  // namespace wifi
