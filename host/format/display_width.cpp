@@ -14,12 +14,12 @@ struct WidthRange {
   int width;
 };
 
-// In ascending order; what lies between takes one column.
+// In ascending order; characters between the ranges take one column.
 constexpr WidthRange kWidths[] = {
     {0x0300, 0x036F, 0},    // combining marks
     {0x1100, 0x115F, 2},    // Hangul initial consonants
     {0x1AB0, 0x1AFF, 0},    // combining marks, extended
-    {0x200B, 0x200F, 0},    // zero-width blanks and marks of direction
+    {0x200B, 0x200F, 0},    // zero-width blanks and direction marks
     {0x20D0, 0x20FF, 0},    // combining marks for symbols
     {0x2E80, 0x303E, 2},    // CJK radicals and punctuation
     {0x3041, 0xA4CF, 2},    // Kana, CJK, Yi

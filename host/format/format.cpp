@@ -61,7 +61,7 @@ std::string JsonText(const Json& value) {
 }
 
 void EachJsonPiece(const Json& value, const std::function<void(std::string_view)>& take) {
-  // A piece as it is written that many levels down.
+  // A piece as it is written at that nesting level.
   const auto give = [&take](const std::string& before, const Json& piece, const char* indent) {
     std::string text = before;
     const std::string plain = piece.dump(2, ' ', false, Json::error_handler_t::replace);
@@ -93,7 +93,7 @@ void EachJsonPiece(const Json& value, const std::function<void(std::string_view)
 void CsvRows::Add(const Json& row) {
   constexpr std::size_t kBlock = 1 << 20;
   const auto& members = row.get_ref<const Json::object_t&>();
-  // Nearly every row has just the columns that are known.
+  // Nearly every row has exactly the known columns.
   const bool isPlain = std::ranges::equal(
       members, names_, {}, [](const auto& member) -> const std::string& { return member.first; });
   if (!isPlain && !fixed_) {
@@ -127,7 +127,7 @@ void CsvRows::Write(std::ostream& output) const {
     std::size_t start = 0;
     for (const std::size_t end : block.ends) {
       const std::string_view line = std::string_view(block.text).substr(start, end - start);
-      // A line without anything would be no row to a reader.
+      // A reader would ignore an empty line instead of reading a row.
       output << (line.empty() && names_.size() == 1 ? "\"\"" : line) << missing << '\n';
       start = end;
     }

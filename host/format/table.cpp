@@ -7,7 +7,7 @@ namespace host {
 namespace {
 
 constexpr int kGap = 2;  ///< blanks between columns
-/// So many columns stay side by side even where the last runs over the edge.
+/// This number of columns is never transposed, even if the last one is too wide.
 constexpr std::size_t kAlwaysUpright = 2;
 
 constexpr std::string_view kBold = "\x1b[1m";
@@ -35,7 +35,7 @@ int TotalWidth(const std::vector<Column>& columns) {
   return total;
 }
 
-/// The lines of a table; a rule stands below the headings. No line ends with blanks.
+/// The lines of a table, with a rule below the headings. No line ends with blanks.
 std::string Lines(const std::vector<const Column*>& columns, bool color) {
   std::string text;
   const std::size_t count = columns.front()->cells.size();
@@ -71,7 +71,7 @@ std::vector<const Column*> Pointers(const std::vector<Column>& columns) {
   return pointers;
 }
 
-/// One line for each name; blocks of as many rows as fit beside the names.
+/// One line for each name; blocks with as many rows as fit next to the names.
 std::string Turned(const Json& rows, const std::vector<std::string>& names, int width, bool color) {
   Column heads;
   heads.Add({"Property"});

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// The character that begins at `*next`, which moves behind it. A byte that begins none stands for
-/// itself, and so does the first one of a sequence that is cut short.
+/// The character that begins at `*next`; moves `*next` past it. A byte that begins no character is
+/// returned as it is, and so is the first byte of a truncated sequence.
 inline char32_t NextCharacter(std::string_view utf8, std::size_t* next) {
   const auto lead = static_cast<unsigned char>(utf8[(*next)++]);
   int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;

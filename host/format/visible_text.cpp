@@ -10,7 +10,7 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kMostOfError = 1800;  ///< bytes; a screen has 80 times 24 columns
+constexpr std::size_t kMostOfError = 1800;  ///< bytes; a screen has 80 times 24 characters
 
 struct Range {
   char32_t first;
@@ -23,8 +23,8 @@ constexpr Range kEscaped[] = {
     {0x7F, 0x9F},      // DEL and C1
     {0x061C, 0x061C},  // Arabic letter mark
     {0x200E, 0x200F},  // left-to-right and right-to-left mark
-    {0x2028, 0x202E},  // line and paragraph separator, embeddings and overrides of direction
-    {0x2066, 0x2069},  // isolates of direction
+    {0x2028, 0x202E},  // line and paragraph separator, direction embeddings and overrides
+    {0x2066, 0x2069},  // direction isolates
 };
 
 bool IsEscaped(char32_t character) {
@@ -32,7 +32,7 @@ bool IsEscaped(char32_t character) {
   return range != std::end(kEscaped) && character >= range->first;
 }
 
-/// `ofByte` is how a character of one byte is escaped.
+/// `ofByte` is the format of the escape for a one-byte character.
 std::string Escaped(std::string_view utf8, const char* ofByte) {
   std::string text;
   for (std::size_t next = 0; next < utf8.size();) {
@@ -62,7 +62,7 @@ std::string ShortText(std::string_view utf8, std::size_t most) {
   const auto isWithin = [&text](std::size_t at) {
     return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
   };
-  // Two thirds of it are its start; the end says what to do.
+  // Two thirds of it are the beginning; the end says what to do.
   std::size_t head = most * 2 / 3;
   std::size_t tail = text.size() - most / 4;
   while (head > 0 && isWithin(head)) --head;

@@ -1,5 +1,5 @@
 #pragma once
-// Texts that come from strangers, as they may reach a terminal or a page.
+// Makes untrusted texts safe for a terminal or a page.
 
 #include <ostream>
 #include <streambuf>
@@ -8,15 +8,16 @@
 
 namespace host {
 
-/// A text that can neither lead a terminal nor turn what stands beside it around: control
-/// characters (C0, DEL, C1), ends of lines and marks of direction stand as \x1b or \u202e.
+/// A text that can neither control a terminal nor change the direction of the text around it:
+/// control characters (C0, DEL, C1), line ends and direction marks become \x1b or \u202e.
 std::string VisibleText(std::string_view utf8);
 
-/// The same, cut to about `most` bytes: of a longer text the middle is left out.
+/// The same, shortened to about `most` bytes by leaving out the middle.
 std::string ShortText(std::string_view utf8, std::size_t most);
 
-/// While it lives, what is written to a stream that is a terminal reaches it as VisibleText, line
-/// by line; every escape is \u0085, which JSON has too. For formats without colors of their own.
+/// During its lifetime, output to a stream that is a terminal goes through VisibleText, line by
+/// line; every escape has the form \u0085, which is also valid in JSON. For formats without colors
+/// of their own.
 class TerminalGuard final : private std::streambuf {
  public:
   explicit TerminalGuard(std::ostream& terminal)
@@ -35,7 +36,7 @@ class TerminalGuard final : private std::streambuf {
   std::string line_;
 };
 
-/// Writes one line about what is wrong, no longer than a screen.
+/// Writes one line with an error, no longer than a screen.
 void WriteError(std::ostream& errors, std::string_view message);
 
 }  // namespace host

@@ -22,7 +22,7 @@ struct FactRow {
   const char* className;
   const char* property;
   bool onlyAssociated = false;
-  const char* second = nullptr;  ///< a property that goes on with it
+  const char* second = nullptr;  ///< a property that continues it
 };
 
 // In the order of AdapterFact.
@@ -62,7 +62,7 @@ std::optional<bool> FlagOf(const Json& row, const char* property) {
   return found->get<bool>();
 }
 
-/// Whether a text is an address that stands for none.
+/// Whether a text is an address that means no address.
 bool IsNoAddress(const std::string& text) {
   return text == "0.0.0.0";
 }
@@ -82,7 +82,7 @@ Fact ReadFact(const FactRow& row, const Dump& dump, const Source& source, const 
   return fact;
 }
 
-/// The adapter and its association each tell it; it is associated only where neither denies it.
+/// Both the adapter and its association tell; it is associated only if neither denies it.
 std::optional<bool> Associated(const Json& adapter, const Json& association) {
   const std::optional<bool> told = FlagOf(association, "Associated");
   const std::string status = TextOf(adapter, "AssociationStatus");
@@ -103,7 +103,7 @@ void ReadRoaming(const Dump& dump, Adapter* adapter) {
   adapter->whyNoRoaming = dump.WhyUnknown(kStatisticsClass, adapter->key);
 }
 
-/// An element of an array of counts, 0 if it is not there.
+/// An element of an array of counts, 0 if there is no such element.
 std::uint32_t ElementOf(const Json& row, const char* property, std::size_t index) {
   const auto found = row.find(property);
   if (found == row.end() || !found->is_array() || index >= found->size()) return 0;
@@ -162,7 +162,7 @@ Adapter ReadAdapter(const Dump& dump, const Source& source, const std::string& k
   return adapter;
 }
 
-/// How keys are put in order: numbers, as the platform gives them, before other texts.
+/// The sort key of keys: numbers, as the platform gives them, before other texts.
 std::tuple<bool, unsigned long long, std::string_view> Order(const std::string& key) {
   unsigned long long number = 0;
   const char* end = key.data() + key.size();

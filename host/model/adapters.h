@@ -1,5 +1,5 @@
 #pragma once
-// The adapters of a machine: what is known of each, and why the rest is not.
+// The adapters of a machine: what is known about each, and why the rest is unknown.
 
 #include <array>
 #include <cstdint>
@@ -20,7 +20,7 @@ enum class AdapterFact {
   kChannel,
   kRate,
   kSecurity,
-  kProfile,  ///< that the association uses
+  kProfile,  ///< used by the association
   kAppliedProfile,
   kAddress,
   kGateway,
@@ -31,10 +31,10 @@ enum class AdapterFact {
   kCount
 };
 
-/// Something that a person asks of an adapter.
+/// Something that a user wants to know about an adapter.
 struct Fact {
-  std::string value;  ///< empty if there is none
-  std::string why;    ///< why the value is not known; empty if the machine told it, or has none
+  std::string value;  ///< empty if there is no value
+  std::string why;    ///< why the value is unknown; empty if it is known or there is none
   bool isInvented = false;
 };
 
@@ -49,7 +49,7 @@ struct Counter {
 
 /// Packets of one data rate.
 struct RatePackets {
-  std::string rate;  ///< in the unit of the adapter's driver
+  std::string rate;  ///< in the driver's unit
   std::uint64_t sent = 0;
   std::uint64_t received = 0;
 };
@@ -63,25 +63,26 @@ struct Adapter {
   std::optional<bool> radioOn;          ///< by software
   std::optional<bool> hardwareRadioOn;  ///< by the switch
   std::optional<bool> isAssociated;
-  std::string whyUnknown;  ///< why it is not known whether it is associated
+  std::string whyUnknown;  ///< why it is unknown whether it is associated
   bool hasFailedAuthentication = false;
-  std::optional<int> signal;  ///< dBm of its network, if it is associated
+  std::optional<int> signal;  ///< of its network, in dBm, if it is associated
   std::array<Fact, static_cast<std::size_t>(AdapterFact::kCount)> facts;
 
-  std::vector<const Network*> networks;  ///< that it hears
-  std::string whyUnheard;  ///< why there may be more, or why none is known; empty if these are all
+  std::vector<const Network*> networks;  ///< in range
+  std::string
+      whyUnheard;  ///< why there may be more networks, or none is known; empty if these are all
 
   Counter roamed = {};
   std::array<Counter, kRoamingCauses> roamingCauses = {};
   std::string whyNoRoaming;
-  std::vector<RatePackets> packets;  ///< by rate, in the adapter's order; empty if not known
+  std::vector<RatePackets> packets;  ///< by rate, in the adapter's order; empty if unknown
   std::string whyNoPackets;
 
   const Fact& Get(AdapterFact fact) const { return facts[static_cast<std::size_t>(fact)]; }
 };
 
 /// All adapters that any class names, in the order of their numbers. `networks` are those of the
-/// dump and outlive the adapters.
+/// dump and must outlive the adapters.
 std::vector<Adapter> AdaptersOf(const Dump& dump, const Source& source,
                                 const std::vector<Network>& networks);
 

@@ -88,11 +88,11 @@ void Dump::CollectAdapters() {
 
 void Dump::FindEnd(std::string_view className, Reading& reading) const {
   if (AdapterKeyOf(className) == nullptr || adapters_.empty()) return;
-  // An empty list at the first adapter need not be told.
+  // An empty list at the first adapter need not be reported.
   if (reading.rows->empty() && ShowsLists(className) && reading.status == S_OK) {
     reading.status = WBEM_E_NOT_FOUND;
   }
-  // Without any instance another code than this one may be about the class as a whole.
+  // Without any instance, a code other than this one may concern the class as a whole.
   const bool isOfAdapter = !reading.rows->empty() || reading.status == WBEM_E_NOT_FOUND;
   if (reading.status == S_OK || !isOfAdapter) return;
   std::size_t reached = 0;

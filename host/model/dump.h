@@ -1,5 +1,5 @@
 #pragma once
-// A dump whose instances are found by their adapter, and why an instance is missing.
+// A dump whose instances can be found by adapter, and the reason why an instance is missing.
 
 #include <functional>
 #include <map>
@@ -13,41 +13,41 @@
 
 namespace host {
 
-/// The member of a dump that is no class: like one, an array, with one object that says where the
+/// The member of a dump that is not a class: also an array, with one object that says where the
 /// dump comes from.
 inline constexpr const char* kOriginMember = "wmihost";
 
-/// What `dump --format json` writes, or reads of it. The JSON outlives the object.
+/// The content of a dump, as `dump --format json` writes it. The JSON must outlive the object.
 class Dump {
  public:
   explicit Dump(const Json& json);
 
   const Json& json() const { return json_; }
-  /// The object that says where the dump comes from; empty if it does not say.
+  /// The object that says where the dump comes from; empty if there is none.
   const Json& origin() const;
-  /// The instances of a class, none if it is not there.
+  /// The instances of a class, empty if the class is missing.
   const Json& Rows(std::string_view className) const;
-  /// The first instance of a class that is this adapter's; an empty object without one.
+  /// The first instance of a class for this adapter; an empty object if there is none.
   const Json& Row(std::string_view className, std::string_view adapter) const;
-  /// The keys of all adapters that any class names, in the order in which the provider walks over
-  /// them: that of their texts.
+  /// The keys of all adapters that any class names, in the order in which the provider visits them:
+  /// sorted as texts.
   const std::vector<std::string>& adapters() const { return adapters_; }
 
-  /// Whether the dump has the class at all.
+  /// Whether the dump contains the class.
   bool Has(std::string_view className) const { return readings_.contains(className); }
   /// The code with which the enumeration of a class ended.
   HRESULT Status(std::string_view className) const;
-  /// The adapter at which the enumeration of a class ended early; empty if it reached all, or if
-  /// no adapter can be blamed.
+  /// The adapter at which the enumeration of a class ended early; empty if it reached all adapters,
+  /// or if no single adapter is the cause.
   std::string EndedAt(std::string_view className) const;
-  /// Why the class has no instance of this adapter, or not all: in words that follow a colon; empty
-  /// if its instances are known.
+  /// Why the class has no instance of this adapter, or not all of them, as words that follow a
+  /// colon; empty if its instances are known.
   std::string WhyUnknown(std::string_view className, std::string_view adapter) const;
-  /// The adapters of which the enumeration of a class was to say something and did not get to.
+  /// The adapters that the enumeration of a class did not reach.
   std::vector<std::string> NotReached(std::string_view className) const;
 
  private:
-  /// Finds texts by views of them.
+  /// For searching texts by string views.
   struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const {
@@ -58,7 +58,7 @@ class Dump {
   struct Reading {
     const Json* rows = nullptr;
     HRESULT status = S_OK;
-    std::optional<std::size_t> ended = {};  ///< place in adapters_
+    std::optional<std::size_t> ended = {};  ///< index in adapters_
     std::unordered_map<std::string, const Json*, TextHash, std::equal_to<>> first = {};
   };
 
@@ -72,15 +72,15 @@ class Dump {
   std::vector<std::string> adapters_;
 };
 
-/// The property that holds the adapter's key in each class with instances of adapters; null for the
-/// other classes.
+/// The property with the adapter's key in each class with instances of adapters; null for other
+/// classes.
 const char* AdapterKeyOf(std::string_view className);
-/// Whether a class shows a list of each adapter. Its enumeration ends at the first that is empty.
+/// Whether a class shows a list for each adapter. Its enumeration ends at the first empty list.
 bool ShowsLists(std::string_view className);
 
 /// A property as text, empty if the row has none.
 std::string TextOf(const Json& row, const char* name);
-/// A property as a number, also one that stands as text, with or without a unit behind it.
+/// A property as a number, even if it is a text, with or without a unit after it.
 std::optional<int> NumberOf(const Json& row, const char* name);
 
 }  // namespace host

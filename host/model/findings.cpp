@@ -13,12 +13,12 @@ namespace host {
 namespace {
 
 constexpr int kWeakSignal = -75;     ///< dBm
-constexpr int kHighPercentage = 10;  ///< of failures, from which on they count as much
+constexpr int kHighPercentage = 10;  ///< of failures, from which on they count as high
 constexpr std::size_t kCrowd = 4;    ///< networks on one channel
-constexpr std::size_t kApart = 3;    ///< so many findings that are alike stand for themselves
+constexpr std::size_t kApart = 3;    ///< up to this number, equal findings are listed one by one
 constexpr const char* kScanClass = "WiFi_AdapterCachedScanList";
 
-/// What is found alike at any number of adapters or classes.
+/// Findings of one kind at any number of adapters or classes.
 struct Kind {
   Weight weight;
   const char* nouns;     ///< "adapters"
@@ -47,7 +47,7 @@ constexpr Kind kClassFailed = {Weight::kAttention, "classes", "was not read in f
 constexpr Kind kListEnded = {Weight::kNote, "classes", "was not read in full",
                              "were not read in full"};
 
-/// Findings in the order in which they come, those of one kind together.
+/// Findings in the order of their discovery, those of one kind together.
 class Findings {
  public:
   void Add(Finding finding) { groups_.push_back({nullptr, {{"", std::move(finding)}}}); }
@@ -104,7 +104,7 @@ class Findings {
   std::vector<Group> groups_;
 };
 
-/// A network's name within a sentence, set apart so that its direction of writing stays within.
+/// A network's name in a sentence, isolated so that its writing direction does not affect the rest.
 std::string Named(const std::string& name) {
   if (name.empty()) return "a hidden network";
   return "\u201C\u2068" + name + "\u2069\u201D";
@@ -184,7 +184,7 @@ struct CounterRow {
   const char* property;
   const char* text;
   bool isPercentage = false;
-  bool alwaysMatters = false;  ///< a single one is worth a look
+  bool alwaysMatters = false;  ///< even a single one is worth a look
 };
 
 constexpr CounterRow kCounters[] = {
@@ -223,7 +223,7 @@ void JudgeStatistics(const Dump& dump, const Adapter& adapter, Findings* finding
                 {.detail = Joined(errors) + ".", .className = "WiFi_AdapterAssocStats"});
 }
 
-/// Names of unprotected networks, each once with the number of its access points.
+/// Names of unprotected networks, each once, with the number of its access points.
 void JudgeProtection(const std::vector<Network>& networks, Protection protection,
                      const char* headline, Findings* findings) {
   std::map<std::string, std::set<std::string>> points;

@@ -1,5 +1,5 @@
 #pragma once
-// What a reader of a machine should look at first.
+// What a reader should look at first.
 
 #include <optional>
 #include <string>
@@ -15,16 +15,16 @@ enum class Weight { kProblem, kAttention, kNote };
 struct Finding {
   Weight weight = Weight::kNote;
   std::string headline = {};
-  std::string detail = {};  ///< empty for none
-  // Where more is shown; without either, at the adapters.
+  std::string detail = {};  ///< empty without a detail
+  // Where more is shown; at the adapters if there is neither.
   std::optional<Spectrum> spectrum = {};
   std::string className = {};
 };
 
 struct Machine;
 
-/// The heaviest first. What is found alike at more than a few adapters or classes is one finding
-/// with their number.
+/// The most important first. If more than a few adapters or classes have the same finding, it is
+/// one finding with their number.
 std::vector<Finding> FindingsOf(const Machine& machine, const Dump& dump);
 
 }  // namespace host

@@ -1,6 +1,6 @@
 #pragma once
-// What a machine shows, once: made of a dump, wherever that came from. Pages, charts and tables
-// draw it and have no rules of their own.
+// What a machine shows, computed once from a dump of any origin. Pages, charts and tables only draw
+// it and have no rules of their own.
 
 #include <string>
 #include <vector>
@@ -13,7 +13,7 @@
 namespace host {
 
 struct Machine {
-  /// `dump` is needed no longer once the machine is made.
+  /// `dump` is not needed after construction.
   explicit Machine(const Dump& dump);
   Machine(const Machine&) = delete;
   Machine& operator=(const Machine&) = delete;
@@ -26,8 +26,8 @@ struct Machine {
   std::vector<Finding> findings;
 };
 
-/// How the enumeration of a class ended early and what is not known for that, in a sentence's
-/// words; empty if it ended well, or at an empty list of the last adapter.
+/// How the enumeration of a class ended early and what is unknown because of that, as words of a
+/// sentence; empty if it ended normally, or at an empty list of the last adapter.
 std::string FailureOf(const Dump& dump, const std::string& className);
 
 }  // namespace host

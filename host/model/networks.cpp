@@ -25,7 +25,7 @@ constexpr AuthenticationRow kAuthentications[] = {{"RSNA", "WPA2-Enterprise"},
                                                   {"WPA", "WPA-Enterprise"},
                                                   {"WPA_PSK", "WPA-Personal"}};
 
-/// What protects a network of the scan list, whose `Encrypted` is a number.
+/// Determines the protection of a network in the scan list, whose `Encrypted` is a number.
 void Classify(const Json& row, Network* network) {
   const auto encrypted = row.find("Encrypted");
   if (encrypted == row.end() || !encrypted->is_number()) return;
@@ -47,7 +47,8 @@ void Classify(const Json& row, Network* network) {
   if (!isWep && !cipher.empty()) network->security += (shown.empty() ? "" : ", ") + cipher;
 }
 
-/// The spectrum by the standard, else by the channel's number; the centre if it has a place there.
+/// Sets the spectrum by the standard, else by the channel's number, and the centre if the channel
+/// has one.
 void Place(Network* network) {
   const int channel = network->channel.value_or(0);
   const bool low = channel >= 1 && channel <= 14;
@@ -66,8 +67,8 @@ void Place(Network* network) {
   }
 }
 
-/// The text that the bytes of a name make as UTF-8, where the provider read them in the code page;
-/// empty if they are none, or the same text either way.
+/// The text that the bytes of a name form as UTF-8, where the provider read them in the code page;
+/// empty if they are not UTF-8, or give the same text.
 std::string Utf8Reading(const std::string& name) {
   std::string bytes;
   bool isAscii = true;
@@ -102,7 +103,7 @@ Network NetworkOf(const Json& row) {
   network.mode = TextOf(row, "OperationMode");
   network.signal = NumberOf(row, "RSSI");
   network.channel = NumberOf(row, "ChannelID");
-  // The list of available networks has its channel, as a text, in a property of this name.
+  // In the list of available networks this property has the channel, as a text.
   const auto encrypted = row.find("Encrypted");
   if (!network.channel && encrypted != row.end() && encrypted->is_string()) {
     network.channel = NumberOf(row, "Encrypted");

@@ -1,5 +1,5 @@
 #pragma once
-// The networks that a machine hears, as charts and tables need them.
+// The networks that a machine hears, in the form that charts and tables need.
 
 #include <optional>
 #include <string>
@@ -18,14 +18,14 @@ inline constexpr int kChannelWidth = 20;
 /// One access point or ad hoc network as one adapter hears it.
 struct Network {
   std::string adapter;   ///< key of the adapter
-  std::string name;      ///< empty when the network does not tell it
-  std::string utf8Name;  ///< another reading of the name, whose bytes are UTF-8 too; else empty
+  std::string name;      ///< empty if the network hides it
+  std::string utf8Name;  ///< the name read as UTF-8, if its bytes are UTF-8 too; else empty
   std::string mac;
   std::string standard;  ///< "802.11g"
   std::string mode;      ///< "Infrastructure"
   Spectrum spectrum = Spectrum::kUnknown;
   std::optional<int> channel;
-  std::optional<int> centre;  ///< MHz, of a channel that has a place in its spectrum
+  std::optional<int> centre;  ///< in MHz, if the channel belongs to its spectrum
   std::optional<int> signal;  ///< dBm
   Protection protection = Protection::kUnknown;
   std::string security;           ///< "WPA2-Personal, AES-CCMP"; empty if unknown
@@ -33,14 +33,14 @@ struct Network {
   bool associated = false;        ///< the adapter is associated with it
 };
 
-/// The networks of both lists, each once for an adapter, in the order of the lists.
+/// The networks of both lists, each once per adapter, in the order of the lists.
 std::vector<Network> NetworksOf(const Dump& dump);
-/// A network of either list, as far as the row tells it.
+/// A network of either list, as far as the row gives it.
 Network NetworkOf(const Json& row);
-/// What keeps a network from a chart of its band, such as "channel 0"; empty if it has its place.
+/// Why a chart of its band cannot show a network, such as "channel 0"; empty if it can.
 std::string WhyNotCharted(const Network& network);
 
-/// Whether the channels of both reach into each other. Two on one channel do.
+/// Whether the two channels overlap. Equal channels do.
 bool Overlap(const Network& left, const Network& right);
 
 /// "2.4 GHz"

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kSeparators = " \t\r\n";
 
-/// The next word; the text loses it and the blanks before it.
+/// Removes and returns the next word, with the blanks before it.
 std::string TakeWord(std::string_view* text) {
   text->remove_prefix(std::min(text->find_first_not_of(kSeparators), text->size()));
   const std::size_t end = std::min(text->find_first_of(" \t\r\n={}"), text->size());
@@ -30,7 +30,7 @@ void Expect(std::string_view* text, std::string_view query, std::string_view exp
                    std::string(expected));
 }
 
-/// A key's value as providers write it: a text in single quotes gets double ones.
+/// A key's value as providers write it: a text in single quotes gets double quotes.
 std::string InDoubleQuotes(std::string_view value) {
   if (value.size() < 2 || value.front() != '\'' || value.back() != '\'') return std::string(value);
   std::string text;
@@ -53,7 +53,7 @@ std::optional<AssociatorsQuery> ParseAssociators(std::string_view query,
   if (!parsed.references && !SameIgnoringAsciiCase(verb, "ASSOCIATORS")) return std::nullopt;
   Expect(&text, query, "OF");
   Expect(&text, query, "{");
-  // A key's text may hold every character, quotes with a \ before them.
+  // A key's text may contain any character; quotes in it have a \ before them.
   std::size_t end = 0;
   char quote = 0;
   while (end < text.size() && (quote != 0 || text[end] != '}')) {

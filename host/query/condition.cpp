@@ -16,7 +16,7 @@ std::string Lower(std::string text) {
   return text;
 }
 
-/// The whole number that a value stands for: itself, a text of digits, 1 or 0 for a boolean.
+/// The whole number that a value means: itself, a text of digits, 1 or 0 for a boolean.
 std::optional<std::int64_t> NumberOf(const Json& value) {
   if (value.is_number_integer()) return value.get<std::int64_t>();
   if (value.is_boolean()) return value.get<bool>() ? 1 : 0;
@@ -28,7 +28,7 @@ std::optional<std::int64_t> NumberOf(const Json& value) {
   return number;
 }
 
-/// Texts compare as texts, everything else as numbers; none where that is not possible.
+/// Texts are compared as texts, everything else as numbers; nullopt if that is not possible.
 std::optional<std::strong_ordering> Order(const Json& left, const Json& right) {
   if (left.is_string() && right.is_string()) {
     return Lower(left.get<std::string>()).compare(Lower(right.get<std::string>())) <=> 0;
@@ -39,7 +39,7 @@ std::optional<std::strong_ordering> Order(const Json& left, const Json& right) {
   return *leftNumber <=> *rightNumber;
 }
 
-/// Whether a character is in the set that starts after '['; moves `next` behind the ']'.
+/// Whether a character is in the set that starts after '['; moves `next` past the ']'.
 bool InSet(char character, std::string_view pattern, std::size_t* next) {
   const std::size_t end = pattern.find(']', *next);
   std::string_view set = pattern.substr(*next, end - *next);
@@ -48,7 +48,7 @@ bool InSet(char character, std::string_view pattern, std::size_t* next) {
   if (negated) set.remove_prefix(1);
   bool found = false;
   for (std::size_t index = 0; index < set.size(); ++index) {
-    // "a-z" and, as the service also takes it, "a=z" are ranges.
+    // "a-z" is a range and, as in the service, so is "a=z".
     if (index + 2 < set.size() && (set[index + 1] == '-' || set[index + 1] == '=')) {
       found = found || (set[index] <= character && character <= set[index + 2]);
       index += 2;
@@ -59,7 +59,7 @@ bool InSet(char character, std::string_view pattern, std::size_t* next) {
   return found != negated;
 }
 
-/// Where the character that begins at `at` ends, in UTF-8.
+/// The end of the UTF-8 character that begins at `at`.
 std::size_t CharacterEnd(std::string_view text, std::size_t at) {
   do {
     ++at;
@@ -88,7 +88,7 @@ bool MatchesLike(std::string_view text, std::string_view pattern) {
   const std::string lowerPattern = Lower(std::string(pattern));
   std::size_t at = 0;
   std::size_t next = 0;
-  // After a mismatch the last '%' takes one character more: no recursion, no exponential time.
+  // After a mismatch the last '%' takes one more character: no recursion, no exponential time.
   std::size_t retryAt = 0;
   std::size_t retryNext = std::string::npos;
   while (at < lowerText.size() || next < lowerPattern.size()) {

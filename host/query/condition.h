@@ -1,5 +1,5 @@
 #pragma once
-// The conditions that a query is made of.
+// The conditions of which a query consists.
 
 #include <cstddef>
 #include <memory>
@@ -14,15 +14,15 @@ namespace host {
 
 enum class Comparison { kEqual, kUnequal, kLess, kLessOrEqual, kGreater, kGreaterOrEqual, kLike };
 
-/// What is compared: a property of the class, or a system property.
+/// The compared property: one of the class, or a system property.
 struct Operand {
   std::size_t property = 0;
-  std::string system = {};  ///< "__CLASS", empty for a property of the class
+  std::string system = {};  ///< such as "__CLASS"; empty for a property of the class
 
   Json ValueIn(const CimObject& object) const;
 };
 
-/// Compares it with a literal: a text, a whole number or a boolean.
+/// Compares an operand with a literal: a text, a whole number or a boolean.
 class CompareCondition final : public Condition {
  public:
   CompareCondition(Operand operand, Comparison comparison, Json literal);
@@ -46,7 +46,7 @@ class NullCondition final : public Condition {
   bool wanted_;
 };
 
-/// Whether an object is of a class or of one that derives from it; a class itself counts too.
+/// Whether an object belongs to a class or to one derived from it; also true for a class itself.
 class IsaCondition final : public Condition {
  public:
   explicit IsaCondition(const ClassInfo& wanted) : wanted_(wanted) {}
@@ -65,8 +65,8 @@ class NotCondition final : public Condition {
   std::unique_ptr<Condition> inner_;
 };
 
-/// AND or OR of any number of sides, side by side: however long the chain, nothing recurses over
-/// it. `decisive` is the value of one side that decides the whole: false for AND.
+/// AND or OR of any number of operands: however long the chain, there is no recursion over it.
+/// `decisive` is the value of one operand that decides the result: false for AND.
 class ChainCondition final : public Condition {
  public:
   ChainCondition(bool decisive, std::vector<std::unique_ptr<Condition>> sides)

@@ -16,7 +16,7 @@ using Kind = WqlToken::Kind;
 struct ComparisonRow {
   std::string_view symbol;
   Comparison comparison;
-  Comparison mirrored;  ///< with its sides exchanged
+  Comparison mirrored;  ///< the comparison with exchanged operands
 };
 constexpr ComparisonRow kComparisons[] = {
     {"=", Comparison::kEqual, Comparison::kEqual},
@@ -28,7 +28,7 @@ constexpr ComparisonRow kComparisons[] = {
     {">=", Comparison::kGreaterOrEqual, Comparison::kLessOrEqual},
 };
 
-/// What stands for all classes behind FROM; it has system properties alone.
+/// The class that stands for all classes after FROM; it has only system properties.
 const ClassInfo& MetaClass() {
   static const ClassInfo info = [] {
     ClassInfo made;
@@ -38,7 +38,7 @@ const ClassInfo& MetaClass() {
   return info;
 }
 
-// Deeper nesting than any person writes; a bound for what a machine may send.
+// Deeper than any user nests; a limit for what a program may send.
 constexpr int kMaxDepth = 200;
 
 class Parser {
@@ -152,7 +152,7 @@ class Parser {
     return std::make_unique<IsaCondition>(*wanted);
   }
 
-  /// Whether a literal comes, and no property that has a literal's name.
+  /// Whether the next token is a literal, and not a property with a literal's name.
   bool IsConstant() const {
     const WqlToken& token = tokens_[next_];
     if (token.kind == Kind::kText || token.kind == Kind::kNumber) return true;

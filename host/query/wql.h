@@ -2,11 +2,10 @@
 // The part of WQL that selects instances of one class:
 //   SELECT * | column, … FROM class [WHERE condition] [;]
 // with AND, OR, NOT, parentheses, = <> != < <= > >= with the constant on either side, LIKE (% _
-// [set]
-// [^set]), IS [NOT] NULL, __this ISA "class", and literals of text, whole numbers, TRUE, FALSE and
-// NULL; of meta_class it selects classes, by their system properties. Keywords, names and texts
-// compare without regard to the case of ASCII letters. A comparison with a missing value is neither
-// true nor false.
+// [set] [^set]), IS [NOT] NULL, __this ISA "class", and literals: text, whole numbers, TRUE, FALSE
+// and NULL. FROM meta_class selects classes, by their system properties. Keywords, names and texts
+// are compared without regard to the case of ASCII letters. A comparison with a missing value is
+// neither true nor false.
 
 #include <memory>
 #include <optional>
@@ -25,13 +24,13 @@ class QueryError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A query of a class that there is not.
+/// A query for a class that does not exist.
 class UnknownClassError : public QueryError {
  public:
   using QueryError::QueryError;
 };
 
-/// A condition on one instance: true, false, or none where a missing value decides.
+/// A condition on one instance: true, false, or nullopt if a missing value decides.
 class Condition {
  public:
   virtual ~Condition() = default;
@@ -40,16 +39,16 @@ class Condition {
 
 struct WqlQuery {
   std::string className;
-  bool ofClasses = false;            ///< classes of the schema themselves: of meta_class
-  std::vector<std::string> columns;  ///< empty for all
-  std::unique_ptr<Condition> where;  ///< null for none
+  bool ofClasses = false;            ///< selects classes of the schema: FROM meta_class
+  std::vector<std::string> columns;  ///< empty for all columns
+  std::unique_ptr<Condition> where;  ///< null without a condition
 
   bool Selects(const CimObject& object) const {
     return where == nullptr || where->Holds(object).value_or(false);
   }
 };
 
-/// Reads a query; its property names must be those of its class. Throws QueryError.
+/// Reads a query; its property names must exist in its class. Throws QueryError.
 WqlQuery ParseWql(std::string_view text, const Repository& repository);
 
 /// Whether a text matches a LIKE pattern.

@@ -58,7 +58,7 @@ class Lexer {
                      std::string(1, first) + "'");
   }
 
-  /// The token from here to the first character from `start` on that is not in `set`.
+  /// The token from here up to the first character after `start` that is not in `set`.
   std::string Span(std::string_view set, std::size_t start) {
     const std::size_t end = std::min(query_.find_first_not_of(set, start), query_.size());
     std::string span(query_.substr(next_, end - next_));

@@ -10,11 +10,11 @@ namespace host {
 struct WqlToken {
   enum class Kind { kWord, kText, kNumber, kSymbol, kEnd };
   Kind kind = Kind::kEnd;
-  std::string text;          ///< a text without its quotes and escapes
-  std::size_t position = 0;  ///< of its first character, from 1
+  std::string text;          ///< a text literal without its quotes and escapes
+  std::size_t position = 0;  ///< position of its first character, from 1
 };
 
-/// Cuts a query into tokens; the last is kEnd. Throws QueryError.
+/// Splits a query into tokens; the last is kEnd. Throws QueryError.
 std::vector<WqlToken> CutWql(std::string_view query);
 
 }  // namespace host

@@ -27,7 +27,7 @@ void WriteLine(Html& html, const std::string& label, const std::string& value,
   html.Close().Close().NewLine();
 }
 
-/// What is known; then what is not, with each reason once.
+/// The known facts; then the unknown ones, with each reason once.
 void WriteFacts(Html& html, const Adapter& adapter) {
   std::vector<std::pair<std::string, std::string>> unknown;  // reason and labels
   for (std::size_t index = 0; index < adapter.facts.size(); ++index) {
@@ -46,7 +46,7 @@ void WriteFacts(Html& html, const Adapter& adapter) {
   for (const auto& [why, labels] : unknown) WriteLine(html, labels, "", why);
 }
 
-/// What the adapter hears; never a number that nobody counted.
+/// What the adapter hears; never a number that was not counted.
 void WriteHearing(Html& html, const Adapter& adapter) {
   const std::size_t count = adapter.networks.size();
   std::string heard = Counted(count, "network");
@@ -69,7 +69,7 @@ struct Bar {
   std::string shown;
 };
 
-/// Bars as long as their values, below a heading.
+/// Bars with lengths in proportion to their values, below a heading.
 void WriteBars(Html& html, const std::string& heading, const std::vector<Bar>& bars) {
   const std::uint64_t most = std::ranges::max(bars, {}, &Bar::value).value;
   html.Open("table", {{"class", "bars"}}).Element("caption", {}, heading).Open("tbody").NewLine();

@@ -5,7 +5,7 @@
 
 namespace host {
 
-/// What each adapter is and does, in a few lines.
+/// The state of each adapter in a few lines.
 void WriteAdapterSection(Html& html, const Machine& machine);
 
 }  // namespace host

@@ -43,8 +43,8 @@ bool IsBeside(const Box& left, const Box& right) {
          right.left >= left.left + left.width + kClearance;
 }
 
-/// The wished boxes within `area`, a stronger one a line higher where it would be on a weaker one:
-/// a label reads better above its peak than below.
+/// The wished boxes within `area`. A stronger label that would cover a weaker one is raised by a
+/// line: a label is easier to read above its peak than below it.
 std::vector<Box> RaisedBoxes(const std::vector<LabelWish>& wishes, const Box& area) {
   std::vector<Box> boxes;
   for (const LabelWish& wish : wishes) {

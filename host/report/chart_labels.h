@@ -1,5 +1,5 @@
 #pragma once
-// Where labels go so that none covers another.
+// Places labels so that none covers another.
 
 #include <optional>
 #include <string_view>
@@ -17,22 +17,22 @@ struct Box {
   bool Meets(const Box& other) const;
 };
 
-/// A label's size and where it would be best.
+/// A label's size and its best place.
 struct LabelWish {
   Box box;
-  int strength;    ///< of what it names
-  bool goesFirst;  ///< before others that are stronger
+  int strength;    ///< strength of the labelled network
+  bool goesFirst;  ///< placed before stronger ones
 };
 
-/// Boxes of the wished sizes within `area`, each near its wish and none over another; none for a
-/// label that finds no place. `wishes` come in falling order of strength: no label is above that of
-/// something stronger. Labels move up and down only.
+/// Boxes of the wished sizes within `area`, each near its wish and without overlaps; nullopt for a
+/// label for which there is no room. `wishes` are in descending order of strength: no label is
+/// above the label of something stronger. Labels move only up and down.
 std::vector<std::optional<Box>> PlaceLabels(const std::vector<LabelWish>& wishes, const Box& area);
 
-/// At least the width of a text in the usual fonts without serifs, in units of the font's size.
+/// An upper bound of a text's width in the usual sans-serif fonts, in units of the font size.
 double EstimatedTextWidth(std::string_view utf8);
 
-/// The beginning of a text of at most so many columns; what is cut off shows as an ellipsis.
+/// The beginning of a text, at most this many columns; an ellipsis replaces the rest.
 std::string Shortened(std::string_view utf8, int columns);
 
 }  // namespace host

@@ -7,16 +7,16 @@
 namespace host {
 namespace {
 
-/// A table of more properties is turned while so few instances stand side by side.
+/// A table with more properties is transposed if it has few instances.
 constexpr std::size_t kManyProperties = 7;
 constexpr std::size_t kFewInstances = 4;
 
-/// The instances of a class and what of them was made up.
+/// The instances of a class and the values among them that were invented.
 struct ClassRows {
   const std::string& name;
   const Json& rows;
   const Source& source;
-  const char* key;  ///< the property with the adapter's key; null for a class of no adapter
+  const char* key;  ///< property with the adapter's key; null for a class without adapters
 
   bool IsInvented(const Json& row, const std::string& property) const {
     const std::string adapter = key == nullptr ? "" : TextOf(row, key);

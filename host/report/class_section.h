@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Every class with all its instances, folded.
+/// Every class with all its instances, collapsed.
 void WriteClassSection(Html& html, const Repository& repository, const Dump& dump,
                        const Source& source);
 

@@ -3,8 +3,8 @@
 namespace host {
 namespace {
 
-/// What a character is written as; null for those that stand for themselves. Control characters
-/// have no place in a text.
+/// The escape of a character; null for a character that needs none. Control characters are not
+/// allowed in text.
 const char* EscapeOf(char character) {
   switch (character) {
     case '&':
@@ -22,7 +22,7 @@ const char* EscapeOf(char character) {
   }
 }
 
-/// Escaped for text and for values in double quotes.
+/// Text escaped for content and for attribute values in double quotes.
 void WriteEscaped(std::ostream& output, std::string_view text) {
   std::size_t plain = 0;
   for (std::size_t next = 0; next < text.size(); ++next) {
@@ -61,7 +61,7 @@ Html& Html::Close() {
 }
 
 Html& Html::Empty(const char* element, Attributes attributes) {
-  // Elements of SVG need their end, those of HTML do not mind the blank and the slash.
+  // SVG elements must be closed; HTML elements tolerate the blank and the slash.
   Tag(element, attributes, " />");
   return *this;
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Markup whose texts cannot become markup: the one place of the report that escapes.
+// Writes markup into which no text can inject markup: the only place of the report that escapes.
 
 #include <initializer_list>
 #include <ostream>
@@ -10,8 +10,8 @@
 
 namespace host {
 
-/// Writes elements of HTML and of SVG within it. Names of elements and attributes are the program's
-/// own words; every text and every value of an attribute is escaped.
+/// Writes elements of HTML and of SVG within it. Names of elements and attributes are constants of
+/// the program; every text and every attribute value is escaped.
 class Html {
  public:
   explicit Html(std::ostream& output) : output_(output) {}
@@ -19,16 +19,16 @@ class Html {
   using Attributes = std::initializer_list<std::pair<const char*, std::string>>;
 
   Html& Open(const char* element, Attributes attributes = {});
-  /// Ends the element that was opened last.
+  /// Closes the element that was opened last.
   Html& Close();
-  /// An element without an end: <meta>, <input>, <path>.
+  /// An element without an end tag: <meta>, <input>, <path>.
   Html& Empty(const char* element, Attributes attributes);
   Html& Text(std::string_view text);
   Html& Element(const char* element, Attributes attributes, std::string_view text);
-  /// The program's own style sheet or script, as it is.
+  /// The program's own style sheet or script, unchanged.
   Html& Trusted(std::string_view text);
-  /// A piece of a JSON text for the content of a script element, in which no end of the element can
-  /// be.
+  /// A piece of JSON text for the content of a script element, escaped so that it cannot close the
+  /// element.
   Html& Json(std::string_view json);
   Html& NewLine();
 

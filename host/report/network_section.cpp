@@ -13,11 +13,11 @@ namespace {
 
 constexpr int kMeterBase = -100;  ///< dBm
 constexpr int kMeterLength = 70;
-constexpr std::size_t kOpenCharts = 8;  ///< adapters whose charts are not folded
+constexpr std::size_t kOpenCharts = 8;  ///< adapters whose charts are not collapsed
 
 struct Column {
   const char* heading;
-  const char* kind;  ///< how the page's script sorts it
+  const char* kind;  ///< the sort order in the page's script
 };
 
 constexpr Column kColumns[] = {
@@ -25,7 +25,7 @@ constexpr Column kColumns[] = {
     {"Access point", "text"}, {"Standard", "text"}, {"Overlaps", "number"}, {"Available", "text"},
 };
 
-/// The networks of a spectrum by adapter: bells and those that have no place on a chart.
+/// The networks of a spectrum by adapter: curves, and networks without a place on a chart.
 struct Heard {
   const Adapter* adapter;
   std::vector<Bell> bells = {};
@@ -36,7 +36,7 @@ std::string Shown(const std::optional<int>& number) {
   return number ? std::to_string(*number) : "\u2013";
 }
 
-/// How strong a signal is; the text beside it says the same.
+/// A bar for the strength of a signal; the text next to it says the same.
 void WriteMeter(Html& html, int signal) {
   const int length = std::clamp(signal - kMeterBase, 0, kMeterLength);
   html.Open("svg", {{"class", "meter"}, {"viewBox", "0 0 70 6"}, {"aria-hidden", "true"}})
@@ -97,17 +97,17 @@ void WriteRow(Html& html, const Network& network, const std::string& id,
   html.Close().NewLine();
 }
 
-/// Counts how many networks of an adapter reach into a channel.
+/// Counts how many networks of an adapter overlap a channel.
 class Overlaps {
  public:
   void Add(const Network& network) {
     if (network.centre) ++heard_[network.adapter][*network.centre];
   }
-  /// Others than the network itself; none for one without a place.
+  /// The number of other networks; nullopt for a network without a place.
   std::optional<int> Of(const Network& network) const {
     if (!network.centre) return std::nullopt;
     const std::map<int, int>& centres = heard_.at(network.adapter);
-    int overlapping = -1;  // itself
+    int overlapping = -1;  // not counting itself
     const auto end = centres.lower_bound(*network.centre + kChannelWidth);
     auto next = centres.upper_bound(*network.centre - kChannelWidth);
     for (; next != end; ++next) overlapping += next->second;
@@ -115,7 +115,7 @@ class Overlaps {
   }
 
  private:
-  std::unordered_map<std::string, std::map<int, int>> heard_;  ///< by adapter and centre
+  std::unordered_map<std::string, std::map<int, int>> heard_;  ///< number by adapter and centre
 };
 
 void WriteFilter(Html& html, const std::string& section) {
@@ -158,7 +158,7 @@ void WriteTable(Html& html, const std::vector<TableRow>& rows, const std::string
   html.Close().Close().Close().NewLine();
 }
 
-/// Networks that the chart cannot show, by name and with the reason.
+/// Networks that the chart cannot show, by name, with the reason.
 void WriteMisplaced(Html& html, const std::vector<const Network*>& networks) {
   constexpr std::size_t kNamed = 12;
   if (networks.empty()) return;

@@ -6,7 +6,7 @@
 namespace host {
 
 /// The section of a spectrum: a chart for each adapter that hears something there, and a table of
-/// all networks. Nothing without a network.
+/// all networks. Empty without networks.
 void WriteNetworkSection(Html& html, const Machine& machine, Spectrum spectrum);
 
 }  // namespace host

@@ -17,7 +17,7 @@ inline std::string SpectrumId(Spectrum spectrum) {
 inline std::string ClassId(const std::string& className) {
   return "class-" + className;
 }
-/// The section that shows more about a finding.
+/// The section with more about a finding.
 inline std::string PlaceOf(const Finding& finding) {
   if (finding.spectrum) return SpectrumId(*finding.spectrum);
   return finding.className.empty() ? kAdaptersId : ClassId(finding.className);

@@ -36,7 +36,7 @@ std::string TitleOf(const Source& source) {
 void WriteHead(Html& html, const std::string& title) {
   html.Open("head").NewLine();
   html.Empty("meta", {{"charset", "utf-8"}}).NewLine();
-  // Only the page's own sheet and script: whatever else may have got in has no effect.
+  // Only the page's own style sheet and script: anything injected has no effect.
   html.Empty("meta", {{"http-equiv", "Content-Security-Policy"},
                       {"content",
                        "default-src 'none'; style-src '" REPORT_CSS_HASH
@@ -67,7 +67,7 @@ void WriteNavigation(Html& html, const Machine& machine) {
   html.Close().Close().NewLine();
 }
 
-/// What machine it is, and when the dump was made with what, as far as the dump says so.
+/// The machine, and the time and program of the dump, as far as the dump says.
 void WriteSource(Html& html, const Source& source) {
   const std::string title = source.Title();
   const std::string nature = source.Nature();

@@ -1,5 +1,5 @@
 #pragma once
-// A dump as one page to send and to look at: no file, no network and no library beside it.
+// A dump as one page to send and to read, which needs no other file, no network and no library.
 
 #include <ostream>
 
@@ -8,8 +8,8 @@
 
 namespace host {
 
-/// Writes the page. It holds the dump itself, as `dump --format json` prints it, in a script
-/// element with the id wifi-dump; there `<` is written as \u003c.
+/// Writes the page. It contains the dump itself, as `dump --format json` prints it, in a script
+/// element with the id wifi-dump, with `<` written as \u003c.
 void WriteReport(std::ostream& output, const Repository& repository, const Json& dump);
 
 }  // namespace host

@@ -12,7 +12,7 @@
 namespace host {
 namespace {
 
-// All in the units of the picture, which is as wide as a page's text at its full width.
+// All in units of the picture, which at full width is as wide as the page's text.
 constexpr double kWidth = 960;
 constexpr double kHeight = 356;
 constexpr double kLeft = 44;
@@ -22,17 +22,17 @@ constexpr double kBottom = 312;
 constexpr double kSegmentGap = 30;
 constexpr double kLabelSize = 11.5;
 constexpr double kLabelHeight = 14;
-constexpr double kLabelLift = 5;      ///< of a label above its peak
-constexpr double kLeaderFrom = 12;    ///< a label that moved farther gets a line
+constexpr double kLabelLift = 5;      ///< distance of a label from its peak
+constexpr double kLeaderFrom = 12;    ///< a label that moved farther gets a leader line
 constexpr double kCountsHeight = 16;  ///< kept free of labels above the base
 constexpr double kCountWidth = 24;
 constexpr int kLabelColumns = 22;
-/// So many networks of a channel have a bell of their own; an envelope stands for the others.
+/// This many networks of a channel have curves of their own; an envelope shows the others.
 constexpr std::size_t kOwnBells = 8;
-/// From so many bells on they are drawn fainter, so that those below can still be seen.
+/// From this number on curves are drawn fainter, so that those behind remain visible.
 constexpr std::size_t kDense = 24;
 
-/// Tenths are finer than any screen, and print alike everywhere.
+/// Tenths are finer than any screen, and the same on every system.
 std::string Number(double value) {
   const long tenths = std::lround(value * 10);
   const long rest = std::labs(tenths % 10);
@@ -74,7 +74,7 @@ class Axes {
 /// The networks of one channel, the strongest first.
 struct Channel {
   std::vector<const Bell*> bells;
-  std::size_t labels = 0;  ///< how many of them have one
+  std::size_t labels = 0;  ///< how many of them have a label
 
   std::size_t own() const { return std::min(bells.size(), kOwnBells); }
 };
@@ -89,7 +89,7 @@ Channels ChannelsOf(const std::vector<Bell>& bells) {
   for (const Bell& bell : bells) channels[*bell.network->centre].bells.push_back(&bell);
   for (auto& [centre, channel] : channels) {
     std::ranges::stable_sort(channel.bells, IsStronger);
-    // Its own network has a bell however weak it is.
+    // The associated network has a curve however weak it is.
     const auto own = std::ranges::find_if(
         channel.bells, [](const Bell* bell) { return bell->network->associated; });
     if (own != channel.bells.end() && own - channel.bells.begin() >= std::ptrdiff_t{kOwnBells}) {
@@ -133,7 +133,7 @@ void DrawAxes(Html& html, const Axes& axes, Spectrum spectrum) {
   html.Close().NewLine();
 }
 
-/// A bell that stands on the base line.
+/// A bell curve on the base line.
 std::string BellPath(double x, double halfWidth, double y) {
   const auto point = [](double px, double py) { return Number(px) + " " + Number(py); };
   return "M" + point(x - halfWidth, kBottom) + "C" + point(x - halfWidth * 0.55, kBottom) + " " +
@@ -150,7 +150,7 @@ std::string StyleOf(const Network& network) {
   return style;
 }
 
-/// A signal that the scale cannot show is said.
+/// A label names the signal if it is beyond the scale.
 std::string LabelOf(const Network& network, const SignalScale& signals) {
   const std::string name = Shortened(network.name.empty() ? "hidden" : network.name, kLabelColumns);
   return signals.IsBeyond(*network.signal) ? name + ", " + std::to_string(*network.signal) + " dBm"
@@ -165,7 +165,7 @@ std::string Described(const Network& network) {
          (network.associated ? ", associated" : "");
 }
 
-/// The networks of a channel that have no bell of their own, as high as the strongest of them.
+/// The networks of a channel without curves of their own, as high as the strongest of them.
 void DrawEnvelope(Html& html, const Axes& axes, int centre, const Channel& channel) {
   if (channel.bells.size() <= kOwnBells) return;
   const int strongest = *channel.bells[kOwnBells]->network->signal;
@@ -181,8 +181,8 @@ void DrawEnvelope(Html& html, const Axes& axes, int centre, const Channel& chann
   html.Close().NewLine();
 }
 
-/// The bells, the strongest at the back, so that a pointer reaches every one; its own network
-/// before all.
+/// The curves, the strongest at the back, so that the pointer reaches every one, and the associated
+/// network in front.
 void DrawBells(Html& html, const Axes& axes, const std::vector<const Bell*>& strongestFirst) {
   std::vector<const Bell*> drawn = strongestFirst;
   std::ranges::stable_partition(drawn, [](const Bell* bell) { return !bell->network->associated; });
@@ -248,14 +248,14 @@ void DrawLabels(Html& html, const Axes& axes, const std::vector<const Bell*>& st
   html.Close().NewLine();
 }
 
-/// Below each channel how many networks it has, and on its base how many of them have no label.
+/// Below each channel the number of its networks, and on its base the number without a label.
 void DrawCounts(Html& html, const Axes& axes, const Channels& channels) {
   html.Open("g", {{"class", "counts"}});
   double before = -kWidth;
   bool isLow = false;
   for (const auto& [centre, channel] : channels) {
     const double x = axes.X(centre);
-    // Channels of neighbouring numbers take turns where they are close to each other.
+    // Counts of neighbouring channels alternate in height where they are close together.
     isLow = x - before < kCountWidth && !isLow;
     before = x;
     const double drop = isLow ? 10 : 0;

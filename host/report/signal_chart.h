@@ -1,5 +1,5 @@
 #pragma once
-// A chart of the signal of networks by their channel, as SVG within a page.
+// A chart of the signals of networks by channel, as SVG in a page.
 
 #include <string>
 #include <vector>
@@ -11,13 +11,13 @@ namespace host {
 
 struct Bell {
   const Network* network;
-  std::string id;  ///< ties the bell to a row of a table
+  std::string id;  ///< connects the curve with a row of a table
 };
 
-/// Draws networks that have a place and a signal: a bell of 20 MHz for each of the strongest of a
-/// channel and an envelope for the others, as high as the signal; labels in the order of strength,
-/// and for each channel how many networks there are and how many have no label. `id` is the
-/// chart's own.
+/// Draws networks that have a channel and a signal: for each channel a bell curve of 20 MHz for
+/// each of the strongest and an envelope for the others, as high as the signal; labels in the order
+/// of strength; for each channel the number of networks and of those without a label. `id`
+/// identifies the chart.
 void DrawSignalChart(Html& html, Spectrum spectrum, const std::vector<Bell>& bells,
                      const std::string& id, const std::string& title);
 

@@ -1,5 +1,5 @@
 #pragma once
-// Which signals a chart shows.
+// The range of signals that a chart shows.
 
 #include <algorithm>
 
@@ -10,8 +10,8 @@ class SignalScale {
  public:
   static constexpr int kStep = 10;
 
-  /// Wide enough for one more signal, as far as signals of a receiver go; what lies farther out is
-  /// beyond the scale.
+  /// Widens the scale for one more signal, within the range of a receiver; other signals are beyond
+  /// the scale.
   void Include(int signal) {
     while (lowest_ > signal && lowest_ > kLowest) lowest_ -= kStep;
     while (highest_ < signal && highest_ < kHighest) highest_ += kStep;
@@ -21,7 +21,7 @@ class SignalScale {
   int highest() const { return highest_; }
   int span() const { return highest_ - lowest_; }
   bool IsBeyond(int signal) const { return signal < lowest_ || signal > highest_; }
-  /// How far a signal is above the base; one beyond the scale is at its edge.
+  /// The height of a signal above the base; a signal beyond the scale is at its edge.
   int Above(int signal) const { return std::clamp(signal, lowest_, highest_) - lowest_; }
 
  private:

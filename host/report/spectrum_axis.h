@@ -1,5 +1,5 @@
 #pragma once
-// Where channels lie on the axis of a chart.
+// The positions of channels on the axis of a chart.
 
 #include <utility>
 #include <vector>
@@ -8,14 +8,14 @@
 
 namespace host {
 
-/// Where a spectrum lies, in MHz; the gap between segments is left out.
+/// A part of a spectrum, in MHz; gaps between segments are not shown.
 struct Segment {
   int from;
   int to;
 };
-/// The segments that a chart shows; the last channel of 2.4 GHz only where it is used.
+/// The segments that a chart shows; the last channel of 2.4 GHz only if it is used.
 std::vector<Segment> SegmentsOf(Spectrum spectrum, bool hasLastChannel);
-/// The channels whose numbers are below a chart, with their centres in MHz.
+/// The channels whose numbers are shown below a chart, with their centres in MHz.
 std::vector<std::pair<int, int>> ChannelTicks(Spectrum spectrum,
                                               const std::vector<Segment>& segments);
 

@@ -15,15 +15,15 @@
 namespace host {
 namespace {
 
-constexpr int kRowSignal = 5;  ///< dB that one line stands for
-constexpr int kEighths = 8;    ///< heights that a block character can have
+constexpr int kRowSignal = 5;  ///< dB per line
+constexpr int kEighths = 8;    ///< heights of a block character
 constexpr int kMargin = 6;     ///< columns of the scale
 constexpr int kNarrowest = 40;
 constexpr int kWidest = 120;
-constexpr int kWithAddresses = 80;  ///< from this width on the legend has them
+constexpr int kWithAddresses = 80;  ///< minimum width of a legend with addresses
 constexpr int kMeterColumns = 10;
 constexpr const char* kBlocks[] = {" ", "▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
-/// So many bells cover a cell; the last stands for more.
+/// By the number of curves that cover a cell; the last one also for more.
 constexpr const char* kShades[] = {" ", "░", "▒", "▓"};
 constexpr std::size_t kMostShades = 3;
 constexpr std::string_view kMarks =
@@ -41,12 +41,12 @@ int LinesOf(const SignalScale& scale) {
   return scale.span() / kRowSignal;
 }
 
-/// Eighths of a line above the base.
+/// The height above the base in eighths of a line.
 int HeightOf(const SignalScale& scale, int signal) {
   return scale.Above(signal) * kEighths / kRowSignal;
 }
 
-/// The columns of a chart and the frequencies that they stand for.
+/// The columns of a chart and their frequencies.
 class Columns {
  public:
   Columns(const std::vector<Segment>& segments, int count) {
@@ -71,13 +71,13 @@ class Columns {
         middles_, {}, [=](int middle) { return std::abs(middle - megahertz * kFineness); });
     return static_cast<int>(found - middles_.begin());
   }
-  /// How far two columns are apart, in parts of a megahertz.
+  /// The distance of two columns, in fractions of a megahertz.
   std::int64_t Apart(int left, int right) const {
     return std::abs(middles_[static_cast<std::size_t>(left)] -
                     middles_[static_cast<std::size_t>(right)]);
   }
 
-  static constexpr int kFineness = 100;  ///< parts of a megahertz
+  static constexpr int kFineness = 100;  ///< fractions per megahertz
 
  private:
   static constexpr int kGap = 0;
@@ -85,8 +85,8 @@ class Columns {
   std::vector<int> middles_;
 };
 
-/// The height, in eighths, of a bell of this height at this centre, 0 outside of it. It stands on
-/// the column of its peak, so that both sides are alike.
+/// The height, in eighths, of a curve of this height and centre in a column; 0 outside the curve.
+/// The curve is centred on the column of its peak, so that both sides are equal.
 int BellAt(int peakColumn, int height, const Columns& columns, int column) {
   const std::int64_t half = kChannelWidth * Columns::kFineness / 2;
   const std::int64_t away = columns.Apart(column, peakColumn);
@@ -97,10 +97,10 @@ int BellAt(int peakColumn, int height, const Columns& columns, int column) {
 
 using Picture = std::vector<std::vector<std::string>>;
 
-/// `networks` come with the strongest first: those after the first few of a channel change nothing.
+/// `networks` are sorted by strength: those after the first few of a channel change nothing.
 Picture Bells(const std::vector<Network>& networks, const Columns& columns,
               const SignalScale& scale) {
-  std::map<int, std::vector<int>> peaks;  // heights by column
+  std::map<int, std::vector<int>> peaks;  // peak heights by column
   for (const Network& network : networks) {
     std::vector<int>& heights = peaks[columns.Nearest(*network.centre)];
     if (heights.size() < kMostShades) heights.push_back(HeightOf(scale, *network.signal));
@@ -133,7 +133,7 @@ bool IsMark(const std::string& cell) {
   return cell.size() == 1 && cell != " ";
 }
 
-/// Puts each network's letter at its peak, or beside it where another one stands.
+/// Puts each network's letter at its peak, or next to it if another letter is there.
 void PutMarks(const std::vector<Network>& networks, const Columns& columns,
               const SignalScale& scale, Picture* picture) {
   const int lines = LinesOf(scale);
@@ -153,7 +153,7 @@ void PutMarks(const std::vector<Network>& networks, const Columns& columns,
   }
 }
 
-/// Numbers below their columns, as many as fit; `numbers` come in the order of their centres.
+/// Numbers below their columns, as many as fit; `numbers` are in the order of their centres.
 std::string NumberLine(const std::vector<std::pair<int, int>>& numbers, const Columns& columns) {
   std::string line;
   for (const auto& [shown, centre] : numbers) {
@@ -169,7 +169,7 @@ std::string NumberLine(const std::vector<std::pair<int, int>>& numbers, const Co
   return line;
 }
 
-/// How many networks each channel has.
+/// The number of networks on each channel.
 std::vector<std::pair<int, int>> CountsOf(const std::vector<Network>& networks) {
   std::map<int, int> counts;
   for (const Network& network : networks) ++counts[*network.centre];

@@ -8,13 +8,13 @@
 
 namespace host {
 
-/// Whether the instances of a class have a channel and a signal, which a chart needs.
+/// Whether the instances of a class have a channel and a signal, as a chart requires.
 bool CanChart(const ClassInfo& info);
 
-/// The signal of networks by their channel, drawn with block characters in at most `width` columns:
-/// a chart for each adapter and band, below it the networks that its letters stand for, the
-/// strongest first, then how many more there are, then those without a place on it. `rows` are
-/// instances of a class that CanChart.
+/// The signals of networks by channel, drawn with block characters in at most `width` columns: a
+/// chart for each adapter and band; below it the networks of its letters, the strongest first, then
+/// the number of further ones, then those without a place on it. `rows` are instances of a class
+/// for which CanChart is true.
 std::string ChartText(const Json& rows, int width);
 
 }  // namespace host
