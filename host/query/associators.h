@@ -13,7 +13,7 @@ namespace host {
 struct AssociatorsQuery {
   bool references = false;  ///< the associations themselves, not the objects at their other ends
   std::string path;
-  std::string assocClass;  ///< like all of these, empty if not given
+  std::string assocClass;  ///< this and the following ones: empty if not given
   std::string resultClass;
   std::string role;        ///< the property that refers to the path
   std::string resultRole;  ///< the property that refers to the result
