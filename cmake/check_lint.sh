@@ -18,7 +18,7 @@ echo "clang-tidy: $(wc -l <<<"$units") units"
 xargs -P "$cores" -n 1 clang-tidy -p "$build" --quiet <<<"$units" 2>"$build/clang-tidy.log" || failed=1
 [ "$failed" = 0 ] || grep -i error "$build/clang-tidy.log" >&2 || true
 
-# cppcheck needs no compiler of the platform: it sees the Windows sources too.
+# cppcheck needs no compiler for the platform: it also checks the Windows sources.
 sources=$(source_files '*.cpp' | grep -vE '^(tests|bench|fuzz)/')
 echo "cppcheck: $(wc -l <<<"$sources") sources"
 xargs cppcheck --quiet --std=c++20 --language=c++ --enable=warning,performance,portability \

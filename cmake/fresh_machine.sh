@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# fresh_machine.sh [RELEASE…]: both commands of the README, on machines made from nothing: for each Debian
-# release (bookworm and trixie) one whose root works in a checkout, and one whose user, with sudo, works in an
-# unpacked archive. What is committed is taken. The machines are chroots in build/fresh/, each in a mount
-# namespace of its own, so that no mount stays behind; the mirror is the one of this machine's apt.
+# fresh_machine.sh [RELEASE…]: runs both commands of the README on new machines: for each Debian release
+# (bookworm and trixie) one on which root works in a checkout, and one on which a user with sudo works in
+# an unpacked archive. Only committed files are used. The machines are chroots in build/fresh/, each in
+# its own mount namespace, so that no mount remains; they use the mirror of this machine's apt.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 [ $# -gt 0 ] || set -- bookworm trixie
@@ -34,13 +34,13 @@ on_machine() {
     mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts"
     mount --bind "$1/dev/pts/ptmx" "$1/dev/ptmx"
     mount -t tmpfs -o mode=1777 tmpfs "$1/dev/shm"
-    # Packages are fetched once a release.
+    # Packages are downloaded once per release.
     mount --bind "$2" "$1/var/cache/apt/archives"
     exec chroot "$1" env -i CI="${CI:-}" HOME=/root LANG=C.UTF-8 PATH=/usr/sbin:/usr/bin:/sbin:/bin bash -eu' \
     bash "$1" "$work/$release-packages"
 }
 
-# Both commands, by $2 in /home/it/source of the machine $1.
+# Runs both commands as user $2 in /home/it/source of the machine $1.
 try() {
   local machine=$1 user=$2 log=$1.log started code=0
   started=$SECONDS

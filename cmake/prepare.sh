@@ -40,7 +40,7 @@ install_packages() {
     for part in "$@"; do
       [[ ,$parts, == *,$part,* ]] || continue
       ! dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q ' installed$' || continue
-      # Node may have come from elsewhere.
+      # Node may have been installed in another way.
       [ "$part" != scripts ] || ! command -v npm >/dev/null || continue
       missing+=("$name")
       rows+=$(printf '\n  %-26s %s' "$name" "$reason")
@@ -69,7 +69,7 @@ install_packages() {
   fi
 }
 
-# build PRESET [TARGET…]: prints nothing unless it fails. $build_options are for the configuration.
+# build PRESET [TARGET…]: prints nothing unless it fails. $build_options are passed to the configuration.
 build_options=()
 build() {
   local preset=$1 log=$root/build/$1.log
@@ -83,7 +83,7 @@ build() {
   fi
 }
 
-# cannot_STEP succeeds, and prints why, where this machine cannot run the step.
+# cannot_STEP succeeds, and prints the reason, if this machine cannot run the step.
 cannot_windows() {
   local machine
   machine=$(dpkg --print-architecture)
@@ -97,8 +97,8 @@ cannot_format() {
 }
 cannot_--mend() { cannot_format; }
 
-# A Wine prefix for this build only, created once. Starts Wine's helper processes: they hold the output
-# of the program that starts them for up to 100 s, so it is a file here, not a pipe.
+# A Wine prefix for this build only, created once. Starts Wine's helper processes, which keep the output
+# of the program that starts them open for up to 100 s, so the output is a file here, not a pipe.
 use_wine() {
   export WINEDEBUG=-all WINEPREFIX=$root/build/windows/wineprefix
   # No prompts for optional components, and no debugger: with it a crash sometimes ends with status 0.

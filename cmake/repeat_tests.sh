@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# repeat_tests.sh PRESET TIMES: runs the tests of a built preset so many times, in random order and with
-# a busy loop for each core beside them. Prints each test's failures and its fastest and slowest time;
-# fails if one failed. The output of the failing tests is in build/repeat/.
+# repeat_tests.sh PRESET TIMES: runs the tests of a built preset this many times, in random order and
+# with a busy loop for each core at the same time. Prints each test's failures and its fastest and
+# slowest time; fails if a test failed. The output of the failing tests is in build/repeat/.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 preset=$1 times=$2

@@ -1,6 +1,6 @@
-# For the checks, which source it. source_files PATTERN… prints the files of this folder whose names
-# match: in a checkout those that git knows or does not ignore, in an unpacked archive all outside
-# build/. No file at all is an error: a check that has seen none does not pass.
+# Sourced by the checks. source_files PATTERN… prints the files of this folder whose names match: in a
+# checkout the files that git knows or does not ignore, in an unpacked archive all files outside build/.
+# Finding no file is an error, so that no check passes without having seen a file.
 source_files() {
   local pattern names=()
   for pattern in "$@"; do names+=(-o -name "$pattern"); done
@@ -9,7 +9,7 @@ source_files() {
   else
     find . -path ./build -prune -o -type f \( "${names[@]:1}" \) -printf '%P\n'
   fi | while IFS= read -r file; do
-    # git also names what is deleted and not yet committed.
+    # git also lists deleted files whose deletion is not committed.
     [ ! -f "$file" ] || printf '%s\n' "$file"
   done | sort | grep . || { echo "$PWD has no file named $*" >&2 && return 1; }
 }
