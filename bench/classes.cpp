@@ -79,8 +79,8 @@ struct Class {
   std::size_t networks;
 };
 
-/// A hundred instances of what each adapter has one of, a thousand of a list's entries: those that
-/// have a key beside the adapter's.
+/// A hundred instances of classes with one instance per adapter, a thousand of lists, which have a
+/// key besides the adapter's.
 Class Measured(const contract::Class& row) {
   for (const contract::Property& property : contract::kProperties) {
     if (property.className != row.name || !property.isKey) continue;

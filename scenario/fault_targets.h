@@ -1,5 +1,5 @@
 #pragma once
-// The operations of both libraries by name, as faults name them.
+// The operations of both libraries, by the names that faults use.
 
 #include <string_view>
 
@@ -9,7 +9,7 @@ namespace simulator {
 
 struct FaultTarget {
   std::string_view name;
-  bool ofAdapter;  ///< its first argument is an adapter number
+  bool ofAdapter;  ///< whether its first argument is an adapter number
 };
 
 /// Whether the first parameter is an adapter number.

@@ -1,5 +1,5 @@
 #pragma once
-// Paths and values made from the schema, for those who walk it.
+// Paths and values made from the schema, for tests and programs that walk it.
 
 #include <map>
 #include <stdexcept>
@@ -9,7 +9,8 @@
 
 namespace testing_support {
 
-/// Values by name: of keys, written properties or in-parameters. CLASS.NAME goes before NAME.
+/// Values by name, for keys, writable properties or in-parameters. CLASS.NAME takes precedence over
+/// NAME.
 using SchemaValues = std::map<std::string, std::string>;
 
 inline const std::string& ValueOf(const SchemaValues& values, std::string_view className,
@@ -21,7 +22,7 @@ inline const std::string& ValueOf(const SchemaValues& values, std::string_view c
                            "." + std::string(name) + ": add one");
 }
 
-/// The keys of an instance that a fixture has: the adapter "7"; a list's own key comes from `more`.
+/// The keys of an instance of a fixture: the adapter "7"; a list's own key comes from `more`.
 inline SchemaValues KeysOfAdapter7(SchemaValues more) {
   more.insert({{"DeviceID", "7"},
                {"SettingID", "7"},
@@ -48,8 +49,8 @@ inline std::string PathOf(std::string_view className, const SchemaValues& keys) 
   return path;
 }
 
-/// Gives an object all properties that clients write and all in-parameters: flags are false,
-/// numbers 2, texts name things that a fixture has.
+/// Sets all properties that clients can write and all in-parameters of an object: flags to false,
+/// numbers to 2, texts to the names of things in a fixture.
 inline void FillFromSchema(FakeObject& object) {
   const SchemaValues texts = {{"AdapterID", "7"},
                               {"MacAddress", "00:A0:F8:00:00:01"},

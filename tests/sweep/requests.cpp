@@ -12,7 +12,7 @@ using platform::WideText;
 using testing_support::FakeObject;
 using testing_support::PathOf;
 
-// What is refused, beside an unknown method of each class that has others.
+// Refused requests, besides an unknown method of each class with methods.
 constexpr struct {
   const char* path;
   const char* method;

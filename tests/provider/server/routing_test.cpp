@@ -71,14 +71,14 @@ TEST_F(Routing, EveryClassByItsOwnRoutines) {
     const Strings queried =
         Brought(provider->ExecQueryAsync(nullptr, query.get(), 0, nullptr, sink.get()));
     ASSERT_EQ(queried.size(), 1u);
-    // Two have the name of another in theirs, which comes first.
+    // Two names contain the name of another class, which comes first.
     const bool another =
         name == "WiFi_NetworkAdapterConfiguration" || name == "WiFi_NetworkAdapterSetting";
     EXPECT_EQ(queried[0].substr(0, queried[0].find(' ')), another ? "WiFi_NetworkAdapter" : name);
   }
 }
 
-/// The kind of value, as Shown writes it, that a property of this type holds.
+/// The kind of value, as Shown writes it, for a property of this type.
 const char* KindOf(CIMTYPE type) {
   switch (type) {
     case CIM_BOOLEAN:
