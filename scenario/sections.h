@@ -6,8 +6,7 @@
 namespace simulator {
 
 /// Reads a whole scenario over the present content of `scenario`; every adapter starts as
-/// `initial`.
-/// Throws ScenarioError.
+/// `initial`. Throws ScenarioError.
 void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario);
 
 /// Appends the adapter that `node` describes, starting from `initial`. Throws ScenarioError.

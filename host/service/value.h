@@ -23,7 +23,7 @@ HRESULT Convert(CIMTYPE type, const VARIANT& value, platform::Variant* converted
 /// A value of a MOF file in the declared type. Throws ValueError.
 platform::Variant FromMof(CIMTYPE type, const std::vector<MofScalar>& values);
 
-/// A value that a user types: text without quotes, true or false, a decimal number, "null"; the
+/// A value that a user types: text as it is typed, true or false, a decimal number, "null"; the
 /// elements of an array are separated by commas. Throws ValueError, which says what is accepted.
 platform::Variant FromTypedText(CIMTYPE type, std::string_view text);
 
