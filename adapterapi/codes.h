@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "adapterapi/records.h"
+
 namespace adapterapi {
 
 struct CodeText {
