@@ -5,7 +5,7 @@
 
 namespace adapterapi {
 
-/// Six upper-case hexadecimal pairs joined by colons.
+/// Six pairs of upper-case hexadecimal digits, separated by colons.
 inline platform::ShortText<17> MacText(const MacAddress& mac) {
   platform::ShortText<17> text;
   text.Hex(mac[0], 2);

@@ -83,7 +83,7 @@ constexpr ClassMethods kClasses[] = {
     {OLESTR("WiFi_NetworkAdapterSetting"), nullptr, WBEM_E_NOT_SUPPORTED, {}},
 };
 
-/// The row of a method; one without a name if there is none.
+/// The row of a method; its name is null if there is no such row.
 constexpr Method MethodRow(const contract::Name& className, const contract::Name& name) {
   for (const ClassMethods& owner : kClasses) {
     if (contract::Name(owner.className) != className) continue;
