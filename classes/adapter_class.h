@@ -9,16 +9,16 @@
 namespace wifi {
 
 enum class ClassSelector : std::uint32_t {
-  kNetworkAdapter = 0,
-  kAssociationInfo = 1,
-  kVersion = 2,
-  kDevice = 3,
-  kConfigSettings = 4,
-  kSignalParameters = 5,
-  kChannel = 6,
-  kFeatures = 7,
-  kTcpIpSettings = 8,
-  kTcpIpv6Settings = 9,
+  kNetworkAdapter,
+  kAssociationInfo,
+  kVersion,
+  kDevice,
+  kConfigSettings,
+  kSignalParameters,
+  kChannel,
+  kFeatures,
+  kTcpIpSettings,
+  kTcpIpv6Settings,
   kEnd,  ///< the number of classes
 };
 
