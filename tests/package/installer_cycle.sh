@@ -62,7 +62,8 @@ for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
 done
 openssl req -x509 -newkey rsa:2048 -nodes -subj "/CN=Test of the package" -addext extendedKeyUsage=codeSigning \
   -days 2 -keyout key.pem -out certificate.pem 2>/dev/null
-cmake -DSOURCE="$source" -DBINARIES="$work/old" -DSTAGE="$work/stage" -DOUTPUT="$work" -DVERSION=0.9.0 \
+cmake -DSOURCE="$source" -DBINARIES="$work/old" -DREMOVAL="$build/schema/uninstall.mof" \
+  -DSTAGE="$work/stage" -DOUTPUT="$work" -DVERSION=0.9.0 \
   "-DSIGN=-certs;$work/certificate.pem;-key;$work/key.pem" -P "$source/package/make_package.cmake" >package.log 2>&1 ||
   fail "no older package: $(tail -n 5 package.log)"
 older=$work/WiFiAdapterProvider-0.9.0.msi
