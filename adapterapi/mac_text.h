@@ -9,7 +9,7 @@ namespace adapterapi {
 inline platform::ShortText<17> MacText(const MacAddress& mac) {
   platform::ShortText<17> text;
   text.Hex(mac[0], 2);
-  for (std::size_t byte = 1; byte < sizeof(mac); ++byte) text.Add(":").Hex(mac[byte], 2);
+  for (std::size_t byte = 1; byte < sizeof(mac); ++byte) text.Add(':').Hex(mac[byte], 2);
   return text;
 }
 

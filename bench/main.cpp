@@ -79,10 +79,10 @@ double Nanoseconds(double seconds) {
 double GoalOf(const std::string& className) {
   static const std::map<std::string, double> goals = {{"WiFi_NetworkAdapter", 5},
                                                       {"WiFi_AdapterTxRxStats", 3},
-                                                      {"WiFi_AdapterCachedScanList", 1.6},
-                                                      {"WiFi_AvailableNetwork", 1.6},
-                                                      {"WiFi_NetworkExcludeList", 1.6},
-                                                      {"WiFi_PreferredProfile", 1.6},
+                                                      {"WiFi_AdapterCachedScanList", 1.75},
+                                                      {"WiFi_AvailableNetwork", 1.75},
+                                                      {"WiFi_NetworkExcludeList", 1.75},
+                                                      {"WiFi_PreferredProfile", 1.75},
                                                       {"WiFi_NetworkAdapterConfiguration", 3},
                                                       {"WiFi_NetworkAdapterSetting", 0}};
   const auto found = goals.find(className);

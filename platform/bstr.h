@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,14 +14,6 @@ using OleStringView = std::basic_string_view<OLECHAR>;
 /// The characters of `text`; empty if it is null.
 inline OleStringView ViewOf(const OLECHAR* text) {
   return text == nullptr ? OleStringView() : OleStringView(text);
-}
-
-/// Gives a BSTR another length, of at most as many characters as it was made with.
-inline void SetTextLength(BSTR text, UINT length) noexcept {
-  // In bytes, right before the first character.
-  const UINT bytes = length * static_cast<UINT>(sizeof(OLECHAR));
-  std::memcpy(reinterpret_cast<char*>(text) - sizeof(bytes), &bytes, sizeof(bytes));
-  text[length] = OLECHAR{};
 }
 
 /// Owns a BSTR. Is null after a failed allocation; check with `if (text)`.

@@ -27,13 +27,18 @@ enum class ListStep { kEntry, kEnd, kUnreadable };
 /// it. A null list is unreadable.
 template <class Count, class Entry>
 ListStep ReadListEntry(const void* list, Count index, Entry& entry) noexcept {
-  Count count = 0;
-  if (!CopyForeign(list, count)) return ListStep::kUnreadable;
-  if (index >= count) return ListStep::kEnd;
-  const auto* entries = static_cast<const unsigned char*>(list) + sizeof(count);
-  return CopyForeign(entries + static_cast<std::size_t>(index) * sizeof(entry), entry)
-             ? ListStep::kEntry
-             : ListStep::kUnreadable;
+  static_assert(std::is_trivially_copyable_v<Entry>);
+  if (list == nullptr) return ListStep::kUnreadable;
+  auto step = ListStep::kEnd;
+  const bool readable = Survives([&] {
+    Count count;
+    std::memcpy(&count, list, sizeof(count));
+    if (index >= count) return;
+    const auto* entries = static_cast<const unsigned char*>(list) + sizeof(count);
+    std::memcpy(&entry, entries + static_cast<std::size_t>(index) * sizeof(entry), sizeof(entry));
+    step = ListStep::kEntry;
+  });
+  return readable ? step : ListStep::kUnreadable;
 }
 
 }  // namespace platform

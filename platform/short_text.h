@@ -22,13 +22,14 @@ class ShortText {
     size_ += added;
     return *this;
   }
+  ShortText& Add(char character) {
+    if (size_ < Room) text_[size_++] = character;
+    return *this;
+  }
   /// Adds a wide text, which must be ASCII.
   template <class Character>
   ShortText& Ascii(const Character* text) {
-    for (; *text != 0; ++text) {
-      const char character = static_cast<char>(*text);
-      Add({&character, 1});
-    }
+    for (; *text != 0; ++text) Add(static_cast<char>(*text));
     return *this;
   }
   ShortText& Decimal(std::integral auto number) {
@@ -38,7 +39,7 @@ class ShortText {
   /// Adds `number` in upper-case hexadecimal, with exactly `digits` digits.
   ShortText& Hex(std::uint32_t number, int digits) {
     for (int digit = digits - 1; digit >= 0; --digit) {
-      Add({&"0123456789ABCDEF"[number >> 4 * digit & 0xF], 1});
+      Add("0123456789ABCDEF"[number >> 4 * digit & 0xF]);
     }
     return *this;
   }

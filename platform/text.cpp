@@ -31,6 +31,25 @@ OleString Widen(UINT codePage, std::string_view text) {
   return wide;
 }
 
+/// The same for an ANSI text.
+std::size_t WidenAnsiInto(std::string_view ansi, OLECHAR* wide) noexcept {
+  // ASCII is copied without the converter: eight characters at a time, then the rest one by one.
+  std::size_t ascii = 0;
+  for (std::uint64_t eight; ascii + sizeof(eight) <= ansi.size(); ascii += sizeof(eight)) {
+    char narrow[sizeof(eight)];
+    OLECHAR widened[sizeof(eight)];
+    std::memcpy(narrow, ansi.data() + ascii, sizeof(eight));
+    std::memcpy(&eight, narrow, sizeof(eight));
+    if ((eight & 0x8080808080808080) != 0) break;
+    std::copy(std::begin(narrow), std::end(narrow), widened);
+    std::memcpy(wide + ascii, widened, sizeof(widened));
+  }
+  for (; ascii < ansi.size() && static_cast<unsigned char>(ansi[ascii]) < 0x80; ++ascii) {
+    wide[ascii] = static_cast<OLECHAR>(ansi[ascii]);
+  }
+  return ascii + WidenInto(CP_ACP, ansi.substr(ascii), wide + ascii);
+}
+
 }  // namespace
 
 std::string AnsiText(const OLECHAR* text) {
@@ -39,23 +58,10 @@ std::string AnsiText(const OLECHAR* text) {
 OleString WideText(std::string_view ansi) {
   return Widen(CP_ACP, ansi);
 }
-std::size_t WidenAnsi(std::string_view ansi, OLECHAR* wide) noexcept {
-  // ASCII is copied without the converter: eight characters at a time, then the rest one by one.
-  std::size_t ascii = 0;
-  for (std::uint64_t eight; ascii + sizeof(eight) <= ansi.size(); ascii += sizeof(eight)) {
-    std::memcpy(&eight, ansi.data() + ascii, sizeof(eight));
-    if ((eight & 0x8080808080808080) != 0) break;
-    std::copy_n(ansi.data() + ascii, sizeof(eight), wide + ascii);
-  }
-  for (; ascii < ansi.size() && static_cast<unsigned char>(ansi[ascii]) < 0x80; ++ascii) {
-    wide[ascii] = static_cast<OLECHAR>(ansi[ascii]);
-  }
-  return ascii + WidenInto(CP_ACP, ansi.substr(ascii), wide + ascii);
-}
 Bstr AnsiBstr(std::string_view ansi) noexcept {
   Bstr wide = Bstr::OfLength(static_cast<UINT>(ansi.size()));
   if (!wide) return wide;
-  const std::size_t length = WidenAnsi(ansi, wide.get());
+  const std::size_t length = WidenAnsiInto(ansi, wide.get());
   // The text is shorter than its buffer only if some characters have several bytes.
   return length == ansi.size() ? std::move(wide) : Bstr(OleStringView(wide.get(), length));
 }

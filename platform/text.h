@@ -14,9 +14,6 @@ namespace platform {
 std::string AnsiText(const OLECHAR* text);
 /// The wide form of an ANSI text.
 OleString WideText(std::string_view ansi);
-/// Converts into a buffer that has room for one character per byte of `ansi`. Returns the number of
-/// characters written.
-std::size_t WidenAnsi(std::string_view ansi, OLECHAR* wide) noexcept;
 /// The wide form as a BSTR, converted in place; null if out of memory.
 Bstr AnsiBstr(std::string_view ansi) noexcept;
 

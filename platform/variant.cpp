@@ -4,14 +4,6 @@
 
 namespace platform {
 
-Variant Variant::Owning(Bstr text) noexcept {
-  if (!text) return Error(E_OUTOFMEMORY);
-  Variant variant;
-  variant.value_.vt = VT_BSTR;
-  variant.value_.bstrVal = text.release();
-  return variant;
-}
-
 Variant Variant::Text(OleStringView text) {
   return Owning(Bstr(text.data() == nullptr ? OleStringView(OLESTR("")) : text));
 }

@@ -26,7 +26,17 @@ class Variant {
   /// A VT_BSTR. Out of memory: VT_ERROR with E_OUTOFMEMORY.
   static Variant Text(OleStringView text);
   /// Takes over the text. A null text (a failed allocation) gives VT_ERROR with E_OUTOFMEMORY.
-  static Variant Owning(Bstr text) noexcept;
+  static Variant Owning(Bstr text) noexcept {
+    Variant variant;  // built in place: a copy of parts just written would stall
+    if (text) {
+      variant.value_.vt = VT_BSTR;
+      variant.value_.bstrVal = text.release();
+    } else {
+      variant.value_.vt = VT_ERROR;
+      variant.value_.scode = E_OUTOFMEMORY;
+    }
+    return variant;
+  }
   /// A VT_BSTR from an ANSI text. Out of memory: VT_ERROR with E_OUTOFMEMORY.
   static Variant AnsiText(std::string_view text);
   /// A VT_BSTR whose text is null.
@@ -67,10 +77,12 @@ class Variant {
   }
 
  private:
-  /// Calls VariantClear only if there is something to free, because values are made and moved
+  /// Calls the platform only if there is something to free, because values are made and moved
   /// often.
   void Clear() noexcept {
-    if (value_.vt != VT_EMPTY && value_.vt != VT_I4 && value_.vt != VT_BOOL) {
+    if (value_.vt == VT_BSTR) {
+      Survives([this] { SysFreeString(value_.bstrVal); });
+    } else if (value_.vt != VT_EMPTY && value_.vt != VT_I4 && value_.vt != VT_BOOL) {
       // An object that raises an exception in Release counts as released.
       Survives([this] { VariantClear(&value_); });
     }

@@ -14,6 +14,10 @@ constexpr CodeText kModes[] = {{1, "BSS"}, {2, "IBSS"}};
 
 constexpr CodeText kAuthentications[] = {{1, "Open"}, {2, "Shared"}};
 
+constexpr platform::OleStringView kCaption = OLESTR("Preferred Profile List");
+constexpr platform::OleStringView kDescription =
+    OLESTR("Provides the list of all Preferred Profiles");
+
 struct Store {
   platform::OleStringView type;
   bool StoreGates::*gate;  ///< null: always open
@@ -76,8 +80,8 @@ void FillPreferredProfile(PropertyWriter& writer, PreferredProfile& profile,
           adapterapi::codes::kEncryptions);
   PutCode(writer, OLESTR("Authentication"), profile, &CPreferredProfile::AuthMode,
           kAuthentications);
-  writer.PutText(OLESTR("Caption"), OLESTR("Preferred Profile List"));
-  writer.PutText(OLESTR("Description"), OLESTR("Provides the list of all Preferred Profiles"));
+  writer.PutText(OLESTR("Caption"), kCaption);
+  writer.PutText(OLESTR("Description"), kDescription);
   writer.PutText(OLESTR("Type"), storeType);
 }
 

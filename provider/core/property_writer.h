@@ -3,7 +3,6 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/reused_text.h"
 #include "platform/short_text.h"
 #include "provider/core/instance.h"
 
@@ -16,7 +15,6 @@ enum class PutRule {
 };
 
 /// Writes the properties of one instance after the other, under one rule for failing puts.
-/// All its texts share one allocation.
 ///
 ///     PropertyWriter writer(instance, PutRule::kStopAtFailure);
 ///     writer.PutText(kSettingId, entry.deviceId);
@@ -33,18 +31,19 @@ class PropertyWriter {
   }
 
   HRESULT Put(const OLECHAR* name, platform::Variant value) {
-    return PutInPlace(name, value.in_place());
+    if (open()) result_ = PutPropertyValue(instance_, name, value.in_place());
+    return result_;
   }
   /// For the key, which is put first. An exception of the instance is thrown on and ends the
   /// request.
   void PutKey(const OLECHAR* name, platform::OleStringView text) {
-    result_ = PutOrRethrow(instance_, name, *text_.Text(text));
+    result_ = PutOrRethrow(instance_, name, platform::Variant::Text(text).get());
   }
   HRESULT PutText(const OLECHAR* name, platform::OleStringView text) {
-    return open() ? PutInPlace(name, text_.Text(text)) : result_;
+    return open() ? Put(name, platform::Variant::Text(text)) : result_;
   }
   HRESULT PutAnsi(const OLECHAR* name, std::string_view text) {
-    return open() ? PutInPlace(name, text_.AnsiText(text)) : result_;
+    return open() ? Put(name, platform::Variant::AnsiText(text)) : result_;
   }
   /// Puts the number as decimal text.
   HRESULT PutDecimal(const OLECHAR* name, std::int32_t number) {
@@ -63,15 +62,9 @@ class PropertyWriter {
   HRESULT result() const { return result_; }
 
  private:
-  HRESULT PutInPlace(const OLECHAR* name, VARIANT* value) {
-    if (open()) result_ = PutPropertyValue(instance_, name, value);
-    return result_;
-  }
-
   IWbemClassObject* instance_ = nullptr;
   PutRule rule_;
   HRESULT result_ = S_OK;
-  platform::ReusedText text_;
 };
 
 }  // namespace wifi

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "platform/com_ptr.h"
-#include "platform/reused_text.h"
 #include "platform/text.h"
 #include "platform/variant.h"
 #include "tests/platform/counted_object.h"
@@ -105,47 +104,22 @@ TEST(Variant, IsMadeOfTextsAndNumbers) {
   EXPECT_EQ(nullptr, text.text());
 }
 
-TEST(ReusedText, HandsOutEachTextWhole) {
-  platform::ReusedText reused;
+TEST(Variant, HoldsEachTextWhole) {
   const std::string longText(200, 'x');
   for (const std::string_view text :
        {std::string_view("first, and long"), std::string_view("2nd"), std::string_view(),
-        std::string_view("12345678\x80"), std::string_view(longText), std::string_view("\0b", 2)}) {
+        std::string_view("12345678\x80"),
+        std::string_view("1\xE9"
+                         "345678"),
+        std::string_view("12345678"), std::string_view(longText), std::string_view("\0b", 2)}) {
+    using platform::Variant;
     const platform::OleString wide = platform::WideText(text);
-    for (VARIANT *(*handOut)(platform::ReusedText&, std::string_view) :
-         {+[](platform::ReusedText&by, std::string_view ansi) { return by.AnsiText(ansi); },
-          +[](platform::ReusedText&by, std::string_view ansi) {
-            return by.Text(platform::WideText(ansi));
-          }}) {
-      const VARIANT& value = *handOut(reused, text);
-      ASSERT_EQ(VT_BSTR, value.vt);
-      EXPECT_EQ(wide.size(), SysStringLen(value.bstrVal));
-      EXPECT_TRUE(wide == platform::OleStringView(value.bstrVal, wide.size()));
-      EXPECT_EQ(OLECHAR{}, value.bstrVal[wide.size()]);
+    for (const Variant& value : {Variant::AnsiText(text), Variant::Text(wide)}) {
+      ASSERT_EQ(VT_BSTR, value.type());
+      EXPECT_EQ(wide.size(), SysStringLen(value.text()));
+      EXPECT_TRUE(wide == platform::OleStringView(value.text(), wide.size()));
+      EXPECT_EQ(OLECHAR{}, value.text()[wide.size()]);
     }
-  }
-}
-
-TEST(ReusedText, MayBeTakenOver) {
-  for (void (*take)(VARIANT&) : {
-           +[](VARIANT& value) { VariantClear(&value); },
-           +[](VARIANT& value) {
-             VariantClear(&value);
-             value.vt = VT_BSTR;
-             value.bstrVal = SysAllocString(OLESTR("t"));
-           },
-           +[](VARIANT& value) {
-             VariantClear(&value);
-             value.vt = VT_I4;
-           },
-       }) {
-    platform::ReusedText reused;
-    take(*reused.AnsiText("text"));
-    const VARIANT& next =
-        *reused.AnsiText("longer than one character, in whose room it may not be put");
-    ASSERT_EQ(VT_BSTR, next.vt);
-    EXPECT_EQ(platform::AnsiText(next.bstrVal),
-              "longer than one character, in whose room it may not be put");
   }
 }
 

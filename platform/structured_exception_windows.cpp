@@ -1,29 +1,10 @@
 #include "platform/structured_exception.h"
 
-#ifdef _WIN32
 #ifdef __GNUC__
 #include <excpt.h>
 #endif
-#endif
 
 namespace platform {
-
-#ifndef _WIN32
-
-void RunFenced(void (*step)(void*), void* argument) {
-  step(argument);
-}
-
-bool Survives(void (*step)(void*), void* argument) noexcept {
-  try {
-    step(argument);
-    return true;
-  } catch (...) {
-    return false;
-  }
-}
-
-#else
 
 namespace {
 
@@ -87,7 +68,5 @@ bool Survives(void (*step)(void*), void* argument) noexcept {
   FencedStep fenced{step, argument, nullptr};
   return RunOuter(&fenced) && fenced.finished;
 }
-
-#endif
 
 }  // namespace platform
