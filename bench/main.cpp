@@ -84,7 +84,7 @@ double GoalOf(const std::string& className) {
                                                       {"WiFi_NetworkExcludeList", 1.75},
                                                       {"WiFi_PreferredProfile", 1.75},
                                                       {"WiFi_NetworkAdapterConfiguration", 3},
-                                                      {"WiFi_NetworkAdapterSetting", 0}};
+                                                      {"WiFi_NetworkAdapterSetting", 4}};
   const auto found = goals.find(className);
   return found == goals.end() ? 3 : found->second;
 }

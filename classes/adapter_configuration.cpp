@@ -29,13 +29,10 @@ HRESULT Deliver(ProviderState& state, const Delivery& delivery, const AdapterEnt
   });
 }
 
-/// CLASS.KEY=VALUE, after conversion to the ANSI code page and back.
-Variant BuildObjectPath(const OLECHAR* className, const OLECHAR* keyName, const VARIANT& key) {
+/// An object path, after conversion to the ANSI code page and back.
+Variant PathValue(const OLECHAR* className, const OLECHAR* keyName, const VARIANT& key) {
   return Variant::OrOutOfMemory([&] {
-    ParsedPath path;
-    path.className = className;
-    path.AddKey(keyName, key);
-    return Variant::AnsiText(platform::AnsiText(path.Text().c_str()));
+    return Variant::Owning(platform::ThroughAnsi(ObjectPathText(className, keyName, key)));
   });
 }
 
@@ -44,8 +41,8 @@ HRESULT Deliver(ProviderState& state, const Delivery& delivery, const VARIANT& e
   return DeliverInstance(
       state, delivery, OLESTR("WiFi_NetworkAdapterSetting"), [&](IWbemClassObject* instance) {
         PropertyWriter writer(instance, PutRule::kStopAtFailure);
-        writer.Put(OLESTR("Element"), BuildObjectPath(kAdapterClass, kDeviceId, element));
-        writer.Put(kSetting, BuildObjectPath(kConfigurationClass, settingKey, setting));
+        writer.Put(OLESTR("Element"), PathValue(kAdapterClass, kDeviceId, element));
+        writer.Put(kSetting, PathValue(kConfigurationClass, settingKey, setting));
         return writer.result();
       });
 }

@@ -55,6 +55,11 @@ std::size_t WidenAnsiInto(std::string_view ansi, OLECHAR* wide) noexcept {
 std::string AnsiText(const OLECHAR* text) {
   return Narrow(CP_ACP, ViewOf(text));
 }
+Bstr ThroughAnsi(OleStringView text) {
+  // Most texts are ASCII, which comes back as it was.
+  const bool ascii = std::none_of(text.begin(), text.end(), [](OLECHAR c) { return c >= 0x80; });
+  return ascii ? Bstr(text) : AnsiBstr(Narrow(CP_ACP, text));
+}
 OleString WideText(std::string_view ansi) {
   return Widen(CP_ACP, ansi);
 }

@@ -16,6 +16,8 @@ std::string AnsiText(const OLECHAR* text);
 OleString WideText(std::string_view ansi);
 /// The wide form as a BSTR, converted in place; null if out of memory.
 Bstr AnsiBstr(std::string_view ansi) noexcept;
+/// A wide text as it comes back from the ANSI code page; null if there is no memory for it.
+Bstr ThroughAnsi(OleStringView text);
 
 /// Whether `text` equals `ascii`; false if `text` is null.
 inline bool EqualsAscii(const OLECHAR* text, std::string_view ascii) {

@@ -30,33 +30,37 @@ bool NameLess(const PathKey& left, const PathKey& right) {
       });
 }
 
-OleString QuotedText(OleStringView text) {
-  OleString quoted(1, OLECHAR('"'));
+void AppendQuoted(OleString& path, OleStringView text) {
+  path += OLECHAR('"');
   for (const OLECHAR character : text) {
-    if (character == OLECHAR('"') || character == OLECHAR('\\')) quoted += OLECHAR('\\');
-    quoted += character;
+    if (character == OLECHAR('"') || character == OLECHAR('\\')) path += OLECHAR('\\');
+    path += character;
   }
-  return quoted += OLECHAR('"');
+  path += OLECHAR('"');
 }
 
-OleString KeyNumberText(std::integral auto number) {
-  return platform::WideText(platform::ShortText<16>().Decimal(number));
+void AppendNumber(OleString& path, std::integral auto number) {
+  const auto text = platform::ShortText<16>().Decimal(number);
+  const std::string_view digits = text;
+  path.append(digits.begin(), digits.end());
 }
 
-OleString ValueText(const VARIANT& value) {
+void AppendValue(OleString& path, const VARIANT& value) {
   switch (value.vt) {
     case VT_BSTR:
-      return QuotedText(platform::ViewOf(value.bstrVal));
+      return AppendQuoted(path, platform::ViewOf(value.bstrVal));
     case VT_I4:
-      return KeyNumberText(value.lVal);
+      return AppendNumber(path, value.lVal);
     case VT_UI4:
-      return KeyNumberText(value.ulVal);
+      return AppendNumber(path, value.ulVal);
     case VT_I2:
-      return KeyNumberText(value.iVal);
+      return AppendNumber(path, value.iVal);
     case VT_UI2:
-      return KeyNumberText(value.uiVal);
+      return AppendNumber(path, value.uiVal);
+    case VT_ERROR:
+      throw std::bad_alloc();  // as in AddKey
     default:
-      return {};
+      return;  // no type of a key
   }
 }
 
@@ -188,7 +192,7 @@ OleString ParsedPath::KeyListText() const {
   for (const PathKey& key : keys) {
     if (!text.empty()) text += OLECHAR(',');
     if (key.name) text += *key.name + OLECHAR('=');
-    text += ValueText(key.value.get());
+    AppendValue(text, key.value.get());
   }
   return text;
 }
@@ -205,6 +209,17 @@ OleString ParsedPath::Text() const {
   text += *className;
   if (keys.empty()) return singleton ? text + OLESTR("=@") : text;
   return text + (keys.front().name ? OLECHAR('.') : OLECHAR('=')) + KeyListText();
+}
+
+OleString ObjectPathText(OleStringView className, OleStringView key, const VARIANT& value) {
+  OleString path;
+  path.reserve(96);  // one allocation for all but the longest keys
+  path += className;
+  path += OLECHAR('.');
+  path += key;
+  path += OLECHAR('=');
+  AppendValue(path, value);
+  return path;
 }
 
 PathResult PathParser::Parse(const OLECHAR* text, std::unique_ptr<ParsedPath>* path) const {

@@ -31,6 +31,10 @@ struct ParsedPath {
   platform::OleString Text() const;
 };
 
+/// CLASS.KEY=VALUE, as ParsedPath writes it.
+platform::OleString ObjectPathText(platform::OleStringView className, platform::OleStringView key,
+                                   const VARIANT& value);
+
 /// The paths that a parser accepts.
 enum class PathFlag {
   kRelativeNamespace = 0,  ///< a namespace without a server is on this machine

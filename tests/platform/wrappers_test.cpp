@@ -114,13 +114,16 @@ TEST(Variant, HoldsEachTextWhole) {
         std::string_view("12345678"), std::string_view(longText), std::string_view("\0b", 2)}) {
     using platform::Variant;
     const platform::OleString wide = platform::WideText(text);
-    for (const Variant& value : {Variant::AnsiText(text), Variant::Text(wide)}) {
+    for (const Variant& value : {Variant::AnsiText(text), Variant::Text(wide),
+                                 Variant::Owning(platform::ThroughAnsi(wide))}) {
       ASSERT_EQ(VT_BSTR, value.type());
       EXPECT_EQ(wide.size(), SysStringLen(value.text()));
       EXPECT_TRUE(wide == platform::OleStringView(value.text(), wide.size()));
       EXPECT_EQ(OLECHAR{}, value.text()[wide.size()]);
     }
   }
+  // What the code page lacks comes back as the platform shows it there.
+  EXPECT_TRUE(platform::ThroughAnsi(OLESTR("a\u0416z")).view() == OLESTR("a?z"));
 }
 
 }  // namespace
