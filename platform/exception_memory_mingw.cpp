@@ -1,8 +1,9 @@
 // Where this module's C++ exceptions live, in place of the compiler's own runtime, which takes
 // memory, a lock and a record of the thread for the first one: without memory the process died, and
 // each load and unload of the module left them behind. Here an exception needs nothing that can
-// fail, and nothing outlives the module. The names and layouts are those of the compiler's C++
-// interface; linked into each module by itself.
+// fail but for the largest exceptions and the most threads, and nothing outlives the module. The
+// names and layouts are those of the compiler's C++ interface, which CheckExceptionLayout.cmake
+// compares with the runtime at hand; linked into each module by itself.
 
 #include <cxxabi.h>
 #include <unwind.h>
@@ -12,6 +13,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <new>
+#include <utility>
 
 #include "platform/platform.h"
 
@@ -67,28 +70,57 @@ struct ThreadRow {
     unsigned int uncaught;
   } books;  ///< the runtime's own
 };
-constexpr std::size_t kThreads = 1024;
-constinit ThreadRow threadRows[kThreads] = {};
+/// Rows enough for all but the busiest programs; once they are taken, another table follows on the
+/// heap, which goes with the module.
+struct ThreadTable {
+  static constexpr std::size_t kRows = 1024;
+  ThreadRow rows[kRows];
+  std::atomic<ThreadTable*> next;
+};
+constinit ThreadTable firstThreads = {};
 
 ThreadRow* TakeRow(DWORD wanted, DWORD mark) noexcept {
   const std::size_t home = GetCurrentThreadId() / 4;  // thread numbers are multiples of 4
-  for (std::size_t step = 0; step < kThreads; ++step) {
-    ThreadRow& row = threadRows[(home + step) % kThreads];
-    DWORD expected = wanted;
-    if (row.thread.load() == wanted && row.thread.compare_exchange_strong(expected, mark)) {
-      return &row;
+  for (ThreadTable* table = &firstThreads; table != nullptr; table = table->next) {
+    for (std::size_t step = 0; step < ThreadTable::kRows; ++step) {
+      ThreadRow& row = table->rows[(home + step) % ThreadTable::kRows];
+      DWORD expected = wanted;
+      if (row.thread.load() == wanted && row.thread.compare_exchange_strong(expected, mark)) {
+        return &row;
+      }
     }
   }
   return nullptr;
 }
 
-void NTAPI OnThread(PVOID, DWORD reason, PVOID) {
-  if (reason == DLL_THREAD_DETACH) TakeRow(GetCurrentThreadId(), 0);
+void AddTable() noexcept {
+  void* memory = std::malloc(sizeof(ThreadTable));
+  if (memory == nullptr) std::terminate();
+  auto* added = new (memory) ThreadTable{};
+  ThreadTable* last = &firstThreads;
+  for (ThreadTable* next = nullptr; !last->next.compare_exchange_strong(next, added);) {
+    last = std::exchange(next, nullptr);
+  }
+}
+
+void FreeTables() noexcept {
+  ThreadTable* table = firstThreads.next.exchange(nullptr);
+  while (table != nullptr) std::free(std::exchange(table, table->next));
+}
+
+/// A thread that begins has nothing in hand: a row with its number is that of one which was ended
+/// from outside. Where the whole process ends, its memory goes by itself.
+void NTAPI OnThread(PVOID, DWORD reason, PVOID processEnds) {
+  if (reason == DLL_THREAD_ATTACH || reason == DLL_THREAD_DETACH) {
+    TakeRow(GetCurrentThreadId(), 0);
+  } else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+    FreeTables();
+  }
 }
 
 }  // namespace
 
-// The system calls it for each thread that ends while the module is loaded.
+// The system calls it when a thread begins or ends while the module is loaded, and at its end.
 extern "C" __attribute__((section(".CRT$XLE"), used))
 const PIMAGE_TLS_CALLBACK exception_memory_on_thread = OnThread;
 
@@ -98,8 +130,8 @@ extern "C" {
 __cxa_eh_globals* __cxa_get_globals() noexcept {
   const DWORD self = GetCurrentThreadId();
   if (ThreadRow* row = TakeRow(self, self)) return reinterpret_cast<__cxa_eh_globals*>(&row->books);
-  ThreadRow* row = TakeRow(0, self);
-  if (row == nullptr) std::terminate();
+  ThreadRow* row = nullptr;
+  while ((row = TakeRow(0, self)) == nullptr) AddTable();
   row->books = {};
   return reinterpret_cast<__cxa_eh_globals*>(&row->books);
 }
