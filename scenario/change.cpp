@@ -11,6 +11,8 @@ namespace {
 using nlohmann::json;
 using Path = std::vector<std::string>;
 
+constexpr const char* kFaults = "faults";
+
 Path CutPath(const std::string& text) {
   Path path;
   std::size_t start = text.starts_with('/') ? 1 : 0;
@@ -66,7 +68,7 @@ void ChangeEntry(const Change& change, std::size_t depth, const Table& table, vo
 
 void ChangeAdapter(const Change& change, const AdapterAt& adapterAt) {
   std::size_t count = 0;
-  while (adapterAt(count) != nullptr) ++count;
+  while (adapterAt && adapterAt(count) != nullptr) ++count;
   Adapter* adapter = adapterAt(change.Index(1, count));
   if (change.path.size() < 3) change.Fail(2, "a member of the adapter is to be named");
   const std::string& member = change.path[2];
@@ -104,14 +106,36 @@ void ChangeProfile(const Change& change, Scenario& scenario) {
   profile = changed;
 }
 
+void ChangeFaults(const Change& change, const AdapterAt& adapterAt, Scenario& scenario) {
+  AdapterNumbers numbers;
+  for (std::size_t index = 0; adapterAt && adapterAt(index) != nullptr; ++index) {
+    numbers.push_back(adapterAt(index)->records.number);
+  }
+  const AdapterNumbers* adapters = adapterAt ? &numbers : nullptr;
+  std::vector<Fault> faults = scenario.faults;
+  if (change.path.size() == 1) {
+    faults = ReadFaults({change.value, change.Place(1)}, adapters);
+  } else {
+    const bool isWhole = change.path.size() == 2;
+    const std::size_t index = change.Index(1, faults.size() + (isWhole ? 1 : 0));
+    if (index == faults.size()) faults.emplace_back();
+    if (isWhole) faults[index] = {};
+    faults[index].index = index;
+    const json nested = change.Nested(2);
+    ReadFault({nested, change.Place(2)}, adapters, faults[index]);
+  }
+  scenario.faults = std::move(faults);
+}
+
 void Apply(const Change& change, const AdapterAt& adapterAt, Scenario& scenario) {
   const std::string& section = change.path.front();
   if (section == "adapters") return ChangeAdapter(change, adapterAt);
   if (section == "profiles") return ChangeProfile(change, scenario);
+  if (section == kFaults) return ChangeFaults(change, adapterAt, scenario);
   if (section != "settings" && section != "policies" && section != "apiVersion") {
     change.Fail(1,
                 "it cannot be changed while the machine plays; adapters, settings, policies, "
-                "profiles and apiVersion can");
+                "profiles, faults and apiVersion can");
   }
   Scenario changed = scenario;
   const json nested = change.Nested(0);
@@ -123,13 +147,15 @@ void Apply(const Change& change, const AdapterAt& adapterAt, Scenario& scenario)
 
 }  // namespace
 
-void ChangeMember(const std::string& path, const std::string& value, const AdapterAt& adapterAt,
+bool ChangeMember(const std::string& path, const std::string& value, const AdapterAt& adapterAt,
                   Scenario& scenario) {
   Change change{CutPath(path), json::parse(value, nullptr, false)};
   const bool isJson = !change.value.is_discarded();
   if (!isJson) change.value = value;
+  const bool isOfFaults = change.path.front() == kFaults;
   try {
-    return Apply(change, adapterAt, scenario);
+    Apply(change, adapterAt, scenario);
+    return isOfFaults;
   } catch (const ScenarioError&) {
     // A text may look like a number, for example the name of a network.
     if (!isJson || change.value.is_string() || change.value.is_structured()) throw;
@@ -141,6 +167,7 @@ void ChangeMember(const std::string& path, const std::string& value, const Adapt
     change.value = number;
     Apply(change, adapterAt, scenario);  // throws with what is wrong with the typed value
   }
+  return isOfFaults;
 }
 
 }  // namespace simulator

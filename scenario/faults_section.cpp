@@ -37,11 +37,11 @@ std::uint32_t ReadStructuredCode(const Node& node) {
 
 /// The adapter of the fault `node` must exist.
 void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
-                  std::span<const Adapter> adapters) {
+                  const AdapterNumbers& adapters) {
   std::vector<std::string> numbers;
-  for (const Adapter& known : adapters) {
-    if (known.records.number == adapter) return;
-    numbers.push_back(std::to_string(known.records.number));
+  for (const adapterapi::AdapterNumber known : adapters) {
+    if (known == adapter) return;
+    numbers.push_back(std::to_string(known));
   }
   const Node member = node.Child(node.value.at("adapter"), "adapter");
   if (numbers.empty()) member.Fail("there are no adapters");
@@ -49,11 +49,17 @@ void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
   member.FailExpecting("the number of an adapter, " + Join(views));
 }
 
-Fault ReadFault(const Node& node, std::span<const Adapter> adapters) {
-  Fault fault;
+/// Whether calls of an operation are about an adapter.
+bool IsOfAdapter(const std::string& operation) {
+  const auto* known = std::ranges::find(kFaultTargets, operation, &FaultTarget::name);
+  return known != std::end(kFaultTargets) && known->ofAdapter;
+}
+
+}  // namespace
+
+void ReadFault(const Node& node, const AdapterNumbers* adapters, Fault& fault) {
   constexpr std::int64_t kMostDelay = 3'600'000;
   int kinds = 0;
-  bool ofAdapter = true;
   const auto setKind = [&](Fault::Kind kind) {
     fault.kind = kind;
     ++kinds;
@@ -61,53 +67,48 @@ Fault ReadFault(const Node& node, std::span<const Adapter> adapters) {
   const auto number = [](const Node& member, std::int64_t least) {
     return static_cast<std::uint32_t>(member.Number(least, kAllBits));
   };
-  node.EachMember({{"operation",
-                    [&](const Node& member) {
-                      const FaultTarget& operation = TargetNamed(member);
-                      fault.operation = operation.name;
-                      ofAdapter = operation.ofAdapter;
-                    }},
-                   {"adapter", [&](const Node& member) { fault.adapter = number(member, 0); }},
-                   {"status",
-                    [&](const Node& member) {
-                      setKind(Fault::Kind::kStatus);
-                      fault.status = ReadStatus(member);
-                    }},
-                   {"exception",
-                    [&](const Node& member) {
-                      setKind(Fault::Kind::kException);
-                      fault.exception = member.Text();
-                    }},
-                   {"structured",
-                    [&](const Node& member) {
-                      setKind(Fault::Kind::kStructured);
-                      fault.structuredCode = ReadStructuredCode(member);
-                    }},
-                   {"times", [&](const Node& member) { fault.times = number(member, 1); }},
-                   {"after", [&](const Node& member) { fault.after = number(member, 1); }},
-                   {"delayMs",
-                    [&](const Node& member) {
-                      fault.delayMs = static_cast<std::uint32_t>(member.Number(1, kMostDelay));
-                    }},
-                   {"output", [&](const Node& member) { fault.output = member.Boolean(); }}});
+  node.EachMember(
+      {{"operation", [&](const Node& member) { fault.operation = TargetNamed(member).name; }},
+       {"adapter", [&](const Node& member) { fault.adapter = number(member, 0); }},
+       {"status",
+        [&](const Node& member) {
+          setKind(Fault::Kind::kStatus);
+          fault.status = ReadStatus(member);
+        }},
+       {"exception",
+        [&](const Node& member) {
+          setKind(Fault::Kind::kException);
+          fault.exception = member.Text();
+        }},
+       {"structured",
+        [&](const Node& member) {
+          setKind(Fault::Kind::kStructured);
+          fault.structuredCode = ReadStructuredCode(member);
+        }},
+       {"times", [&](const Node& member) { fault.times = number(member, 1); }},
+       {"after", [&](const Node& member) { fault.after = number(member, 1); }},
+       {"delayMs",
+        [&](const Node& member) {
+          fault.delayMs = static_cast<std::uint32_t>(member.Number(1, kMostDelay));
+        }},
+       {"output", [&](const Node& member) { fault.output = member.Boolean(); }}});
   if (fault.operation.empty()) node.Fail("the member operation is missing");
-  if (kinds > 1 || (kinds == 0 && fault.delayMs == 0)) {
+  if (kinds > 1 || (fault.kind == Fault::Kind::kDelay && fault.delayMs == 0)) {
     node.Fail("expected one of status, exception, structured, or delayMs");
   }
-  if (fault.adapter && !ofAdapter) {
+  if (fault.adapter && !IsOfAdapter(fault.operation)) {
     node.Fail("the operation " + fault.operation + " is about no adapter");
   }
-  if (fault.adapter) CheckAdapter(node, *fault.adapter, adapters);
-  return fault;
+  if (node.value.contains("adapter") && adapters != nullptr) {
+    CheckAdapter(node, *fault.adapter, *adapters);
+  }
 }
 
-}  // namespace
-
-std::vector<Fault> ReadFaults(const Node& node, std::span<const Adapter> adapters) {
+std::vector<Fault> ReadFaults(const Node& node, const AdapterNumbers* adapters) {
   std::vector<Fault> faults;
   node.EachElement([&](const Node& element) {
-    faults.push_back(ReadFault(element, adapters));
-    faults.back().index = element.index;
+    faults.emplace_back().index = element.index;
+    ReadFault(element, adapters, faults.back());
   });
   return faults;
 }

@@ -185,7 +185,11 @@ void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario) 
                    {"policies", [&](const Node& member) { ReadValues(member, scenario.policies); }},
                    {"profiles", [&](const Node& member) { ReadProfiles(member, scenario); }},
                    {"faults", [&](const Node& member) {
-                      scenario.faults = ReadFaults(member, scenario.adapters);
+                      AdapterNumbers numbers;
+                      for (const Adapter& adapter : scenario.adapters) {
+                        numbers.push_back(adapter.records.number);
+                      }
+                      scenario.faults = ReadFaults(member, &numbers);
                     }}});
   const auto platform = root.value.find("platform");
   if (platform == root.value.end() || !platform->contains("networkAdapters")) {

@@ -15,8 +15,13 @@ void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter
 /// Reads members of one adapter over its present content. Throws ScenarioError.
 void ReadAdapter(const Node& node, Adapter& adapter);
 
-/// The faults of the section `node`; they may name only adapters of `adapters`.
-std::vector<Fault> ReadFaults(const Node& node, std::span<const Adapter> adapters);
+/// The numbers of the adapters that a fault may name.
+using AdapterNumbers = std::vector<adapterapi::AdapterNumber>;
+
+/// The faults of the section `node`; they may name only these adapters, or any if it is null.
+std::vector<Fault> ReadFaults(const Node& node, const AdapterNumbers* adapters);
+/// Reads members of one fault over what it already holds. Throws ScenarioError.
+void ReadFault(const Node& node, const AdapterNumbers* adapters, Fault& fault);
 
 /// The platform's view of the adapters, for a scenario that does not give it.
 std::vector<PlatformAdapter> PlatformAdaptersOf(std::span<const Adapter> adapters);

@@ -37,7 +37,8 @@ bool Library::Load() {
 void Library::Change(const std::string& path, const std::string& value) {
   const std::lock_guard lock(mutex_);
   if (!Load()) throw ScenarioError("no scenario is played");
-  loaded_->machine.Change(path, value);
+  if (loaded_->machine.Change(path, value))
+    loaded_->faults = FaultSchedule(loaded_->machine.faults());
 }
 
 void Library::Play(Scenario scenario) {

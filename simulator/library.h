@@ -19,7 +19,8 @@ class Library final : public AdapterApi {
   /// `loader` is called once; without a scenario every operation that needs one returns kFailed.
   explicit Library(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
 
-  /// Changes a member of the machine, which is read first if necessary. Throws ScenarioError.
+  /// Changes a member of the machine, which is read first if necessary. If it is one of the faults,
+  /// the calls of all faults are counted from 0 again. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
   /// Plays another scenario from now on. Lists returned before become invalid.
   void Play(Scenario scenario);
@@ -30,8 +31,7 @@ class Library final : public AdapterApi {
 
  private:
   struct Loaded {
-    explicit Loaded(Scenario scenario)
-        : faults(std::move(scenario.faults)), machine(std::move(scenario)) {}
+    explicit Loaded(Scenario scenario) : faults(scenario.faults), machine(std::move(scenario)) {}
     FaultSchedule faults;
     Machine machine;
   };

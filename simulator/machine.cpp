@@ -54,12 +54,13 @@ Machine::Machine(Scenario scenario)
   scenario_.adapters.clear();
 }
 
-void Machine::Change(const std::string& path, const std::string& value) {
+bool Machine::Change(const std::string& path, const std::string& value) {
   const auto adapterAt = [this](std::size_t index) -> Adapter* {
     return index < adapters_.size() ? &adapters_[index] : nullptr;
   };
-  ChangeMember(path, value, adapterAt, scenario_);
+  const bool faultsChanged = ChangeMember(path, value, adapterAt, scenario_);
   for (State& state : adapters_) state.excludeListChanged = true;
+  return faultsChanged;
 }
 
 Machine::State* Machine::Find(AdapterNumber number) {

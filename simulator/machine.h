@@ -29,7 +29,8 @@ class Machine final : public AdapterApi {
   explicit Machine(Scenario scenario);
 
   /// Changes a member of the current scenario: see ChangeMember. Throws ScenarioError.
-  void Change(const std::string& path, const std::string& value);
+  bool Change(const std::string& path, const std::string& value);
+  const std::vector<Fault>& faults() const { return scenario_.faults; }
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
 #include "adapterapi/operations.inc"

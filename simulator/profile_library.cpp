@@ -19,8 +19,7 @@ bool ProfileLibrary::Load() {
 void ProfileLibrary::Change(const std::string& path, const std::string& value) {
   if (!Load()) throw ScenarioError("no scenario is played");
   const std::lock_guard lock(mutex_);
-  ChangeMember(
-      path, value, [](std::size_t) { return nullptr; }, *scenario_);
+  if (ChangeMember(path, value, nullptr, *scenario_)) faults_.emplace(scenario_->faults);
 }
 
 void ProfileLibrary::Play(const Scenario& scenario) {
@@ -28,6 +27,7 @@ void ProfileLibrary::Play(const Scenario& scenario) {
   tried_ = true;
   scenario_.emplace();
   scenario_->profiles = scenario.profiles;
+  scenario_->faults = scenario.faults;
   faults_.emplace(scenario.faults);
 }
 

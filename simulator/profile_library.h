@@ -16,7 +16,7 @@ class ProfileLibrary {
 
   explicit ProfileLibrary(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
 
-  /// Changes a member of the profiles. Throws ScenarioError.
+  /// Changes a member of the profiles, or the faults. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
   /// Plays another scenario from now on: its profiles and faults.
   void Play(const Scenario& scenario);

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "scenario/member_paths.h"
+
 namespace simulator {
 namespace {
 
@@ -34,6 +38,61 @@ TEST_F(ChangeTest, ReplacesJustTheMember) {
   EXPECT_GT(scenario_.settings.size(), 1u);
 }
 
+TEST_F(ChangeTest, ChangesFaultsAndAddsThem) {
+  const std::size_t count = scenario_.faults.size();
+  const std::string next = "faults/" + std::to_string(count);
+  Change(next, R"({"operation": "GetBand", "adapter": 10, "status": 5, "times": 2})");
+  Change(next + "/status", "0x80004005");
+  Change(next + "/after", "3");
+  ASSERT_EQ(scenario_.faults.size(), count + 1);
+  EXPECT_EQ(scenario_.faults.back().index, count);
+  EXPECT_EQ(scenario_.faults.back().operation, "GetBand");
+  EXPECT_EQ(scenario_.faults.back().status, static_cast<std::int32_t>(0x80004005));
+  EXPECT_EQ(scenario_.faults.back().after, 3u);
+  EXPECT_EQ(scenario_.faults.back().times, 2u);
+  Change(next + "/exception", "gone");
+  EXPECT_EQ(scenario_.faults.back().kind, Fault::Kind::kException);
+  Change("faults", "[]");
+  EXPECT_TRUE(scenario_.faults.empty());
+}
+
+TEST_F(ChangeTest, NamesWhatCanBeChanged) {
+  struct Row {
+    const char* typed;
+    std::vector<std::string> some;  ///< of what is offered
+    const char* never;
+  };
+  const Row rows[] = {
+      {"ad", {"adapters/", "apiVersion=", "faults/"}, "platform/"},
+      {"adapters/", {"adapters/0/", "adapters/3/"}, "adapters/4/"},
+      {"adapters/0/b",
+       {"adapters/0/band=", "adapters/0/association/", "adapters/0/excludeList/"},
+       "adapters/0/mac="},
+      {"/adapters/0/association/", {"/adapters/0/association/ssid="}, ""},
+      {"adapters/0/availableNetworks/", {"adapters/0/availableNetworks/0/"}, ""},
+      {"adapters/0/availableNetworks/0/r", {"adapters/0/availableNetworks/0/rssi="}, ""},
+      {"adapters/0/band=8", {"adapters/0/band=802.11a", "adapters/0/band=802.11b"}, ""},
+      {"adapters/0/radioState=", {"adapters/0/radioState=true", "adapters/0/radioState=false"}, ""},
+      {"profiles/", {"profiles/user/"}, ""},
+      {"profiles/user/", {"profiles/user/0/"}, ""},
+      {"profiles/user/0/", {"profiles/user/0/ssid="}, ""},
+      {"settings/", {"settings/415="}, ""},
+      {"faults/0/", {"faults/0/operation="}, ""},
+  };
+  for (const auto& [typed, some, never] : rows) {
+    const std::vector<std::string> offered = MemberPaths(typed, scenario_);
+    for (const std::string& path : some) {
+      EXPECT_EQ(std::ranges::count(offered, path), 1) << typed << " " << path;
+    }
+    EXPECT_EQ(std::ranges::count(offered, never), 0) << typed;
+  }
+  for (const char* typed :
+       {"adapters/9/availableNetworks/", "adapters/x/excludeList/", "profiles/no/",
+        "adapters/0/band/x/", "adapters/0/ssid=", "platform/", "a//b/"}) {
+    EXPECT_TRUE(MemberPaths(typed, scenario_).empty()) << typed;
+  }
+}
+
 TEST_F(ChangeTest, RefusesWithThePlaceAndChangesNothing) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"adapters/4/band", "1", "/adapters/4: expected the number of an entry, 0 to 3"},
@@ -47,6 +106,12 @@ TEST_F(ChangeTest, RefusesWithThePlaceAndChangesNothing) {
       {"adapters/0/association/ssid", R"({"hex": "4"})", "expected pairs"},
       {"adapters/0/availableNetworks/99/rssi", "1", "/adapters/0/availableNetworks/99: expected"},
       {"profiles/nobody/0/ssid", "x", "expected one of user, persistent"},
+      {"faults", "{}", "/faults: expected an array"},
+      {"faults/5", "{}", "/faults/5: expected the number of an entry, 0 to 0"},
+      {"faults/0", "{}", "/faults/0: the member operation is missing"},
+      {"faults/0/status", "1", "there are no entries"},
+      {"faults/0", R"({"operation": "GetBand", "adapter": 99, "status": 1})",
+       "/faults/0/adapter: expected the number of an adapter, "},
       {"platform/userName", "x", "/platform: it cannot be changed while the machine plays"},
   };
   const AdapterRecords before = scenario_.adapters[0].records;
