@@ -18,7 +18,8 @@ class Command {
  public:
   const CommandRow* row = nullptr;
   OutputFormat format = OutputFormat::kTable;
-  std::vector<std::string> fields;  ///< empty for all
+  std::vector<std::string> fields;  ///< empty for all, or what a table shows of a class
+  bool allFields = false;           ///< all of them in a table too
 
   bool Has(const std::string& name) const { return values_.contains(name); }
   /// The only or last value; nullopt if it was not typed.

@@ -78,8 +78,9 @@ void CheckOutput(const Command& command) {
     }
     throw CommandLineError(std::string("--format: ") + row.name + " takes " + Alternatives(names));
   }
-  if (!row.takesFields && command.Has("--fields")) {
-    throw CommandLineError(std::string("--fields: ") + row.name + " takes none");
+  for (const char* option : {"--fields", "--sort"}) {
+    if (row.takesFields || !command.Has(option)) continue;
+    throw CommandLineError(std::string(option) + ": " + row.name + " takes none");
   }
 }
 
@@ -193,7 +194,10 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
     throw CommandLineError("--registered and --module exclude each other");
   }
   if (const auto format = command.Find("--format")) command.format = *FormatOf(*format);
-  if (const auto fields = command.Find("--fields")) command.fields = SplitList(*fields);
+  if (const auto fields = command.Find("--fields")) {
+    command.allFields = SameIgnoringAsciiCase(*fields, "all");
+    command.fields = command.allFields ? std::vector<std::string>() : SplitList(*fields);
+  }
   CheckOutput(command);
   return result;
 }
@@ -208,6 +212,7 @@ CommandLine ParseShellCommand(std::vector<std::string> arguments, const Command&
   Command open;
   open.format = defaults.format;
   open.fields = defaults.fields;
+  open.allFields = defaults.allFields;
   return Parse(std::move(arguments), open, true);
 }
 

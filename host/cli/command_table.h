@@ -24,6 +24,7 @@ enum class Takes {
   kProperties,
   kChoice,  ///< one of the row's choices, in any case of letters
   kFile,
+  kMember,  ///< MEMBER=value of the simulated machine
   kFolder,
   kVersion,
   kWidth,  ///< a number of columns
@@ -71,6 +72,8 @@ struct CommandRow {
   /// format.
   std::vector<OutputFormat> formats = {};
   bool takesFields = false;
+  /// Whole lines: with the program's name where they are typed on a command line.
+  std::vector<const char*> examples = {};
   /// In addition to success, kUnexpected, kBadInput and kNotWritten, which apply to every command.
   std::vector<ExitStatus> statuses = {};
   ExitStatus (*run)(const Command& command, CommandContext& context);

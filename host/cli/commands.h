@@ -15,6 +15,7 @@ ExitStatus RunClasses(const Command& command, CommandContext& context);
 ExitStatus RunDescribe(const Command& command, CommandContext& context);
 ExitStatus RunDump(const Command& command, CommandContext& context);
 ExitStatus RunReport(const Command& command, CommandContext& context);
+ExitStatus RunView(const Command& command, CommandContext& context);
 ExitStatus RunPut(const Command& command, CommandContext& context);
 ExitStatus RunCall(const Command& command, CommandContext& context);
 ExitStatus RunDelete(const Command& command, CommandContext& context);

@@ -1,10 +1,14 @@
 #include "host/cli/completion.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "host/cli/command_table.h"
 #include "host/cli/shell_words.h"
+#include "host/format/visible_text.h"
 #include "platform/ascii.h"
+#include "scenario/text_file.h"
 
 namespace host {
 namespace {
@@ -110,8 +114,27 @@ Words QueryWords(const std::string& query, const Repository& repository) {
   return all;
 }
 
+/// The files and folders that a name may become. A name with blanks or quotes would be several
+/// words.
+Words Files(const std::string& word) {
+  const std::size_t slash = word.rfind('/');
+  const std::string folder = slash == std::string::npos ? "" : word.substr(0, slash + 1);
+  Words names;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(
+           simulator::FilePath(folder.empty() ? "." : folder), error)) {
+    const std::u8string file = entry.path().filename().u8string();
+    const std::string name(file.begin(), file.end());
+    if (name.starts_with('.') || name.find_first_of(" \t\"'") != std::string::npos) continue;
+    std::error_code unknown;
+    names.push_back(folder + name + (entry.is_directory(unknown) ? "/" : ""));
+  }
+  return names;
+}
+
 Words Candidates(const std::string& before, const std::vector<ShellWord>& words,
-                 const std::string& word, const Repository& repository, const PathSource& paths) {
+                 const std::string& word, const Repository& repository, const PathSource& paths,
+                 const MemberSource& members) {
   if (words.empty()) {
     Words names = CommandNames(true);
     names.emplace_back("SELECT");
@@ -161,6 +184,10 @@ Words Candidates(const std::string& before, const std::vector<ShellWord>& words,
       return QueryWords(word, repository);
     case Takes::kCommand:
       return CommandNames(true);
+    case Takes::kMember:
+      return members(word);
+    case Takes::kFile:
+      return Files(word);
     case Takes::kChoice:
       return choices;
     default:
@@ -171,7 +198,7 @@ Words Candidates(const std::string& before, const std::vector<ShellWord>& words,
 }  // namespace
 
 os::LineEditor::Completion CompleteLine(const std::string& before, const Repository& repository,
-                                        const PathSource& paths) {
+                                        const PathSource& paths, const MemberSource& members) {
   std::vector<ShellWord> words = CutShellLine(before);
   const bool within = !words.empty() && (words.back().openQuote != 0 ||
                                          (before.back() != ' ' && before.back() != '\t'));
@@ -184,16 +211,16 @@ os::LineEditor::Completion CompleteLine(const std::string& before, const Reposit
     if (row != nullptr && !row->arguments.empty() &&
         row->arguments.front().takes == Takes::kQuery) {
       const std::size_t inner = word.start + 1;
-      completion = CompleteLine(before.substr(inner), repository, paths);
+      completion = CompleteLine(before.substr(inner), repository, paths, members);
       completion.start += inner;
       return completion;
     }
   }
   completion.start = word.start;
   const std::string typed = before.substr(word.start);
-  for (std::string& candidate : Candidates(before, words, typed, repository, paths)) {
+  for (std::string& candidate : Candidates(before, words, typed, repository, paths, members)) {
     const bool fits =
-        candidate.size() >= typed.size() &&
+        candidate.size() >= typed.size() && VisibleText(candidate) == candidate &&
         SameIgnoringAsciiCase(std::string_view(candidate).substr(0, typed.size()), typed);
     if (fits) completion.words.push_back(std::move(candidate));
   }

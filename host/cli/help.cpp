@@ -26,6 +26,26 @@ std::string Options(const std::vector<OptionRow>& rows) {
   return text;
 }
 
+/// What people type who know other programs, and what they may mean.
+struct GuessRow {
+  const char* word;
+  const char* advice;
+};
+constexpr GuessRow kGuesses[] = {
+    {"list", "adapters, networks and classes list what their names say, enum CLASS any class"},
+    {"scan", "networks shows what the adapters hear"},
+    {"wifi", "status shows adapters and networks"},
+    {"show", "status shows adapters and networks, get PATH one instance"},
+    {"info", "status shows adapters and networks, describe CLASS what a class has"},
+    {"interfaces", "adapters lists them"},
+    {"devices", "adapters lists them"},
+    {"radio", "put \"WiFi_NetworkAdapter.DeviceID='7'\" RadioState=false switches it off"},
+    {"connect",
+     "call \"WiFi_PreferredProfile.Name='NAME'\" ApplyProfile AdapterID=7 applies a profile"},
+    {"profiles", "enum WiFi_PreferredProfile lists them"},
+    {"select", "query \"SELECT ...\" takes a query"},
+};
+
 }  // namespace
 
 const char* const kProgramVersion = WMIHOST_VERSION;
@@ -68,11 +88,23 @@ std::string CommandHelp(const CommandRow& row, bool inShell) {
   if (!row.arguments.empty() || !row.options.empty()) text += '\n';
   for (const ArgumentRow& argument : row.arguments) text += HelpLine(argument.name, argument.help);
   text += Options(row.options);
+  text += "\nExamples:\n";
+  for (const std::string& example : ExamplesOf(row, inShell)) text += "  " + example + "\n";
   text += "\nExit status:\n";
   for (const ExitStatus status : StatusesOf(row)) {
     text += HelpLine(std::to_string(status), kExitStatuses[status].meaning);
   }
   return text;
+}
+
+std::vector<std::string> ExamplesOf(const CommandRow& row, bool inShell) {
+  constexpr std::string_view kStart = "wmihost ";
+  std::vector<std::string> examples;
+  for (const std::string_view example : row.examples) {
+    const bool isOfProgram = example.starts_with(kStart);
+    examples.emplace_back(inShell && isOfProgram ? example.substr(kStart.size()) : example);
+  }
+  return examples;
 }
 
 std::vector<ExitStatus> StatusesOf(const CommandRow& row) {
@@ -96,8 +128,13 @@ ExitStatus RunHelp(const Command& command, CommandContext& context) {
 }
 
 CommandLineError NoCommand(const std::string& name, bool inShell) {
-  return CommandLineError("there is no command '" + name + "'" +
-                          DidYouMean(name, CommandNames(inShell)) + "; help lists the commands");
+  const std::string start = "there is no command '" + name + "'";
+  for (const GuessRow& guess : kGuesses) {
+    if (SameIgnoringAsciiCase(guess.word, name))
+      return CommandLineError(start + "; " + guess.advice);
+  }
+  return CommandLineError(start + DidYouMean(name, CommandNames(inShell)) +
+                          "; help lists the commands");
 }
 
 }  // namespace host

@@ -7,6 +7,8 @@
 
 namespace host {
 
+/// A command's examples, without the program's name in a shell.
+std::vector<std::string> ExamplesOf(const CommandRow& row, bool inShell);
 /// The program's version, MAJOR.MINOR.PATCH.
 extern const char* const kProgramVersion;
 

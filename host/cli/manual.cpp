@@ -92,6 +92,9 @@ ExitStatus RunManual(const Command&, CommandContext& context) {
       output << ".RS\n" << Item(argument.name, argument.help) << ".RE\n";
     }
     if (!row.options.empty()) output << ".RS\n" << Items(row.options) << ".RE\n";
+    output << ".RS\n.nf\n";
+    for (const char* example : row.examples) output << Roff(example) << '\n';
+    output << ".fi\n.RE\n";
   }
   output << ".SH OPTIONS\n"
          << Items(HostOptions()) << Items(OutputOptions())

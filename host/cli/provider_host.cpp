@@ -10,7 +10,9 @@
 #include "platform/environment.h"
 #include "platform/os_version.h"
 #include "platform/registry_key.h"
+#include "scenario/member_paths.h"
 #include "scenario/reported_adapters.h"
+#include "scenario/scenario.h"
 #include "scenario/simulator_hooks.h"
 
 namespace host {
@@ -61,10 +63,14 @@ void Play(const std::string& scenario) {
   }
 }
 
+bool IsSimulator(const char* library) {
+  return FindHook<decltype(&SimulatorPlay)>(library, "SimulatorPlay") != nullptr;
+}
+
 /// A library of the maker reports the machine's own adapters, of which the provider serves only
 /// those that the platform also has. Reports the ones that are missing in the scenario's platform.
 void WarnOfUnknownAdapters(const simulator::PlatformObjects& platform, std::ostream& errors) {
-  if (FindHook<decltype(&SimulatorPlay)>("QuarnApi", "SimulatorPlay") != nullptr) return;
+  if (IsSimulator("QuarnApi")) return;
   const HMODULE library = os::LoadedModule(os::LibraryFile("QuarnApi"));
   const FARPROC found = library == nullptr
                             ? nullptr
@@ -128,6 +134,7 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
 
 ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
   Play(scenario.text);
+  scenarioText_ = scenario.text;
   const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
   if (named || osVersion_) {
     const simulator::OsVersion told = named.value_or(ownVersion_);
@@ -161,13 +168,27 @@ ExitStatus ProviderHost::Restart(const simulator::LoadedScenario& scenario) {
   return Start(scenario);
 }
 
+std::vector<std::string> ProviderHost::MembersFor(const std::string& typed) const {
+  if (!IsSimulated()) return {};
+  return simulator::MemberPaths(typed, simulator::ParseScenario(scenarioText_, "scenario"));
+}
+
+bool ProviderHost::IsSimulated() const {
+  return IsSimulator("QuarnApi");
+}
+
 void ProviderHost::SetMember(const std::string& path, const std::string& value) {
-  const bool ofProfiles = path.starts_with("profiles") || path.starts_with("/profiles");
-  const auto set =
-      Hook<decltype(&SimulatorSet)>(ofProfiles ? "TolvaApi" : "QuarnApi", "SimulatorSet");
-  char problem[1024];
-  if (set(path.c_str(), value.c_str(), problem, sizeof problem) == 0) {
-    throw simulator::ScenarioError(problem);
+  const std::string_view section = std::string_view(path).substr(path.starts_with('/') ? 1 : 0);
+  const bool isOfProfiles = section.starts_with("profiles");
+  const bool isOfFaults = section.starts_with("faults");
+  for (const char* library : kLibraries) {
+    const bool isPlayer = isOfFaults || (library == kLibraries[1]) == isOfProfiles;
+    if (!isPlayer) continue;
+    char problem[2048];
+    const auto set = Hook<decltype(&SimulatorSet)>(library, "SimulatorSet");
+    if (set(path.c_str(), value.c_str(), problem, sizeof problem) == 0) {
+      throw simulator::ScenarioError(problem);
+    }
   }
 }
 

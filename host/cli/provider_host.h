@@ -34,6 +34,10 @@ class ProviderHost {
   /// Changes a member of the simulated machine, by its path in the scenario. Throws ScenarioError,
   /// and ModuleError without a simulator.
   void SetMember(const std::string& path, const std::string& value);
+  /// Whether the libraries are those of the simulator.
+  bool IsSimulated() const;
+  /// The members of the simulated machine that may complete what is typed.
+  std::vector<std::string> MembersFor(const std::string& typed) const;
   /// Starts the time after which the running command is shown.
   void BeginCommand() {
     if (progress_) progress_->BeginCommand();
@@ -58,6 +62,7 @@ class ProviderHost {
   std::optional<simulator::OsVersion> namedVersion_;  ///< by the command line
   std::optional<simulator::OsVersion> osVersion_;     ///< if not the system's own
   simulator::OsVersion ownVersion_;
+  std::string scenarioText_;          ///< that plays, as it was when the machine started
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

@@ -59,6 +59,7 @@ ExitStatus RunPut(const Command& command, CommandContext& context) {
     const Json& row = rows.back();
     if (row["New"] != row["Asked"]) status = Worse(status, kRefused);
   }
+  if (status == kSuccess) TellThatItEnds(context);
   if (command.format != OutputFormat::kTable) {
     context.output << FormatRows(rows, command.format, context.width, {}, context.color);
     return status;

@@ -109,10 +109,11 @@ ExitStatus RunQuery(const Command& command, CommandContext& context) {
   const ClassInfo* info = context.repository.FindClass(query.className);
   CheckChart(context.repository, command, info);
   if (query.ofClasses) return ShowClasses(command, context, query);
-  const std::vector<std::string> fields = FieldsOf(info, command.fields);
+  const std::vector<std::string> fields = FieldsOf(info, command);
   Outcome outcome = context.session->Enumerate(query.className);
   std::erase_if(outcome.objects, [&](const CimObject& each) { return !query.Selects(each); });
-  return Show(context, "query", "", outcome, command, fields.empty() ? query.columns : fields);
+  return Show(context, "query", "", outcome, command, fields.empty() ? query.columns : fields,
+              info);
 }
 
 }  // namespace host

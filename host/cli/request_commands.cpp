@@ -3,6 +3,7 @@
 #include "host/cli/assign.h"
 #include "host/cli/commands.h"
 #include "host/cli/dump_origin.h"
+#include "host/cli/machine_dump.h"
 #include "host/cli/schema_view.h"
 #include "host/cli/show.h"
 #include "host/report/report.h"
@@ -13,11 +14,11 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
   const std::string className = command.Text("CLASS");
   const ClassInfo* info = context.repository.FindClass(className);
   CheckChart(context.repository, command, info);
-  const std::vector<std::string> fields = FieldsOf(info, command.fields);
+  const std::vector<std::string> fields = FieldsOf(info, command);
   const std::string unknown = info == nullptr ? className : "";
-  if (command.format != OutputFormat::kCsv) {
-    return Show(context, className, unknown, context.session->Enumerate(className), command,
-                fields);
+  if (command.format != OutputFormat::kCsv || command.Has("--sort")) {
+    return Show(context, className, unknown, context.session->Enumerate(className), command, fields,
+                info);
   }
   // A format without widths: instances need not be kept until the last one has arrived.
   const bool paths = command.Has("--paths");
@@ -31,7 +32,7 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
 ExitStatus RunGet(const Command& command, CommandContext& context) {
   const std::string path = command.Text("PATH");
   const std::vector<std::string> fields =
-      FieldsOf(context.repository.FindClass(ClassNameOfPath(path)), command.fields);
+      FieldsOf(context.repository.FindClass(ClassNameOfPath(path)), command);
   const Outcome outcome = context.session->Get(path);
   if (SUCCEEDED(outcome.status) && outcome.objects.empty()) {
     return context.Fail(kNotFound, path + ": the provider gave no instance");
@@ -39,10 +40,6 @@ ExitStatus RunGet(const Command& command, CommandContext& context) {
   return Show(context, path, path, outcome, command, fields);
 }
 
-namespace {
-
-/// All instances of all classes and, after them, where they come from; `status` becomes that of the
-/// worst enumeration.
 Json ReportedDump(CommandContext& context, ExitStatus* status) {
   Json all = Json::object();
   DumpOrigin origin;
@@ -60,8 +57,6 @@ Json ReportedDump(CommandContext& context, ExitStatus* status) {
   all[kOriginMember] = Json::array({origin.ToJson(context)});
   return all;
 }
-
-}  // namespace
 
 ExitStatus RunDump(const Command& command, CommandContext& context) {
   ExitStatus status = kSuccess;
@@ -142,8 +137,12 @@ ExitStatus RunCall(const Command& command, CommandContext& context) {
   const Outcome outcome = context.session->Call(path, name, in ? &*in : nullptr);
   const ExitStatus status = Show(context, path + " " + name, path, outcome, command, fields);
   if (status != kSuccess || method->declaration.returnType == CIM_EMPTY) return status;
-  return CheckReturnValue(context, path + " " + name,
-                          outcome.objects.empty() ? Json() : outcome.objects.front().ToJson());
+  const ExitStatus answered =
+      CheckReturnValue(context, path + " " + name,
+                       outcome.objects.empty() ? Json() : outcome.objects.front().ToJson());
+  const bool onlyAsks = name.starts_with("Is") || name.starts_with("Get");
+  if (answered == kSuccess && !onlyAsks) TellThatItEnds(context);
+  return answered;
 }
 
 ExitStatus RunDelete(const Command& command, CommandContext& context) {

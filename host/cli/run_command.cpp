@@ -43,9 +43,8 @@ class OutputScope {
   std::optional<TerminalGuard> guard_;
 };
 
-/// A command-line word in single quotes, of which both families of shells remove only those quotes;
-/// on systems other than Windows a path needs nothing else.
-std::string InSingleQuotes(const std::string& word) {
+/// A command-line word in single quotes, of which Unix shells remove only those quotes.
+std::string InSingleQuotes(std::string word) {
   std::string text = "'";
   for (const char character : word) text += character == '\'' ? "'\\''" : std::string(1, character);
   return text + "'";
@@ -57,17 +56,33 @@ std::string InDoubleQuotes(std::string word) {
   return '"' + word + '"';
 }
 
+/// A command with another path, as it is typed where `quote` writes its words.
+std::string LineOf(const Command& command, const std::string& path,
+                   std::string (*quote)(std::string)) {
+  std::string line = std::string(command.row->name) + " " + quote(path);
+  for (const char* argument : {"METHOD", "NAME=VALUE"}) {
+    for (const std::string& word : command.All(argument)) {
+      const bool isPlain = word.find_first_of(" \"'\\&|;<>()$`*?!#~") == std::string::npos;
+      line += " " + (isPlain ? word : quote(word));
+    }
+  }
+  return line;
+}
+
 /// A path without its quotes names nothing: says what to type.
 void ExplainPath(const Command& command, CommandContext& context) {
   const auto meant = MeantPath(command.Text("PATH"), context.repository);
   if (!meant) return;
-  const std::string begin =
-      std::string(context.inShell ? "" : "wmihost ") + command.row->name + " ";
-  context.Fail(kNotFound, context.inShell
-                              ? "a text in a path stands in quotes: " + begin + *meant
-                              : "a text in a path stands in quotes, which shells take away: type " +
-                                    begin + InSingleQuotes(*meant) + ", in cmd and PowerShell " +
-                                    begin + InDoubleQuotes(*meant));
+  const std::string quotes = "a text in a path stands in quotes";
+  if (context.inShell) {
+    context.Fail(kNotFound,
+                 quotes + ": " + LineOf(command, *meant, [](std::string word) { return word; }));
+    return;
+  }
+  context.Fail(kNotFound, quotes + ", which shells take away: type wmihost " +
+                              LineOf(command, *meant, InSingleQuotes) +
+                              ", in cmd and PowerShell wmihost " +
+                              LineOf(command, *meant, InDoubleQuotes));
 }
 
 /// A query that a shell has split into words may have lost quotes, or have file names in place of

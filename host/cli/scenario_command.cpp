@@ -10,18 +10,18 @@ namespace host {
 
 namespace {
 
-struct Source {
+struct CaptureRow {
   const char* option;
   simulator::ScenarioOfCapture (*make)(std::string_view text, const std::string& source);
 };
-constexpr Source kSources[] = {{"--from-iw", simulator::ScenarioFromIw},
-                               {"--from-dump", simulator::ScenarioFromDump}};
+constexpr CaptureRow kCaptures[] = {{"--from-iw", simulator::ScenarioFromIw},
+                                    {"--from-dump", simulator::ScenarioFromDump}};
 
 }  // namespace
 
 ExitStatus RunScenario(const Command& command, CommandContext& context) {
-  const Source* chosen = nullptr;
-  for (const Source& source : kSources) {
+  const CaptureRow* chosen = nullptr;
+  for (const CaptureRow& source : kCaptures) {
     if (!command.Has(source.option)) continue;
     if (chosen != nullptr) throw CommandLineError("scenario: it is made of one thing at a time");
     chosen = &source;

@@ -19,6 +19,13 @@ class ScenarioFile {
   /// ScenarioError.
   simulator::LoadedScenario Load(const std::optional<std::string>& other = std::nullopt);
 
+  /// Which it is, for a person.
+  std::string Name() const {
+    return path_.empty()  ? "the scenario that is compiled in"
+           : path_ == "-" ? "standard input"
+                          : path_;
+  }
+
  private:
   std::string path_;                               ///< empty for the scenario that is compiled in
   std::optional<simulator::LoadedScenario> kept_;  ///< of a file that cannot be read again

@@ -6,6 +6,7 @@
 #include "host/cli/dump_origin.h"
 #include "host/cli/service_client.h"
 #include "host/cli/show.h"
+#include "host/cli/view_commands.h"
 #include "host/report/report.h"
 #include "platform/control/control.h"
 
@@ -28,8 +29,21 @@ ExitStatus ShowRows(const Command& command, CommandContext& context, const std::
 }
 
 ExitStatus ShowAnswer(const Command& command, CommandContext& context, const std::string& what,
-                      const ServiceAnswer& answer) {
-  return ShowRows(command, context, what, answer, RowsOfService(answer, command.fields));
+                      const ServiceAnswer& answer, const std::string& className = "") {
+  const RowsShown shown(context, command, className, command.fields);
+  Json rows = Json::array();
+  const auto valuesOf = [&answer](const std::string& name) {
+    std::vector<Json> values;
+    for (const ServiceObject& object : answer.objects) {
+      values.push_back(RowOfService(object, {name})[name]);
+    }
+    return values;
+  };
+  for (const std::size_t index : shown.Order(answer.objects.size(), valuesOf)) {
+    rows.push_back(RowOfService(answer.objects[index], command.fields));
+  }
+  if (SUCCEEDED(answer.status) || !rows.empty()) shown.Write(rows);
+  return context.Report(what, answer.status);
 }
 
 TypedValues Typed(const Command& command) {
@@ -44,7 +58,7 @@ TypedValues Typed(const Command& command) {
 
 ExitStatus EnumOnService(const Command& command, CommandContext& context, ServiceClient& service) {
   const std::string name = command.Text("CLASS");
-  return ShowAnswer(command, context, name, service.Enumerate(name));
+  return ShowAnswer(command, context, name, service.Enumerate(name), name);
 }
 
 ExitStatus GetOnService(const Command& command, CommandContext& context, ServiceClient& service) {
@@ -107,6 +121,12 @@ ExitStatus ReportOnService(const Command&, CommandContext& context, ServiceClien
   return status;
 }
 
+ExitStatus ViewOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  return ShowMachine(command, context, [&service](CommandContext& quiet, ExitStatus* status) {
+    return DumpOf(quiet, service, status);
+  });
+}
+
 ExitStatus PutOnService(const Command& command, CommandContext& context, ServiceClient& service) {
   const std::string path = command.Text("PATH");
   const ServiceAnswer found = service.Get(path);
@@ -133,6 +153,7 @@ struct ServiceCommand {
 constexpr ServiceCommand kServiceCommands[] = {
     {"enum", EnumOnService},       {"get", GetOnService},           {"query", QueryOnService},
     {"classes", ClassesOnService}, {"describe", DescribeOnService}, {"dump", DumpOnService},
+    {"status", ViewOnService},     {"adapters", ViewOnService},     {"networks", ViewOnService},
     {"report", ReportOnService},   {"put", PutOnService},           {"call", CallOnService},
 };
 

@@ -8,7 +8,10 @@
 #include "host/cli/command_line.h"
 #include "host/cli/commands.h"
 #include "host/cli/completion.h"
+#include "host/cli/help.h"
+#include "host/cli/provider_host.h"
 #include "host/cli/run_command.h"
+#include "host/cli/scenario_file.h"
 #include "host/cli/shell_words.h"
 #include "host/os/os.h"
 #include "scenario/text_file.h"
@@ -27,6 +30,12 @@ std::vector<std::string> PathsOf(CommandContext& context, const std::string& cla
     if (const auto path = instance.RelativePath()) paths.push_back(*path);
   }
   return paths;
+}
+
+/// Whose adapters the commands are about.
+std::string MachineOf(const CommandContext& context) {
+  if (context.provider == nullptr || !context.provider->IsSimulated()) return "this machine";
+  return "simulated machine of " + VisibleText(context.scenario->Name());
 }
 
 }  // namespace
@@ -86,11 +95,17 @@ ExitStatus RunShell(const Command& command, CommandContext& context) {
   }
   os::LineEditor editor(
       [&context](const std::string& before) {
-        return CompleteLine(before, context.repository, [&context](const std::string& className) {
-          return PathsOf(context, className);
-        });
+        return CompleteLine(
+            before, context.repository,
+            [&context](const std::string& className) { return PathsOf(context, className); },
+            [&context](const std::string& typed) {
+              return context.provider == nullptr ? std::vector<std::string>()
+                                                 : context.provider->MembersFor(typed);
+            });
       },
       os::HistoryFile());
+  context.output << "wmihost " << kProgramVersion << ", " << MachineOf(context)
+                 << ". help lists the commands, Tab completes, exit ends.\n";
   const LineSource typed = [&editor] { return editor.Read("wmihost> "); };
   return Shell(typed, context, "", false).Run(command);
 }

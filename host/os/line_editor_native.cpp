@@ -22,9 +22,23 @@ constexpr int kKeptLines = 1000;
 constexpr wchar_t kAbandonKey = 0x03;  // Ctrl-C
 
 volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t reading = 0;
+volatile std::sig_atomic_t warned = 0;
 
-void NoteInterrupt(int) {
-  interrupted = 1;
+/// A provider has no way to be stopped: who wants its request to end ends the shell.
+void NoteInterrupt(int signal) {
+  if (reading != 0) {
+    interrupted = 1;
+  } else if (warned == 0) {
+    warned = 1;
+    constexpr char kText[] =
+        "\nwmihost: a request cannot be interrupted; Ctrl-C again ends the shell\n";
+    // Nothing is to be done if it cannot be written.
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kText, sizeof kText - 1);
+  } else {
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+  }
 }
 
 /// Uses the user's locale, or one with UTF-8 if that has not: otherwise the editor takes only
@@ -51,7 +65,7 @@ int TakeInterruptKey() {
 }
 
 /// Reads one UTF-8 character; an interrupt counts as the key that abandons the line.
-int ReadCharacter(EditLine*, wchar_t* character) {
+int ReadCharacter(EditLine* editor, wchar_t* character) {
   const int interruptKey = TakeInterruptKey();
   std::mbstate_t state{};
   while (true) {
@@ -62,7 +76,13 @@ int ReadCharacter(EditLine*, wchar_t* character) {
       *character = kAbandonKey;
       return 1;
     }
-    if (count < 0 && errno == EINTR) continue;
+    if (count < 0 && errno == EINTR) {
+      // The window has another size, or the program goes on after it was stopped.
+      el_resize(editor);
+      TakeInterruptKey();
+      el_set(editor, EL_REFRESH);
+      continue;
+    }
     if (count <= 0) return static_cast<int>(count);
     const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
     if (used == static_cast<std::size_t>(-2)) continue;  // more bytes follow
@@ -154,6 +174,7 @@ LineEditor::LineEditor(Completer completer, const std::string& history)
   el_set(editor, EL_CLIENTDATA, state_.get());
   el_set(editor, EL_PROMPT, &State::Prompt);
   el_set(editor, EL_EDITOR, "emacs");
+  el_set(editor, EL_SIGNAL, 1);
   el_set(editor, EL_HIST, &::history, state_->history);
   el_set(editor, EL_GETCFN, &ReadCharacter);
   el_set(editor, EL_ADDFN, "wmihost-complete", "Complete the word", &State::Complete);
@@ -178,7 +199,10 @@ std::optional<std::string> LineEditor::Read(const std::string& prompt) {
   interrupted = 0;
   el_resize(state_->editor);
   int length = 0;
+  warned = 0;
+  reading = 1;
   const char* typed = el_gets(state_->editor, &length);
+  reading = 0;
   if (state_->abandoned) {
     std::printf("^C\n");
     std::fflush(stdout);

@@ -8,12 +8,35 @@ namespace host::os {
 namespace {
 
 std::atomic<bool> interrupted = false;
+std::atomic<bool> reading = false;
+std::atomic<bool> warned = false;
 
+/// A provider has no way to be stopped: who wants its request to end ends the shell, by what the
+/// system does when no handler takes the key.
 BOOL WINAPI NoteInterrupt(DWORD event) {
   if (event != CTRL_C_EVENT) return FALSE;
-  interrupted = true;
+  if (reading) {
+    interrupted = true;
+    return TRUE;
+  }
+  if (warned.exchange(true)) return FALSE;
+  constexpr char kText[] =
+      "\r\nwmihost: a request cannot be interrupted; Ctrl-C again ends the shell\r\n";
+  DWORD written = 0;
+  WriteFile(GetStdHandle(STD_ERROR_HANDLE), kText, sizeof kText - 1, &written, nullptr);
   return TRUE;
 }
+
+/// During its lifetime the user is asked for a line.
+struct Reading {
+  Reading() {
+    warned = false;
+    reading = true;
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+  ~Reading() { reading = false; }
+};
 
 /// One line of a console, in UTF-8; nullopt at the end of input, or if it is not a console.
 std::optional<std::string> ReadConsole(HANDLE input) {
@@ -50,6 +73,7 @@ LineEditor::~LineEditor() {
 }
 
 std::optional<std::string> LineEditor::Read(const std::string& prompt) {
+  const Reading whileHere;
   std::cout << prompt << std::flush;
   const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
   DWORD mode = 0;

@@ -102,8 +102,8 @@ class ServiceConnection {
 /// A password typed without echo, or else the first line of standard input.
 std::string ReadPassword(const std::string& prompt);
 
-/// Reads lines that a user types. During its lifetime Ctrl-C abandons the line and does nothing
-/// else.
+/// Reads lines that a user types. Ctrl-C abandons the line. Between the lines, while a request
+/// runs, the first Ctrl-C says that it cannot be interrupted, and the second ends the program.
 class LineEditor {
  public:
   struct Completion {

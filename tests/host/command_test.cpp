@@ -43,6 +43,8 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
       {{}, "a command is expected"},
       {{"fly"}, "there is no command 'fly'; help lists"},
       {{"emun", "A"}, "did you mean enum?"},
+      {{"SCAN"}, "there is no command 'SCAN'; networks shows"},
+      {{"list"}, "; adapters, networks and classes list"},
       {{"enum"}, "CLASS"},
       {{"enum", "A", "B"}, "'B' is one argument too many; see help enum"},
       {{"enum", "A", "--feilds=x"}, "no option '--feilds' here (did you mean --fields?)"},
@@ -55,6 +57,7 @@ TEST(CommandLineOptions, AreRefusedInOneLine) {
       {{"call", "P"}, "METHOD"},
       {{"dump", "--format", "csv"}, "dump takes table, list or json"},
       {{"dump", "--fields", "A"}, "dump takes none"},
+      {{"dump", "--sort", "-A"}, "--sort: dump takes none"},
       {{"enum", "A", "--provider"}, "--provider"},
   };
   for (const auto& [arguments, part] : rows) {
@@ -113,6 +116,26 @@ std::set<std::string> LinesOfDocument(const char* file) {
   std::set<std::string> lines;
   for (std::string line; std::getline(document, line);) lines.insert(line);
   return lines;
+}
+
+TEST(CommandTable, HasExamplesThatAreCommandLines) {
+  for (const CommandRow& row : Commands()) {
+    EXPECT_GE(row.examples.size(), 2u) << row.name;
+    EXPECT_LE(row.examples.size(), 3u) << row.name;
+    for (const std::string example : row.examples) {
+      const std::string program = "wmihost ";
+      const std::size_t start = example.find(program);
+      const bool inShell = start == std::string::npos;
+      // What the system's own shell does with the line is not ours.
+      const std::string line = inShell ? example : example.substr(start + program.size());
+      const std::vector<std::string> words =
+          SplitShellLine(line.substr(0, inShell ? line.size() : line.find_first_of("|><)")));
+      const CommandLine parsed =
+          inShell ? ParseShellCommand(words, Command()) : ParseCommandLine(words);
+      ASSERT_NE(parsed.command.row, nullptr) << example;
+      EXPECT_STREQ(parsed.command.row->name, row.name) << example;
+    }
+  }
 }
 
 TEST(CommandTable, StandsInTheDocument) {
@@ -203,6 +226,9 @@ TEST_F(CommandTest, AnswersWithStatusOutputAndOneErrorLine) {
       {"enum Toy", kSuccess, kToy, ""},
       {"enum toy --fields COUNT", kSuccess, "[\n  {\n    \"Count\": 1\n  }\n]\n", ""},
       {"enum Toy --fields Size", kBadInput, "", "Toy has no property 'Size'; it has Id"},
+      {"enum Toy --sort Size", kBadInput, "", "Toy has no property 'Size'; it has Id"},
+      {"enum Toy --sort -count", kSuccess, kToy, ""},
+      {"enum Toy --fields ALL", kSuccess, kToy, ""},
       {"enum Nothing", kNotFound, "", "Nothing: WBEM_E_INVALID_CLASS (0x80041010): no such class"},
       {"get Toy.Id=\"a\"", kSuccess, kToy, ""},
       {"query \"SELECT * FROM Toy WHERE Count = 2\"", kSuccess, "[]\n", ""},

@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "host/format/sort.h"
 #include "host/format/visible_text.h"
 
 namespace host {
@@ -43,9 +44,10 @@ TEST(Format, Csv) {
 }
 
 TEST(Format, TableAtATerminalWithColors) {
-  EXPECT_EQ(FormatRows(Json::parse(R"([{"A":null,"B":1},{"A":"x"}])"), OutputFormat::kTable, 100,
-                       {}, true),
-            "\x1b[1mA     B\x1b[0m\n----  ----\n\x1b[2mNULL\x1b[0m  1\nx     \x1b[2mNULL\x1b[0m\n");
+  EXPECT_EQ(
+      FormatRows(Json::parse(R"([{"A":null,"B":1},{"A":"x"}])"), OutputFormat::kTable, 100, {},
+                 true),
+      "\x1b[1mA        B\x1b[0m\n----  ----\n\x1b[2mNULL\x1b[0m     1\nx     \x1b[2mNULL\x1b[0m\n");
 }
 
 TEST(Format, List) {
@@ -59,8 +61,8 @@ TEST(Format, TableWithRowsThatFit) {
   EXPECT_EQ(FormatRows(Rows(), OutputFormat::kTable, 38),
             "Id             Count  On    Tags  Note\n"
             "-------------  -----  ----  ----  ----\n"
-            "a,\"b\"          -5     true  x, y\n"
-            "line\\x0abreak  10\n");
+            "a,\"b\"             -5  true  x, y\n"
+            "line\\x0abreak     10\n");
   EXPECT_EQ(FormatRows(Json::array(), OutputFormat::kTable, 100), "");
 }
 
@@ -118,6 +120,56 @@ TEST(VisibleText, IsNoLongerThanAScreenInAnError) {
         ShortText("\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac", most);
     EXPECT_EQ((cut.size() - std::string(" ... ").size()) % 3, 0u) << cut;
   }
+}
+
+TEST(Format, TableAlignsNumbersAtTheirEnd) {
+  const Json rows = Json::parse(R"([
+    {"N": 5, "Text": "-58 dBm", "Rate": "54.0 Mbps", "Mac": "00:1A", "Version": "4.0.2", "Band": "802.11g"},
+    {"N": -10, "Text": "7 dBm", "Rate": "9 Mbps", "Mac": "02:1A", "Version": "11.0.2"}])");
+  EXPECT_EQ(TableText(rows, 100),
+            "  N     Text       Rate  Mac    Version  Band\n"
+            "---  -------  ---------  -----  -------  -------\n"
+            "  5  -58 dBm  54.0 Mbps  00:1A  4.0.2    802.11g\n"
+            "-10    7 dBm     9 Mbps  02:1A  11.0.2\n");
+}
+
+TEST(Format, TableSaysOnceWhatIsEqualInAllRows) {
+  Json rows =
+      Json::parse(R"([{"Key": "7", "Where": "a place", "No": null, "Name": "one", "More": "x"},
+                              {"Key": "7", "Where": "a place", "Name": "two", "More": "y"}])");
+  EXPECT_EQ(TableText(rows, 20),
+            "In all rows: Key 7;\nWhere a place; No\nNULL\n\nName  More\n----  ----\none   x\n"
+            "two   y\n");
+  EXPECT_TRUE(TableText(rows, 40).starts_with("Key  Where")) << "what fits stays as it is";
+  rows[1] = rows[0];
+  EXPECT_TRUE(TableText(rows, 20).starts_with("Property  Instance 1")) << "nothing would be left";
+}
+
+TEST(Format, TableBreaksLinesBetweenWords) {
+  const Json rows =
+      Json::parse(R"([{"Id": 1, "Is": true, "Text": "longer than there is room for it"},
+                                    {"Id": 2, "Is": false, "Text": "anunbreakablewordofthirtyletters"}])");
+  EXPECT_EQ(TableText(rows, 45),
+            "Id  Is     Text\n--  -----  --------------------------------\n"
+            " 1  true   longer than there is room for it\n"
+            " 2  false  anunbreakablewordofthirtyletters\n");
+  EXPECT_EQ(TableText(Json::array({rows[0], {{"Id", 2}, {"Is", false}, {"Text", "short"}}}), 36),
+            "Id  Is     Text\n--  -----  -------------------------\n"
+            " 1  true   longer than there is room\n           for it\n 2  false  short\n");
+}
+
+TEST(Format, SortsNumbersAlsoWithinTexts) {
+  const Json values = Json::parse(
+      R"(["-58 dBm", "-7 dBm", null, "b", "A", "10.1", 9, true, "inf", "-100", "", "00:1B", "00:1A"])");
+  const auto sorted = [&](bool descending) {
+    Json order = Json::array();
+    for (const std::size_t index : SortedOrder(values, descending)) order.push_back(values[index]);
+    return order.dump();
+  };
+  EXPECT_EQ(sorted(false),
+            R"(["-100","-58 dBm","-7 dBm","00:1A","00:1B",true,9,"10.1","","A","b","inf",null])");
+  EXPECT_EQ(sorted(true),
+            R"(["inf","b","A","","10.1",9,true,"00:1B","00:1A","-7 dBm","-58 dBm","-100",null])");
 }
 
 TEST(Format, AlignsByDisplayWidth) {

@@ -38,6 +38,9 @@ TEST(Completion, OffersWhatThePlaceTakes) {
   const auto paths = [](const std::string& className) {
     return std::vector<std::string>{className + ".Id=\"a\"", className + ".Id=\"b\""};
   };
+  const auto members = [](const std::string& typed) {
+    return std::vector<std::string>{typed + "Power=", "other/", typed + "\u202e"};
+  };
   const std::tuple<const char*, std::size_t, std::vector<std::string>> rows[] = {
       {"en", 0, {"enum"}},
       {"SEL", 0, {"SELECT"}},
@@ -55,9 +58,12 @@ TEST(Completion, OffersWhatThePlaceTakes) {
       {"enum Toy --fields Id,co", 18, {"Id,Count"}},
       {"query \"SELECT * FROM To", 21, {"Toy"}},
       {"SELECT * FROM Toy WHERE Co", 24, {"Count"}},
+      {"set a=1 adapters/0/tx", 8, {"adapters/0/txPower="}},
+      {"reload " DOCS_FOLDER "sc", 7, {DOCS_FOLDER "scenarios.md"}},
+      {"reload no-such-folder/", 7, {}},
   };
   for (const auto& [line, start, words] : rows) {
-    const auto completion = CompleteLine(line, ToyRepository(), paths);
+    const auto completion = CompleteLine(line, ToyRepository(), paths, members);
     EXPECT_EQ(completion.words, words) << line;
     EXPECT_EQ(completion.start, start) << line;
   }

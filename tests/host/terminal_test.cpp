@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -40,10 +41,18 @@ class Terminal {
   }
 
   /// Types after the program has switched to single keys; the prompt comes a moment earlier.
-  void Type(const std::string& keys) {
+  void Type(const std::string& keys) { TypeWhen(false, keys); }
+  /// Types Ctrl-C during a command.
+  void Interrupt() { TypeWhen(true, "\x03"); }
+  void Resize(unsigned short columns) {
+    const winsize size = {24, columns, 0, 0};
+    EXPECT_EQ(ioctl(terminal_, TIOCSWINSZ, &size), 0);
+  }
+  void Signal(int signal) { kill(pid_, signal); }
+  void TypeWhen(bool takesLines, const std::string& keys) {
     termios modes{};
     for (int waited = 0; waited < kPatience; ++waited) {
-      if (tcgetattr(terminal_, &modes) == 0 && (modes.c_lflag & ICANON) == 0) break;
+      if (tcgetattr(terminal_, &modes) == 0 && ((modes.c_lflag & ICANON) != 0) == takesLines) break;
       usleep(1000);
     }
     EXPECT_EQ(write(terminal_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
@@ -133,9 +142,50 @@ TEST_F(TerminalTest, AbandonsALineAndKeepsTheMachine) {
   EXPECT_EQ(terminal.ExitStatus(), 0);
 }
 
+TEST_F(TerminalTest, SaysThatARequestCannotBeInterruptedAndEndsAtTheSecondKey) {
+  Terminal terminal(arguments_);
+  EXPECT_NE(terminal.ReadTo(kPrompt).find("test-bench.json. help lists the commands"),
+            std::string::npos);
+  for (const bool isLast : {false, true}) {
+    terminal.Run("set 'faults=[{\"operation\": \"GetBand\", \"delayMs\": 1500, \"times\": 1}]'");
+    terminal.Type("enum WiFi_NetworkAdapter --fields Band\r");
+    terminal.Interrupt();
+    terminal.ReadTo("a request cannot be interrupted; Ctrl-C again ends the shell");
+    if (isLast) break;
+    EXPECT_NE(terminal.ReadTo(kPrompt).find("802.11"), std::string::npos);
+  }
+  terminal.Interrupt();
+  EXPECT_EQ(terminal.ExitStatus(), -SIGINT);
+}
+
+TEST_F(TerminalTest, RedrawsTheLine) {
+  Terminal terminal(arguments_);
+  terminal.ReadTo(kPrompt);
+  terminal.Type("describe WiFi_System");
+  terminal.ReadTo("System");
+  const std::string line = kPrompt + std::string("describe WiFi_System");
+  terminal.Type("\x0c");
+  terminal.ReadTo(line);
+  terminal.Resize(60);
+  terminal.ReadTo(line);
+  terminal.Signal(SIGSTOP);
+  terminal.Signal(SIGCONT);
+  terminal.ReadTo(line);
+  EXPECT_NE(terminal.Run("Policies").find("SettingID: string, key, read"), std::string::npos);
+  terminal.Type("exit\r");
+  EXPECT_EQ(terminal.ExitStatus(), 0);
+}
+
 TEST_F(TerminalTest, CompletesWhatThePlaceTakes) {
   Terminal terminal(arguments_);
   terminal.ReadTo(kPrompt);
+  terminal.Type("set adapters/0/radioS\t");
+  terminal.ReadTo("tate=");
+  terminal.Type("f\t");
+  terminal.ReadTo("alse");
+  terminal.Run("");
+  EXPECT_NE(terminal.Run("enum WiFi_NetworkAdapter --fields RadioState --format csv").find("false"),
+            std::string::npos);
   EXPECT_NE(terminal.Run("desc\tWiFi_SystemP\t").find("SettingID: string, key, read"),
             std::string::npos);
   terminal.Type("get WiFi_NetworkAdapter.D\t");
