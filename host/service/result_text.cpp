@@ -18,6 +18,8 @@ struct ResultCode {
 constexpr ResultCode kResultCodes[] = {
 #include "platform/tables/result_codes.inc"
     // Codes of a connection to another machine's service.
+    {static_cast<HRESULT>(0x80041015), "WBEM_E_TRANSPORT_FAILURE",
+     "there is no such machine, or it cannot be reached"},
     {static_cast<HRESULT>(0x800706BA), "RPC_S_SERVER_UNAVAILABLE",
      "there is no such machine, or its service cannot be reached"},
     {static_cast<HRESULT>(0x800706BF), "RPC_S_CALL_FAILED_DNE", "its service does not answer"},

@@ -21,5 +21,6 @@ expect 0 '"ReturnValue": 0' call StdRegProv EnumKey hDefKey=-2147483646 sSubKeyN
 expect 2 'sSubKey: ' call StdRegProv EnumKey sSubKey=Software
 expect 3 "WBEM_E_NOT_FOUND" get Win32_Nothing
 expect 4 'wmihost: root.nowhere: ' 'root\nowhere' enum Win32_BIOS
+expect 4 'wmihost: ..nowhere.root.cimv2: WBEM_E_TRANSPORT_FAILURE' '\\nowhere\root\cimv2' enum Win32_BIOS
 expect 2 'it does nothing for shell' shell
 exit "$bad"
