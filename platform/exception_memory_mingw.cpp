@@ -1,9 +1,10 @@
-// Where this module's C++ exceptions live, in place of the compiler's own runtime, which takes
-// memory, a lock and a record of the thread for the first one: without memory the process died, and
-// each load and unload of the module left them behind. Here an exception needs nothing that can
-// fail but for the largest exceptions and the most threads, and nothing outlives the module. The
-// names and layouts are those of the compiler's C++ interface, which CheckExceptionLayout.cmake
-// compares with the runtime at hand; linked into each module by itself.
+// Allocates the C++ exceptions of this module, in place of the compiler's own runtime. That runtime
+// allocates memory, a lock and a record of the thread for the first exception: if memory is short
+// it ends the process, and it frees nothing when the module is unloaded. Here all is freed with the
+// module. If memory is short, only an exception of more than a block, or a thread beyond the first
+// table, ends the process. Names and layouts are those of the compiler's C++ ABI, which
+// CheckExceptionLayout.cmake compares with the installed runtime. Linked into each module
+// separately.
 
 #include <cxxabi.h>
 #include <unwind.h>
@@ -20,12 +21,12 @@
 
 namespace {
 
-/// The runtime's header in front of each exception object, in bytes. Exactly as large: an exception
-/// of another module may be freed here, and the other way round.
+/// The size in bytes of the runtime's header in front of each exception object. It must be exact,
+/// because one module may free an exception that another one allocated.
 constexpr std::size_t kHeader = 160;
 static_assert(sizeof(_Unwind_Exception) == 64, "the header was measured with this part");
 
-/// Room for exceptions that ordinary memory has no room for: more than a program has at a time.
+/// Blocks for exceptions when malloc fails. A program does not have as many exceptions at a time.
 struct Reserve {
   static constexpr std::size_t kCount = 64;
   struct alignas(std::max_align_t) Block {
@@ -61,17 +62,17 @@ void Free(void* memory) noexcept {
   if (!reserve.Return(memory)) std::free(memory);
 }
 
-/// What a thread has thrown and caught, by its number; 0 is a free row. A row is found from the
-/// thread's own place on, and goes with the thread.
+/// The exceptions that a thread has thrown and caught. `thread` is its id; 0 is a free row. The
+/// search for a row begins at an index made from the id. The row is freed when the thread ends.
 struct ThreadRow {
   std::atomic<DWORD> thread;
   struct {
     void* caught;
     unsigned int uncaught;
-  } books;  ///< the runtime's own
+  } books;  ///< the runtime's __cxa_eh_globals
 };
-/// Rows enough for all but the busiest programs; once they are taken, another table follows on the
-/// heap, which goes with the module.
+/// Enough rows for nearly all programs. When all are taken, another table is allocated, which is
+/// freed when the module is unloaded.
 struct ThreadTable {
   static constexpr std::size_t kRows = 1024;
   ThreadRow rows[kRows];
@@ -80,7 +81,7 @@ struct ThreadTable {
 constinit ThreadTable firstThreads = {};
 
 ThreadRow* TakeRow(DWORD wanted, DWORD mark) noexcept {
-  const std::size_t home = GetCurrentThreadId() / 4;  // thread numbers are multiples of 4
+  const std::size_t home = GetCurrentThreadId() / 4;  // thread ids are multiples of 4
   for (ThreadTable* table = &firstThreads; table != nullptr; table = table->next) {
     for (std::size_t step = 0; step < ThreadTable::kRows; ++step) {
       ThreadRow& row = table->rows[(home + step) % ThreadTable::kRows];
@@ -108,8 +109,8 @@ void FreeTables() noexcept {
   while (table != nullptr) std::free(std::exchange(table, table->next));
 }
 
-/// A thread that begins has nothing in hand: a row with its number is that of one which was ended
-/// from outside. Where the whole process ends, its memory goes by itself.
+/// A new thread has no exceptions: a row with its id belonged to a thread that was terminated, and
+/// is freed. When the process ends, the tables need not be freed.
 void NTAPI OnThread(PVOID, DWORD reason, PVOID processEnds) {
   if (reason == DLL_THREAD_ATTACH || reason == DLL_THREAD_DETACH) {
     TakeRow(GetCurrentThreadId(), 0);
@@ -120,7 +121,7 @@ void NTAPI OnThread(PVOID, DWORD reason, PVOID processEnds) {
 
 }  // namespace
 
-// The system calls it when a thread begins or ends while the module is loaded, and at its end.
+// The system calls it when a thread begins or ends, and when the module is unloaded.
 extern "C" __attribute__((section(".CRT$XLE"), used))
 const PIMAGE_TLS_CALLBACK exception_memory_on_thread = OnThread;
 

@@ -56,7 +56,7 @@ std::string AnsiText(const OLECHAR* text) {
   return Narrow(CP_ACP, ViewOf(text));
 }
 Bstr ThroughAnsi(OleStringView text) {
-  // Most texts are ASCII, which comes back as it was.
+  // Most texts are ASCII, which the conversion does not change.
   const bool ascii = std::none_of(text.begin(), text.end(), [](OLECHAR c) { return c >= 0x80; });
   return ascii ? Bstr(text) : AnsiBstr(Narrow(CP_ACP, text));
 }

@@ -16,7 +16,7 @@ std::string AnsiText(const OLECHAR* text);
 OleString WideText(std::string_view ansi);
 /// The wide form as a BSTR, converted in place; null if out of memory.
 Bstr AnsiBstr(std::string_view ansi) noexcept;
-/// A wide text as it comes back from the ANSI code page; null if there is no memory for it.
+/// A wide text after conversion to the ANSI code page and back; null if out of memory.
 Bstr ThroughAnsi(OleStringView text);
 
 /// Whether `text` equals `ascii`; false if `text` is null.

@@ -27,7 +27,7 @@ class Variant {
   static Variant Text(OleStringView text);
   /// Takes over the text. A null text (a failed allocation) gives VT_ERROR with E_OUTOFMEMORY.
   static Variant Owning(Bstr text) noexcept {
-    Variant variant;  // built in place: a copy of parts just written would stall
+    Variant variant;  // built in place: copying members just written stalls the CPU
     if (text) {
       variant.value_.vt = VT_BSTR;
       variant.value_.bstrVal = text.release();

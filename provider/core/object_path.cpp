@@ -60,7 +60,7 @@ void AppendValue(OleString& path, const VARIANT& value) {
     case VT_ERROR:
       throw std::bad_alloc();  // as in AddKey
     default:
-      return;  // no type of a key
+      return;  // not a type of a key
   }
 }
 
