@@ -12,7 +12,7 @@ HRESULT Instance::Put(LPCWSTR name, LONG, VARIANT* value, CIMTYPE) {
   if (next_ == slots_.size()) slots_.emplace_back();
   PutValue& slot = slots_[next_++];
   if (slot.name != name) slot.name = name;
-  return VariantCopy(slot.value.in_place(), value);  // which clears what was there
+  return VariantCopy(slot.value.in_place(), value);  // which clears the old value
 }
 
 HRESULT Definition::SpawnInstance(LONG, IWbemClassObject** instance) {

@@ -1,5 +1,6 @@
-# Whether the compiler's C++ runtime has the layouts that platform/exception_memory_mingw.cpp takes for
-# granted: read from the runtime itself, as none of its headers tells. GCC 12 and 14 have them.
+# Checks that the compiler's C++ runtime has the layouts that platform/exception_memory_mingw.cpp
+# assumes. They are read from the runtime itself, because its headers do not contain them. GCC 12 and 14
+# have them.
 separate_arguments(exception_flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
 if(CMAKE_CXX_COMPILER_TARGET)
   list(PREPEND exception_flags --target=${CMAKE_CXX_COMPILER_TARGET})
@@ -19,7 +20,7 @@ function(runtime_holds member pattern what)
   endif()
 endfunction()
 
-# The first instructions add the header's 160 bytes to the size that is asked for.
+# The first instructions add the header's 160 bytes to the requested size.
 runtime_holds(eh_alloc.o "<__cxa_allocate_exception>:[^<]*lea +0xa0\\(%rcx\\)"
               "a header of 160 bytes in front of exceptions" -d --disassemble=__cxa_allocate_exception)
 # The variable of each thread begins with its size and its alignment: a pointer and a number.

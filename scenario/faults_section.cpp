@@ -49,7 +49,7 @@ void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
   member.FailExpecting("the number of an adapter, " + Join(views));
 }
 
-/// Whether calls of an operation are about an adapter.
+/// Whether calls of an operation concern an adapter.
 bool IsOfAdapter(const std::string& operation) {
   const auto* known = std::ranges::find(kFaultTargets, operation, &FaultTarget::name);
   return known != std::end(kFaultTargets) && known->ofAdapter;

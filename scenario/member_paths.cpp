@@ -21,7 +21,7 @@ constexpr ListMember kListMembers[] = {
     {"cachedNetworks", &Adapter::cachedNetworks, &kNetworkTable},
     {"availableNetworks", &Adapter::availableNetworks, &kNetworkTable},
     {"excludeList", &Adapter::excludeList, &kExcludeEntryTable}};
-/// Members that only a machine that starts reads.
+/// Members that are read only when a machine starts.
 constexpr std::string_view kFixedMembers[] = {"number", "mac", "present"};
 
 std::size_t EntryNumber(std::string_view text) {
@@ -57,7 +57,7 @@ const Field* MemberField(const Table& table, std::string_view name) {
   return field == table.fields.end() ? nullptr : &*field;
 }
 
-/// The table of the members below a path; null where none has one.
+/// The table of the members below a path; null if there is none.
 const Table* TableBelow(const PathSteps& path) {
   if (path.size() == 3 && path[0] == "profiles") return &kProfileTable;
   if (path.size() < 2 || path[0] != "adapters") return nullptr;

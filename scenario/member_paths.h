@@ -8,9 +8,9 @@ namespace simulator {
 
 struct Scenario;
 
-/// What may stand where a person types the path of a member that can be changed while the machine
-/// plays: `typed` as far as it goes, each with a / behind it if more is to come, else with a =.
-/// Behind a = the member's values, where they have names.
+/// The completions of `typed`, the beginning of the path of a member that can be changed at run
+/// time. Each ends with a / if more must follow, else with a =. After a = they are the member's
+/// values, if these have names.
 std::vector<std::string> MemberPaths(std::string_view typed, const Scenario& scenario);
 
 }  // namespace simulator

@@ -20,7 +20,7 @@ using AdapterNumbers = std::vector<adapterapi::AdapterNumber>;
 
 /// The faults of the section `node`; they may name only these adapters, or any if it is null.
 std::vector<Fault> ReadFaults(const Node& node, const AdapterNumbers* adapters);
-/// Reads members of one fault over what it already holds. Throws ScenarioError.
+/// Reads members of one fault over its present content. Throws ScenarioError.
 void ReadFault(const Node& node, const AdapterNumbers* adapters, Fault& fault);
 
 /// The platform's view of the adapters, for a scenario that does not give it.

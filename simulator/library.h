@@ -20,7 +20,7 @@ class Library final : public AdapterApi {
   explicit Library(Loader loader = &ScenarioOfEnvironment) : loader_(std::move(loader)) {}
 
   /// Changes a member of the machine, which is read first if necessary. If it is one of the faults,
-  /// the calls of all faults are counted from 0 again. Throws ScenarioError.
+  /// the call counters of all faults are reset. Throws ScenarioError.
   void Change(const std::string& path, const std::string& value);
   /// Plays another scenario from now on. Lists returned before become invalid.
   void Play(Scenario scenario);

@@ -1,5 +1,5 @@
 #pragma once
-// What a table shows of a class whose properties are more than a terminal is wide.
+// The columns of a class that a table shows if all would be too wide for a terminal.
 
 #include <string>
 #include <string_view>
@@ -12,13 +12,13 @@ namespace host {
 struct ClassView {
   const char* className;
   std::vector<std::string> columns;
-  const char* sort;  ///< as --sort takes it; empty for the provider's order
+  const char* sort;  ///< in the form of --sort; empty for the provider's order
 };
 
-/// The view of a class, null for one of which all is shown.
+/// The view of a class, null for a class that is shown completely.
 const ClassView* ViewOf(std::string_view className);
 
-/// The view's columns that any of the rows has.
+/// The view's columns that at least one row has.
 std::vector<std::string> ColumnsOfView(const ClassView& view, const Json& rows);
 
 }  // namespace host

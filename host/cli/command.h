@@ -19,7 +19,7 @@ class Command {
   const CommandRow* row = nullptr;
   OutputFormat format = OutputFormat::kTable;
   std::vector<std::string> fields;  ///< empty for all, or what a table shows of a class
-  bool allFields = false;           ///< all of them in a table too
+  bool allFields = false;           ///< shows all fields even in a table
 
   bool Has(const std::string& name) const { return values_.contains(name); }
   /// The only or last value; nullopt if it was not typed.

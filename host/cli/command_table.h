@@ -72,7 +72,7 @@ struct CommandRow {
   /// format.
   std::vector<OutputFormat> formats = {};
   bool takesFields = false;
-  /// Whole lines: with the program's name where they are typed on a command line.
+  /// Whole lines, with the program's name if they are typed on a command line.
   std::vector<const char*> examples = {};
   /// In addition to success, kUnexpected, kBadInput and kNotWritten, which apply to every command.
   std::vector<ExitStatus> statuses = {};

@@ -114,8 +114,8 @@ Words QueryWords(const std::string& query, const Repository& repository) {
   return all;
 }
 
-/// The files and folders that a name may become. A name with blanks or quotes would be several
-/// words.
+/// The files and folders that complete a name. Names with blanks or quotes are left out, because
+/// they would be several words.
 Words Files(const std::string& word) {
   const std::size_t slash = word.rfind('/');
   const std::string folder = slash == std::string::npos ? "" : word.substr(0, slash + 1);

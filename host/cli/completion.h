@@ -12,8 +12,8 @@ namespace host {
 /// Returns the object paths of a class's instances.
 using PathSource = std::function<std::vector<std::string>(const std::string& className)>;
 
-/// Returns the members of the simulated machine, with their values, that may complete what is
-/// typed.
+/// Returns the members of the simulated machine, with their values, that can complete the typed
+/// text.
 using MemberSource = std::function<std::vector<std::string>(const std::string& typed)>;
 
 /// The completions of a shell's line from the word at the cursor on: commands first, then the

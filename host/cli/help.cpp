@@ -26,7 +26,7 @@ std::string Options(const std::vector<OptionRow>& rows) {
   return text;
 }
 
-/// What people type who know other programs, and what they may mean.
+/// Words that users of other programs may type, and the commands that they may mean.
 struct GuessRow {
   const char* word;
   const char* advice;

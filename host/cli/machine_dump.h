@@ -5,7 +5,7 @@
 
 namespace host {
 
-/// All instances of all classes as the provider shows them and, behind them, where they come from;
+/// All instances of all classes as the provider shows them and, after them, where they come from;
 /// `status` becomes that of the worst enumeration.
 Json ReportedDump(CommandContext& context, ExitStatus* status);
 

@@ -36,7 +36,7 @@ class ProviderHost {
   void SetMember(const std::string& path, const std::string& value);
   /// Whether the libraries are those of the simulator.
   bool IsSimulated() const;
-  /// The members of the simulated machine that may complete what is typed.
+  /// The members of the simulated machine that can complete the typed text.
   std::vector<std::string> MembersFor(const std::string& typed) const;
   /// Starts the time after which the running command is shown.
   void BeginCommand() {
@@ -62,7 +62,7 @@ class ProviderHost {
   std::optional<simulator::OsVersion> namedVersion_;  ///< by the command line
   std::optional<simulator::OsVersion> osVersion_;     ///< if not the system's own
   simulator::OsVersion ownVersion_;
-  std::string scenarioText_;          ///< that plays, as it was when the machine started
+  std::string scenarioText_;          ///< the current scenario as it was when the machine started
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

@@ -56,7 +56,7 @@ std::string InDoubleQuotes(std::string word) {
   return '"' + word + '"';
 }
 
-/// A command with another path, as it is typed where `quote` writes its words.
+/// A command with another path, as it is typed if `quote` writes its words.
 std::string LineOf(const Command& command, const std::string& path,
                    std::string (*quote)(std::string)) {
   std::string line = std::string(command.row->name) + " " + quote(path);

@@ -19,7 +19,7 @@ class ScenarioFile {
   /// ScenarioError.
   simulator::LoadedScenario Load(const std::optional<std::string>& other = std::nullopt);
 
-  /// Which it is, for a person.
+  /// The name of the scenario for messages.
   std::string Name() const {
     return path_.empty()  ? "the scenario that is compiled in"
            : path_ == "-" ? "standard input"

@@ -32,7 +32,7 @@ std::vector<std::string> PathsOf(CommandContext& context, const std::string& cla
   return paths;
 }
 
-/// Whose adapters the commands are about.
+/// The machine whose adapters the commands concern.
 std::string MachineOf(const CommandContext& context) {
   if (context.provider == nullptr || !context.provider->IsSimulated()) return "this machine";
   return "simulated machine of " + VisibleText(context.scenario->Name());

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kPathName = "__RELPATH";
 
-/// What each object has of a property.
+/// The value of a property in each object.
 std::vector<Json> ValuesOf(const std::vector<CimObject>& objects, const std::string& name) {
   std::vector<Json> values;
   for (const CimObject& object : objects) {

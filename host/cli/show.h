@@ -27,13 +27,13 @@ Json RowsOf(const std::vector<CimObject>& objects, const std::vector<std::string
 /// The fields in the spelling of the class; unchanged if the class is unknown.
 /// Throws ValueError.
 std::vector<std::string> FieldsOf(const ClassInfo* info, const std::vector<std::string>& fields);
-/// The same of a command's --fields, whose --sort has to be a property too.
+/// The same for a command's --fields; its --sort must name a property too.
 std::vector<std::string> FieldsOf(const ClassInfo* info, const Command& command);
 
 /// Refuses a chart of a class that cannot be drawn; unknown classes are left to the provider.
 void CheckChart(const Repository& repository, const Command& command, const ClassInfo* info);
 
-/// How the instances of a class are shown: in which order, and in a table with which columns.
+/// How the instances of a class are shown: their order, and the columns of a table.
 class RowsShown {
  public:
   /// `className` is empty for instances of several classes; `fields` are in the spelling of the
@@ -69,7 +69,7 @@ ExitStatus Show(CommandContext& context, const std::string& what, const std::str
                 const Outcome& outcome, const Command& command,
                 const std::vector<std::string>& fields, const ClassInfo* listed = nullptr);
 
-/// Says of a change that was made that it ends with this command, where the machine is simulated.
+/// Reports that a change ends with this command, if the machine is simulated.
 void TellThatItEnds(CommandContext& context);
 
 /// Reports that a method failed: its ReturnValue, in the row of its out-parameters, is FALSE or

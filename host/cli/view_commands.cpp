@@ -14,7 +14,7 @@ namespace {
 
 struct ViewRow {
   const char* command;
-  Json (*rows)(const Machine& machine);  ///< null for a view that is for people alone
+  Json (*rows)(const Machine& machine);  ///< null for a view that has no rows
   std::string (*text)(const Machine& machine, int width, bool color);
 };
 
@@ -28,7 +28,7 @@ ExitStatus ShowMachine(const Command& command, CommandContext& context, const Du
   const ViewRow& view = *std::ranges::find_if(kViews, [&](const ViewRow& row) {
     return SameIgnoringAsciiCase(row.command, command.row->name);
   });
-  // What failed is said below, once and with what it means.
+  // Failures are reported below, once, with their consequences.
   std::ostream nowhere(nullptr);
   CommandContext quiet = {context.repository, context.session, context.output, nowhere,
                           context.width};

@@ -28,7 +28,7 @@ Key KeyOf(const Json& value) {
   for (char& letter : key.text) letter = platform::AsciiLower(letter);
   const std::string_view digits =
       std::string_view(key.text).substr(key.text.starts_with('-') ? 1 : 0);
-  // Names such as "inf" and "nan" are no numbers.
+  // Names such as "inf" and "nan" are not numbers.
   if (digits.empty() || digits[0] < '0' || digits[0] > '9') return key;
   const char* end = key.text.data() + key.text.size();
   if (std::from_chars(key.text.data(), end, key.number).ec == std::errc()) key.rank = Key::kNumber;

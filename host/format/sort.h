@@ -7,9 +7,9 @@
 
 namespace host {
 
-/// The places of values in their order: numbers, among them those that texts begin with ("-58
-/// dBm"), then texts, without regard to the case of letters. Equal ones stay as they are, and what
-/// has no value comes last, also where the order is turned around.
+/// The indexes of values in ascending order: numbers, including numbers at the beginning of a text
+/// ("-58 dBm"), then texts, without regard to letter case. Equal values keep their order, and
+/// missing values come last, even in descending order.
 std::vector<std::size_t> SortedOrder(const std::vector<Json>& values, bool descending);
 
 }  // namespace host

@@ -8,9 +8,9 @@ namespace host {
 namespace {
 
 constexpr int kGap = 2;  ///< blanks between columns
-/// So many columns stay side by side even where the last runs over the edge.
+/// This number of columns is never transposed, even if the last one is too wide.
 constexpr std::size_t kAlwaysUpright = 2;
-constexpr int kLeastRoom = 24;  ///< for a column whose texts go on in a line below
+constexpr int kLeastRoom = 24;  ///< minimum width of a column whose texts are wrapped
 
 constexpr std::string_view kBold = "\x1b[1m";
 constexpr std::string_view kDim = "\x1b[2m";
@@ -27,7 +27,7 @@ struct Cell {
   bool operator==(const Cell&) const = default;
 };
 
-/// A text in lines of at most `room` columns, but for words that are longer: none is broken.
+/// A text in lines of at most `room` columns; words are not broken, even if they are longer.
 std::vector<std::string> Wrapped(const std::string& text, int room) {
   std::vector<std::string> lines;
   std::string line;
@@ -64,8 +64,8 @@ bool IsNumber(std::string_view text) {
 struct Column {
   std::vector<Cell> cells;  ///< the first is the heading
   int width = 0;
-  bool isWrapped = false;  ///< its texts may be wider than it
-  bool isRight = false;    ///< its numbers end in one column
+  bool isWrapped = false;  ///< its texts may be wider than the column
+  bool isRight = false;    ///< its numbers are right-aligned
 
   void Add(Cell cell) {
     width = std::max(width, DisplayWidth(cell.text));
@@ -84,7 +84,7 @@ struct Column {
     return std::all_of(cells.begin() + 2, cells.end(),
                        [this](const Cell& cell) { return cell == cells[1]; });
   }
-  /// Makes it as narrow as `room` and its longest word let it be.
+  /// Makes the column as narrow as `room` and its longest word allow.
   void Narrow(int room) {
     int longest = 0;
     for (const Cell& cell : cells) {
@@ -159,7 +159,7 @@ std::vector<const Column*> Pointers(const std::vector<Column>& columns) {
   return pointers;
 }
 
-/// Takes the columns away whose rows are all equal, and says once what they hold.
+/// Removes the columns whose rows are all equal, and shows their value once above the table.
 std::string SaidOnce(std::vector<Column>* columns, int width) {
   std::string same;
   std::vector<Column> others;
@@ -179,7 +179,7 @@ std::string SaidOnce(std::vector<Column>* columns, int width) {
   return text + '\n';
 }
 
-/// Has the texts of the widest column go on in lines below if the table fits then.
+/// Wraps the texts of the widest column if the table then fits.
 bool Narrow(std::vector<Column>* columns, int width) {
   const auto widest = std::ranges::max_element(*columns, {}, &Column::width);
   const int room = width - (TotalWidth(*columns) - widest->width);

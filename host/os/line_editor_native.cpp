@@ -25,7 +25,7 @@ volatile std::sig_atomic_t interrupted = 0;
 volatile std::sig_atomic_t reading = 0;
 volatile std::sig_atomic_t warned = 0;
 
-/// A provider has no way to be stopped: who wants its request to end ends the shell.
+/// A provider cannot be stopped: to end its request a user has to end the shell.
 void NoteInterrupt(int signal) {
   if (reading != 0) {
     interrupted = 1;
@@ -33,7 +33,7 @@ void NoteInterrupt(int signal) {
     warned = 1;
     constexpr char kText[] =
         "\nwmihost: a request cannot be interrupted; Ctrl-C again ends the shell\n";
-    // Nothing is to be done if it cannot be written.
+    // Nothing can be done if it cannot be written.
     [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, kText, sizeof kText - 1);
   } else {
     std::signal(signal, SIG_DFL);
@@ -77,7 +77,7 @@ int ReadCharacter(EditLine* editor, wchar_t* character) {
       return 1;
     }
     if (count < 0 && errno == EINTR) {
-      // The window has another size, or the program goes on after it was stopped.
+      // The window has another size, or the program continues after it was stopped.
       el_resize(editor);
       TakeInterruptKey();
       el_set(editor, EL_REFRESH);

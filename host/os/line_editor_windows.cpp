@@ -11,8 +11,8 @@ std::atomic<bool> interrupted = false;
 std::atomic<bool> reading = false;
 std::atomic<bool> warned = false;
 
-/// A provider has no way to be stopped: who wants its request to end ends the shell, by what the
-/// system does when no handler takes the key.
+/// A provider cannot be stopped: to end its request a user has to end the shell, which the system
+/// does if no handler handles the key.
 BOOL WINAPI NoteInterrupt(DWORD event) {
   if (event != CTRL_C_EVENT) return FALSE;
   if (reading) {
@@ -27,7 +27,7 @@ BOOL WINAPI NoteInterrupt(DWORD event) {
   return TRUE;
 }
 
-/// During its lifetime the user is asked for a line.
+/// During its lifetime a line is being read.
 struct Reading {
   Reading() {
     warned = false;

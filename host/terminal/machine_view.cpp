@@ -51,7 +51,7 @@ std::string NameOf(const Network& network) {
   return network.name + (network.utf8Name.empty() ? "" : " (" + network.utf8Name + ")");
 }
 
-/// What the radio and the association of an adapter are, none if that is not known.
+/// The state of an adapter's radio and association, nullopt if it is unknown.
 std::optional<std::string> StateOf(const Adapter& adapter) {
   if (adapter.isEnabled == false) return "disabled";
   if (adapter.hardwareRadioOn == false) return "radio off by its switch";
@@ -61,7 +61,8 @@ std::optional<std::string> StateOf(const Adapter& adapter) {
   return *adapter.isAssociated ? "associated" : "not associated";
 }
 
-/// A fact for a table: its value, a mark for what is not known, nothing for what is not there.
+/// A fact for a table: its value, a mark for an unknown value, nothing for a value that does not
+/// exist.
 std::string Shown(const Adapter& adapter, AdapterFact name) {
   const Fact& fact = adapter.Get(name);
   if (!fact.value.empty()) return fact.value;
@@ -88,7 +89,7 @@ std::string MemberName(AdapterFact fact) {
   return name;
 }
 
-/// A table that keeps its shape in a narrow terminal: of `droppable` columns as few go as have to.
+/// A table for narrow terminals: removes as few of the `droppable` columns as necessary.
 std::string FittingTable(Json rows, const std::vector<const char*>& droppable, int width,
                          bool color) {
   for (const char* column : droppable) {
@@ -101,7 +102,7 @@ std::string FittingTable(Json rows, const std::vector<const char*>& droppable, i
   return TableText(rows, width, {}, color);
 }
 
-/// One line for each fact that there is something to say of.
+/// One line for each fact that has a value or a reason for its absence.
 Json FactsOf(const Adapter& adapter) {
   Json facts = Json::object();
   for (const AdapterFact name : kStatusFacts) {
@@ -165,7 +166,7 @@ std::string NetworkTable(const Machine& machine, int width, bool color) {
     row["Signal"] = network->signal ? Bars(*network->signal) : "";
     row["dBm"] = network->signal ? std::to_string(*network->signal) : kNotKnown;
     row["Channel"] = network->channel ? std::to_string(*network->channel) : kNotKnown;
-    // Without the cipher, which makes the column wide.
+    // Without the cipher, which would make the column wide.
     const std::string security = network->security.substr(0, network->security.find(','));
     row["Security"] = security.empty() ? kNotKnown : security;
     row["Access point"] = network->mac;

@@ -1,5 +1,5 @@
 #pragma once
-// A machine at a terminal: what a person wants to know first.
+// A machine at a terminal: the most important facts.
 
 #include <string>
 
@@ -7,18 +7,18 @@
 
 namespace host {
 
-/// Rows of the output formats, an adapter each. What is not known is null.
+/// Rows of the output formats, one per adapter. Unknown values are null.
 Json AdapterRows(const Machine& machine);
-/// Rows of the output formats, a network that an adapter hears each, the strongest first.
+/// Rows of the output formats, one per network that an adapter hears, the strongest first.
 Json NetworkRows(const Machine& machine);
 
-/// The same as tables for a person.
+/// The same as tables for users.
 std::string AdapterTable(const Machine& machine, int width, bool color);
 std::string NetworkTable(const Machine& machine, int width, bool color);
-/// Each adapter with its network, signal and address; what is wrong; the networks around.
+/// Each adapter with its network, signal and address; its problems; the networks around.
 std::string StatusText(const Machine& machine, int width, bool color);
 
-/// What is not known of the machine and why, a sentence each.
+/// What is unknown about the machine and why, one sentence each.
 std::vector<std::string> Unknowns(const Machine& machine);
 
 }  // namespace host

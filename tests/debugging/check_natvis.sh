@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 file=${1:-tools/debugging/wifi_provider.natvis}
 fail() { echo "$file: $*" >&2 && exit 1; }
 
-# One token a line: a tag, or the text between two tags. Comments and the XML declaration are left out.
+# One token per line: a tag, or the text between two tags. Comments and the XML declaration are removed.
 tokens=$(tr '\n' ' ' <"$file" | sed -E 's/<[?!][^>]*>//g; s/ +/ /g; s/>/>\n/g' | sed -E 's/^(.+)</\1\n</' | grep -v '^ *$')
 
 open=() type='' count=0

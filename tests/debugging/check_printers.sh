@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# check_printers.sh GDB PROGRAM: compares what gdb shows of the values in values.cpp with what it should show.
+# check_printers.sh GDB PROGRAM: compares gdb's output for the values in values.cpp with the expected
+# output.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 printers=$(dirname "${BASH_SOURCE[0]}")/../../tools/debugging/gdb_printers.py

@@ -126,7 +126,7 @@ TEST(CommandTable, HasExamplesThatAreCommandLines) {
       const std::string program = "wmihost ";
       const std::size_t start = example.find(program);
       const bool inShell = start == std::string::npos;
-      // What the system's own shell does with the line is not ours.
+      // The part of the line for the system's own shell is not checked.
       const std::string line = inShell ? example : example.substr(start + program.size());
       const std::vector<std::string> words =
           SplitShellLine(line.substr(0, inShell ? line.size() : line.find_first_of("|><)")));

@@ -5,8 +5,7 @@
 namespace host {
 namespace {
 
-/// Adapter 9 uses the second of its three networks; of adapter 10 nothing is known but that it is
-/// there.
+/// Adapter 9 uses the second of its three networks; of adapter 10 only its existence is known.
 Json TwoAdapters() {
   return Json::parse(R"({
     "WiFi_NetworkAdapter": [

@@ -1,4 +1,4 @@
-// This program's exceptions live where those of the module do.
+// This program uses the same memory for its exceptions as the module does.
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// More threads than have a place of their own, all of which hold an exception at once.
+/// More threads than there are rows for them, all of which hold an exception at the same time.
 class Crowd {
  public:
   Crowd() {
@@ -31,7 +31,7 @@ class Crowd {
     for (HANDLE thread : threads_) TerminateThread(thread, 0);
     Join();
   }
-  /// How many began with empty hands and still had their own exception at the end.
+  /// The number of threads that began without an exception and still had their own at the end.
   int Finish() {
     SetEvent(go_);
     Join();

@@ -122,7 +122,7 @@ TEST(Variant, HoldsEachTextWhole) {
       EXPECT_EQ(OLECHAR{}, value.text()[wide.size()]);
     }
   }
-  // What the code page lacks comes back as the platform shows it there.
+  // Characters that the code page lacks are converted as the platform converts them.
   EXPECT_TRUE(platform::ThroughAnsi(OLESTR("a\u0416z")).view() == OLESTR("a?z"));
 }
 

@@ -59,7 +59,7 @@ TEST_F(ChangeTest, ChangesFaultsAndAddsThem) {
 TEST_F(ChangeTest, NamesWhatCanBeChanged) {
   struct Row {
     const char* typed;
-    std::vector<std::string> some;  ///< of what is offered
+    std::vector<std::string> some;  ///< some of the completions
     const char* never;
   };
   const Row rows[] = {

@@ -7,7 +7,7 @@
 namespace wifi {
 namespace {
 
-/// Keeps each text that is put and does with the value what it likes.
+/// Keeps a copy of each text that is put, and changes the value in different ways.
 class TakingInstance final : public testing_support::UnusedClassObject {
  public:
   explicit TakingInstance(void (*take)(VARIANT&)) : take_(take) {}
@@ -26,7 +26,7 @@ class TakingInstance final : public testing_support::UnusedClassObject {
 TEST(PropertyWriter, AnInstanceMayTakeAValueOver) {
   for (void (*take)(VARIANT&) : {
            +[](VARIANT& value) { VariantClear(&value); },
-           +[](VARIANT& value) {  // as long, in the same place of memory perhaps
+           +[](VARIANT& value) {  // of equal length, perhaps at the same address
              const UINT length = SysStringLen(value.bstrVal);
              VariantClear(&value);
              value.vt = VT_BSTR;
