@@ -1,5 +1,6 @@
 #include "host/cli/view_commands.h"
 
+#include <algorithm>
 #include <iterator>
 #include <ostream>
 
