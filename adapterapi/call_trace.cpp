@@ -9,12 +9,12 @@ namespace adapterapi {
 namespace {
 
 // Read once, when the module is loaded.
-const bool traced = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "calls");
+const bool kTraced = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "calls");
 
 }  // namespace
 
 bool TracesCalls() noexcept {
-  return traced;
+  return kTraced;
 }
 
 CallLine::CallLine(const char* operation) : text_(operation) {

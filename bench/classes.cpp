@@ -193,7 +193,7 @@ void Traced(benchmark::State& state, bool on) {
   wifi::SetTraceReceiver(nullptr);
 }
 
-const bool registered = [] {
+const bool kRegistered = [] {
   for (const contract::Class& row : contract::kClasses) {
     const Class shown = Measured(row);
     const std::string& name = shown.name;

@@ -11,10 +11,10 @@ namespace {
 std::atomic<TraceReceiver*> currentReceiver = nullptr;
 
 // Read once, when the module is loaded.
-const bool toDebugger = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "1");
+const bool kToDebugger = platform::EnvironmentIs("WIFI_PROVIDER_TRACE", "1");
 
 void Emit(const char* line, bool exceptionLine) {
-  if (toDebugger) OutputDebugStringA(line);
+  if (kToDebugger) OutputDebugStringA(line);
   if (TraceReceiver* receiver = currentReceiver.load()) receiver->OnLine(line, exceptionLine);
 }
 
