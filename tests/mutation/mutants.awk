@@ -189,7 +189,11 @@ function operators(number) {
   replaced(number, "logic", " || ", " && ")
   if (masks[number] !~ /&&|!\(\(/) replaced(number, "logic", "(!", "(")
   if (masks[number] !~ / !=/) replaced(number, "logic", " !", " ")
-  replaced(number, "arithmetic", " + ", " - ")
+  # Texts are joined by the same operators, which another one does not build.
+  if (masks[number] !~ /"/) {
+    replaced(number, "arithmetic", " + ", " - ")
+    replaced(number, "arithmetic", " << ", " >> ")
+  }
   replaced(number, "arithmetic", " - ", " + ")
   replaced(number, "arithmetic", " * ", " + ")
   replaced(number, "arithmetic", " / ", " * ")
@@ -197,7 +201,6 @@ function operators(number) {
   replaced(number, "arithmetic", " & ", " | ")
   replaced(number, "arithmetic", " | ", " & ")
   replaced(number, "arithmetic", " ^ ", " | ")
-  replaced(number, "arithmetic", " << ", " >> ")
   replaced_word(number, "constant", "true", "false")
   replaced_word(number, "constant", "false", "true")
 }
