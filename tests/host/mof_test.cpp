@@ -29,7 +29,7 @@ TEST(MofReader, ReadsEveryFeature) {
       "instance of Reg { Provider = $p; };\n"
       "[dynamic: ToInstance ToSubclass, Values{\"a\", \"b\"}, Provider(\"N\")]\n"
       "class Wi_A : Base {\n"
-      "  [key] string Name = \"a\" \"\\\"\\x41\\xe9\\n\";\n"
+      "  [key] string Name = \"a\" \"\\\"\\x41\\x7f\\x80\\x7ff\\x800\\n\";\n"
       "  uint16 Numbers[] = {1, 65535};\n"
       "  Wi_B ref Other = NULL;\n"
       "  [Implemented] void Run();\n"
@@ -57,7 +57,8 @@ TEST(MofReader, ReadsEveryFeature) {
   EXPECT_TRUE(wiA->qualifiers.Flag("Dynamic"));
   EXPECT_EQ(wiA->qualifiers.Text("provider"), "N");
   EXPECT_EQ(wiA->qualifiers.Find("values")->values.size(), 2u);
-  EXPECT_EQ(wiA->FindProperty("NAME")->defaultValue, Values{"a\"A\xC3\xA9\n"});
+  EXPECT_EQ(wiA->FindProperty("NAME")->defaultValue,
+            Values{"a\"A\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\n"});
   EXPECT_TRUE(wiA->FindProperty("Name")->qualifiers.Flag("key"));
   EXPECT_EQ(CimTypeName(wiA->FindProperty("Numbers")->type), "uint16[]");
   EXPECT_EQ(wiA->FindProperty("Numbers")->defaultValue->size(), 2u);

@@ -45,7 +45,7 @@ TEST(Completion, OffersWhatThePlaceTakes) {
       {"en", 0, {"enum"}},
       {"SEL", 0, {"SELECT"}},
       {"enum to", 5, {"Toy"}},
-      {"enum Toy ", 9, {}},
+      {"enum Toy\t", 9, {}},
       {"help de", 5, {"delete", "describe"}},
       {"get To", 4, {"Toy."}},
       {"get Toy.", 4, {"Toy.Id=\"a\"", "Toy.Id=\"b\""}},

@@ -76,6 +76,11 @@ TEST(CodePage, ConvertsUtf8) {
   const Row rows[] = {
       {"a\xC3\xA9\xE2\x82\xAC", OLESTR("a\u00E9\u20AC"), true},
       {"\xF0\x9F\x98\x80z", OLESTR("\U0001F600z"), true},
+      // The first and the last character of each length.
+      {"\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF", OLESTR("\x7F\u0080\u07FF\u0800\uD7FF"),
+       true},
+      {"\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+       OLESTR("\uE000\uFFFF\U00010000\U0010FFFF"), true},
       {"\xC0\x80", OLESTR("\uFFFD\uFFFD"), false},
       {"\xE2\x82", OLESTR("\uFFFD"), false},
       {"\xE2\x28\xA1", OLESTR("\uFFFD(\uFFFD"), false},
