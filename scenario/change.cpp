@@ -139,7 +139,7 @@ void Apply(const Change& change, const AdapterAt& adapterAt, Scenario& scenario)
   }
   Scenario changed = scenario;
   const json nested = change.Nested(0);
-  ReadScenario({nested}, Adapter{}, changed);
+  ReadScenario({nested}, changed);
   scenario.settings = changed.settings;
   scenario.policies = changed.policies;
   scenario.apiVersion = changed.apiVersion;

@@ -38,9 +38,9 @@ std::uint32_t ReadStructuredCode(const Node& node) {
 /// The adapter of the fault `node` must exist.
 void CheckAdapter(const Node& node, adapterapi::AdapterNumber adapter,
                   const AdapterNumbers& adapters) {
+  if (std::ranges::find(adapters, adapter) != adapters.end()) return;
   std::vector<std::string> numbers;
   for (const adapterapi::AdapterNumber known : adapters) {
-    if (known == adapter) return;
     numbers.push_back(std::to_string(known));
   }
   const Node member = node.Child(node.value.at("adapter"), "adapter");

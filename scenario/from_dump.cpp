@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <functional>
+#include <map>
 #include <optional>
 #include <set>
+#include <span>
+#include <unordered_map>
 
 #include "adapterapi/codes.h"
 #include "scenario/dump_text.h"
@@ -50,6 +54,7 @@ class Maker {
   ScenarioOfCapture Make() {
     CollectKeys();
     Json scenario = Json::object();
+    scenario["madeOf"] = nullptr;  // written last, and read first
     for (const json& origin : InstancesOf("wmihost")) {
       const std::string version = TextIn(origin, "LibraryVersion");
       if (version.starts_with("0x")) scenario["apiVersion"] = version;
@@ -65,12 +70,14 @@ class Maker {
     AddPolicies(scenario);
     scenario["adapters"] = std::move(adapters);
     AddProfiles(scenario);
+    AddStartFailure();
     if (!faults_.empty()) scenario["faults"] = faults_;
     for (const RecordRow& row : kRecordClasses) SayIfMissing(row.className);
     for (const ListRow& row : kListClasses) SayIfMissing(row.className);
     SayIfMissing(kProfileClass.className);
     Say("what no class shows has its default: adapters that are not served, the user, the feature "
         "settings, settings 415 and 416, rogueApCount, tcpIpBound, supported, excludeListEnabled");
+    scenario["madeOf"] = MadeOf();
     ScenarioOfCapture made = {scenario.dump(2) + "\n", {}};
     for (const auto& [remark, count] : remarks_) {
       const std::string more = count == 1 ? "" : " (" + std::to_string(count) + " times)";
@@ -81,16 +88,48 @@ class Maker {
 
  private:
   void Say(const std::string& remark) {
-    const auto known = std::ranges::find(remarks_, remark, &std::pair<std::string, int>::first);
-    if (known == remarks_.end()) {
-      remarks_.emplace_back(remark, 1);
-    } else {
-      ++known->second;
-    }
+    const auto [place, isNew] = remarkPlaces_.try_emplace(remark, remarks_.size());
+    if (isNew) remarks_.emplace_back(remark, 0);
+    ++remarks_[place->second].second;
   }
   void SayIfMissing(const std::string& className) {
-    if (Find(dump_, className) == nullptr)
-      Say("there is no " + className + ": it has its defaults");
+    if (Find(dump_, className) != nullptr) return;
+    Say("there is no " + className + ": it has its defaults");
+    invented_.push_back(className);
+  }
+
+  /// What the scenario is made of, as far as the dump says it, and what it cannot know.
+  Json MadeOf() const {
+    Json madeOf = {{"source", "the dump " + FileNameOf(source_)}};
+    Json invented = invented_;
+    for (const json& origin : InstancesOf("wmihost")) {
+      const auto stated = origin.find("Source");
+      if (stated == origin.end() || !stated->is_object()) continue;
+      const std::string computer = TextIn(*stated, "Computer");
+      const std::string name = TextIn(*stated, "Name");
+      std::string& source = madeOf["source"].get_ref<std::string&>();
+      if (!computer.empty() || !name.empty())
+        source += " of " + (computer.empty() ? name : computer);
+      if (const auto told = stated->find("Told"); told != stated->end()) madeOf["told"] = *told;
+      if (const auto before = stated->find("Invented"); before != stated->end()) {
+        for (const json& each : *before) invented.push_back(Json(each));
+      }
+    }
+    if (!invented.empty()) madeOf["invented"] = std::move(invented);
+    return madeOf;
+  }
+
+  /// A start without a table of adapters fails with what the library answered.
+  void AddStartFailure() {
+    for (const json& origin : InstancesOf("wmihost")) {
+      const std::string status = TextIn(origin, "StartStatus");
+      if (!status.starts_with("0x") || status == "0x00000000") continue;
+      if (keys_.empty()) {
+        faults_.push_back({{"operation", "GetAdapterList"}, {"status", status}});
+      } else {
+        Say("the provider's start failed with " + status + ", which the scenario does not repeat");
+      }
+    }
   }
 
   const Instances& InstancesOf(std::string_view className) const {
@@ -98,20 +137,29 @@ class Maker {
     const Instances* found = Find(dump_, className);
     return found == nullptr ? none : *found;
   }
-  const json* InstanceOf(std::string_view className, const char* key,
-                         const std::string& deviceId) const {
-    for (const json& instance : InstancesOf(className)) {
-      if (TextIn(instance, key) == deviceId) return &instance;
-    }
-    return nullptr;
+  /// The instances of a class that are this adapter's.
+  std::span<const json* const> InstancesOf(std::string_view className,
+                                           const std::string& deviceId) const {
+    const auto ofClass = byAdapter_.find(className);
+    if (ofClass == byAdapter_.end()) return {};
+    const auto found = ofClass->second.find(deviceId);
+    if (found == ofClass->second.end()) return {};
+    return found->second;
+  }
+  const json* InstanceOf(std::string_view className, const std::string& deviceId) const {
+    const auto all = InstancesOf(className, deviceId);
+    return all.empty() ? nullptr : all.front();
   }
 
-  /// The device ids of all adapters that any class shows.
+  /// The device ids of all adapters that any class shows, and the instances of each.
   void CollectKeys() {
-    const auto collect = [this](std::string_view className, const char* key) {
+    std::set<std::string> known;
+    const auto collect = [&](const std::string& className, const char* key) {
+      auto& ofClass = byAdapter_[className];
       for (const json& instance : InstancesOf(className)) {
         const std::string text = TextIn(instance, key);
-        if (!text.empty() && std::ranges::find(keys_, text) == keys_.end()) keys_.push_back(text);
+        ofClass[text].push_back(&instance);
+        if (!text.empty() && known.insert(text).second) keys_.push_back(text);
       }
     };
     for (const RecordRow& row : kRecordClasses) collect(row.className, row.key);
@@ -134,7 +182,7 @@ class Maker {
 
   /// The address in the device record, else an invented one.
   std::string AddressOf(const std::string& key, std::size_t number) {
-    const json* device = InstanceOf("WiFi_AdapterDevice", "SettingID", key);
+    const json* device = InstanceOf("WiFi_AdapterDevice", key);
     std::string address = device == nullptr ? "" : TextIn(*device, "MacAddress");
     for (char& letter : address) letter = static_cast<char>(std::toupper(letter));
     std::string unused;
@@ -144,6 +192,7 @@ class Maker {
                       UpperHex(static_cast<std::uint32_t>(number) & 0xFF, 2);
     Say("adapter " + key + (isAddress ? " has the address of another: " : " shows no address: ") +
         own + " is taken");
+    invented_.push_back("WiFi_AdapterDevice.MacAddress of " + key);
     addresses_.insert(own);
     return own;
   }
@@ -176,7 +225,7 @@ class Maker {
 
   void AddRecord(const RecordRow& row, const std::string& key, std::size_t number, Json& adapter) {
     if (Find(dump_, row.className) == nullptr) return;
-    const json* instance = InstanceOf(row.className, row.key, key);
+    const json* instance = InstanceOf(row.className, key);
     if (instance == nullptr) {
       // A walk over the adapters ends here: the later ones were not read.
       if (!ended_.insert(row.className).second) return;
@@ -205,7 +254,7 @@ class Maker {
 
   /// The access point's address is in another class than its association.
   void AddAccessPoint(const std::string& key, Json& adapter) {
-    const json* statistics = InstanceOf("WiFi_AdapterAssocStats", "SettingID", key);
+    const json* statistics = InstanceOf("WiFi_AdapterAssocStats", key);
     const std::string address = statistics == nullptr ? "" : TextIn(*statistics, "ApMacAddr");
     if (address.empty() || address == "00:00:00:00:00:00") return;
     Json association = adapter.value("association", Json::object());
@@ -220,10 +269,9 @@ class Maker {
     AddAccessPoint(key, adapter);
     for (const ListRow& row : kListClasses) {
       Json entries = Json::array();
-      for (const json& instance : InstancesOf(row.className)) {
-        if (TextIn(instance, "SettingID") != key) continue;
+      for (const json* instance : InstancesOf(row.className, key)) {
         Json entry = Json::object();
-        Turn(row.className, instance, "SettingID", row.properties, row.table, entry);
+        Turn(row.className, *instance, "SettingID", row.properties, row.table, entry);
         entries.push_back(std::move(entry));
       }
       if (entries.empty() && Failed(row.className) && ended_.insert(row.className).second) {
@@ -245,9 +293,9 @@ class Maker {
                             hex("subsystemId", 4) + hex("subsystemVendorId", 4) + "&REV_" +
                             hex("revisionId", 2) + "\\4&" + key;
     object["macAddress"] = adapter["mac"];
-    const json* described = InstanceOf(kDescriptionClass, "SettingID", key);
+    const json* described = InstanceOf(kDescriptionClass, key);
     for (const ListRow& row : kListClasses) {
-      if (described == nullptr) described = InstanceOf(row.className, "SettingID", key);
+      if (described == nullptr) described = InstanceOf(row.className, key);
     }
     if (described != nullptr) {
       object["caption"] = TextIn(*described, "Caption");
@@ -300,10 +348,15 @@ class Maker {
   const Dump& dump_;
   const std::string& source_;
   std::vector<std::string> keys_;
+  /// Instances by class and adapter.
+  std::map<std::string, std::unordered_map<std::string, std::vector<const json*>>, std::less<>>
+      byAdapter_;
+  std::vector<std::string> invented_;
   std::set<std::string> addresses_;
   std::set<std::string> ended_;  ///< classes whose walk failed
   Json faults_ = Json::array();
   std::vector<std::pair<std::string, int>> remarks_;
+  std::unordered_map<std::string, std::size_t> remarkPlaces_;  ///< in remarks_
 };
 
 }  // namespace

@@ -24,6 +24,20 @@ using Json = nlohmann::ordered_json;
 /// A capture does not contain the adapter's own address; this one is locally administered.
 constexpr const char* kAdapterAddress = "02:00:00:00:00:01";
 
+/// What classes show of a capture; everything else is made up.
+constexpr const char* kToldByScan = "WiFi_AdapterCachedScanList";
+constexpr const char* kToldOfAssociation[] = {
+    "WiFi_NetworkAdapter.AssociationStatus",
+    "WiFi_AdapterAssociationInfo.Associated",
+    "WiFi_AdapterAssociationInfo.SSID",
+    "WiFi_AdapterAssociationInfo.Channel",
+    "WiFi_AdapterAssociationInfo.OpMode",
+    "WiFi_AdapterAssociationInfo.AuthenMode",
+    "WiFi_AdapterAssociationInfo.Encryption",
+    "WiFi_AdapterAssocStats.ApMacAddr",
+    "WiFi_AdapterAssocStats.Rssi",
+};
+
 struct Channel {
   bool is5GHz;
   int number;
@@ -144,8 +158,9 @@ std::string MadeUp(std::string address, std::size_t number) {
   return address;
 }
 
-/// Gives masked addresses distinct invented ones, and adds a remark.
-void Unmask(std::vector<IwNetwork>& networks, const std::string& source,
+/// Gives masked addresses distinct invented ones, and adds a remark. Returns whether there were
+/// any.
+bool Unmask(std::vector<IwNetwork>& networks, const std::string& source,
             std::vector<std::string>& remarks) {
   constexpr std::size_t kMostTries = 1 << 16;
   std::set<std::string> used = {kAdapterAddress};
@@ -162,10 +177,11 @@ void Unmask(std::vector<IwNetwork>& networks, const std::string& source,
     if (count++ == 0) example = network.address + " is " + made;
     network.address = made;
   }
-  if (count == 0) return;
+  if (count == 0) return false;
   remarks.push_back(source + ": " + std::to_string(count) +
                     (count == 1 ? " address is" : " addresses are") +
                     " masked, and made up so that they stay apart: " + example);
+  return true;
 }
 
 /// Keeps one network for each address, because the address is a key of the management classes, and
@@ -200,20 +216,29 @@ std::vector<IwNetwork> Select(std::vector<IwNetwork> networks, const std::string
 ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& source) {
   ScenarioOfCapture result;
   std::vector<IwNetwork> seen = ParseIwScan(capture, source);
-  Unmask(seen, source, result.remarks);
+  const bool isMasked = Unmask(seen, source, result.remarks);
   const std::vector<IwNetwork> networks = Select(std::move(seen), source, result.remarks);
+  Json madeOf = {{"source", "a scan by iw, " + FileNameOf(source)}, {"told", {kToldByScan}}};
   Json adapter = {{"mac", kAdapterAddress}};
   Json entries = Json::array();
   for (const IwNetwork& network : networks) {
     entries.push_back(EntryOf(network));
     if (network.associated && !adapter.contains("association")) {
       Associate(network, entries.back(), adapter);
+      for (const char* told : kToldOfAssociation) madeOf["told"].push_back(told);
     }
   }
+  if (isMasked) madeOf["invented"] = {std::string(kToldByScan) + ".MacAddress"};
   adapter["cachedNetworks"] = entries;
-  adapter["availableNetworks"] = entries;
-  result.json = Json{{"adapters", Json::array({adapter})}}.dump(2) + "\n";
+  adapter["availableNetworks"] = std::move(entries);
+  result.json =
+      Json{{"madeOf", std::move(madeOf)}, {"adapters", Json::array({std::move(adapter)})}}.dump(2) +
+      "\n";
   return result;
+}
+
+std::string FileNameOf(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
 }
 
 }  // namespace simulator

@@ -11,8 +11,12 @@ struct ScenarioOfCapture {
   std::vector<std::string> remarks;  ///< a line for each network that is left out
 };
 
-/// Makes a scenario of one adapter that sees the networks of a capture, which is the output of `iw
-/// dev <interface> scan`. `source` names the capture in remarks and errors. Throws ScenarioError.
+/// The name of a file without its folders: all that a scenario tells of where its source was.
+std::string FileNameOf(const std::string& path);
+
+/// Makes a scenario of one adapter that sees the networks of a capture, the text that
+/// `iw dev <interface> scan` prints. `source` names the capture in remarks and errors. Throws
+/// ScenarioError.
 ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& source);
 
 }  // namespace simulator

@@ -28,10 +28,19 @@ struct OsVersion {
 /// nullopt for a text of another form than "6.1".
 std::optional<OsVersion> ParseOsVersion(std::string_view text);
 
+/// What a scenario was made of, for people. Entries of `told` and `invented` are a class, or
+/// "CLASS.PROPERTY", or either with " of KEY" for one adapter.
+struct Provenance {
+  std::string source;                 ///< "the dump customer.json"; empty for a scenario of its own
+  std::vector<std::string> told;      ///< what the source told; with none it told all
+  std::vector<std::string> invented;  ///< what had to be made up in spite of that
+};
+
 struct PlatformObjects {
   std::optional<std::string> userName;  ///< UserName of Win32_ComputerSystem
   std::optional<OsVersion> osVersion;   ///< what the provider's version query returns
   std::vector<PlatformAdapter> adapters;
+  Provenance madeOf;
   bool featureKeyPresent = true;  ///< whether the feature settings key exists
   std::optional<std::uint32_t> featureSet1;
   std::optional<std::uint32_t> featureSet2;

@@ -18,11 +18,12 @@ using nlohmann::json;
 /// The default scenario; its one adapter has the defaults for every adapter.
 Scenario Defaults() {
   Scenario scenario;
-  const auto append = [&scenario](const Node& node) {
-    AppendAdapter(node, Adapter{}, scenario.adapters);
+  AdapterAppender appender;
+  const auto append = [&](const Node& node) {
+    appender.Append(node, Adapter{}, scenario.adapters);
   };
   const json value = ParseScenarioText(embedded::scenario_defaults(), append);
-  ReadScenario({value}, Adapter{}, scenario);
+  ReadScenario({value}, scenario);
   return scenario;
 }
 
@@ -53,10 +54,11 @@ Scenario ParseScenario(std::string_view text, const std::string& file) {
   const Adapter initial = scenario.adapters.front();
   scenario.adapters.clear();
   scenario.platform.adapters.clear();
+  AdapterAppender appender;
   try {
     const json value = ParseScenarioText(
-        text, [&](const Node& node) { AppendAdapter(node, initial, scenario.adapters); });
-    ReadScenario({value}, initial, scenario);
+        text, [&](const Node& node) { appender.Append(node, initial, scenario.adapters); });
+    ReadScenario({value}, scenario);
   } catch (const ScenarioError& error) {
     throw ScenarioError(file + ": " + error.what());
   }

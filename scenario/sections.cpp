@@ -45,6 +45,18 @@ void ReadPlatform(const Node& node, PlatformObjects& platform) {
         }}});
 }
 
+void ReadMadeOf(const Node& node, Provenance& madeOf) {
+  const auto texts = [](std::vector<std::string>& place) {
+    return [&place](const Node& member) {
+      place.clear();
+      member.EachElement([&](const Node& element) { place.push_back(element.Text()); });
+    };
+  };
+  node.EachMember({{"source", [&](const Node& member) { madeOf.source = member.Text(); }},
+                   {"told", texts(madeOf.told)},
+                   {"invented", texts(madeOf.invented)}});
+}
+
 void ReadRegistry(const Node& node, PlatformObjects& platform) {
   node.EachMember(
       {{"keyPresent", [&](const Node& member) { platform.featureKeyPresent = member.Boolean(); }},
@@ -135,19 +147,18 @@ void ReadAdapter(const Node& node, Adapter& adapter) {
               {"excludeList", list(adapter.excludeList, kExcludeEntryTable)}});
 }
 
-void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter>& adapters) {
+void AdapterAppender::Append(const Node& node, const Adapter& initial,
+                             std::vector<Adapter>& adapters) {
   Adapter adapter = initial;
   AdapterRecords& records = adapter.records;
   records.number = static_cast<std::uint32_t>(adapters.size() + 1);
   ReadAdapter(node, adapter);
   if (!node.value.contains("mac")) node.Fail("the member mac is missing");
-  for (const Adapter& other : adapters) {
-    if (other.records.number == records.number) {
-      node.Fail("another adapter has the number " + std::to_string(records.number));
-    }
-    if (std::equal(std::begin(records.mac), std::end(records.mac), other.records.mac)) {
-      node.Fail("another adapter has the same mac");
-    }
+  if (!numbers_.insert(records.number).second) {
+    node.Fail("another adapter has the number " + std::to_string(records.number));
+  }
+  if (!addresses_.emplace(std::begin(records.mac), std::end(records.mac)).second) {
+    node.Fail("another adapter has the same mac");
   }
   // Bytes that identify the adapter when a client passes them back; clients do not read them.
   std::memcpy(records.device.unread0, &records.number, sizeof records.number);
@@ -167,30 +178,32 @@ std::optional<OsVersion> ParseOsVersion(std::string_view text) {
   return version;
 }
 
-void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario) {
+void ReadScenario(const Node& root, Scenario& scenario) {
   PlatformObjects& platformObjects = scenario.platform;
-  root.EachMember({{"apiVersion",
-                    [&](const Node& member) {
-                      scenario.apiVersion = static_cast<std::uint32_t>(member.Number(0, kAllBits));
-                    }},
-                   {"platform", [&](const Node& member) { ReadPlatform(member, platformObjects); }},
-                   {"registry", [&](const Node& member) { ReadRegistry(member, platformObjects); }},
-                   {"adapters",
-                    [&](const Node& member) {
-                      member.EachElement([&](const Node& element) {
-                        AppendAdapter(element, initial, scenario.adapters);
-                      });
-                    }},
-                   {"settings", [&](const Node& member) { ReadValues(member, scenario.settings); }},
-                   {"policies", [&](const Node& member) { ReadValues(member, scenario.policies); }},
-                   {"profiles", [&](const Node& member) { ReadProfiles(member, scenario); }},
-                   {"faults", [&](const Node& member) {
-                      AdapterNumbers numbers;
-                      for (const Adapter& adapter : scenario.adapters) {
-                        numbers.push_back(adapter.records.number);
-                      }
-                      scenario.faults = ReadFaults(member, &numbers);
-                    }}});
+  root.EachMember(
+      {{"apiVersion",
+        [&](const Node& member) {
+          scenario.apiVersion = static_cast<std::uint32_t>(member.Number(0, kAllBits));
+        }},
+       {"madeOf", [&](const Node& member) { ReadMadeOf(member, platformObjects.madeOf); }},
+       {"platform", [&](const Node& member) { ReadPlatform(member, platformObjects); }},
+       {"registry", [&](const Node& member) { ReadRegistry(member, platformObjects); }},
+       {"adapters",
+        [](const Node& member) {
+          // Each element went to an AdapterAppender when it had been read.
+          if (!member.value.is_array()) member.FailExpecting("an array");
+        }},
+       {"settings", [&](const Node& member) { ReadValues(member, scenario.settings); }},
+       {"policies", [&](const Node& member) { ReadValues(member, scenario.policies); }},
+       {"profiles", [&](const Node& member) { ReadProfiles(member, scenario); }},
+       {"faults",
+        [&](const Node& member) {
+          AdapterNumbers numbers;
+          for (const Adapter& adapter : scenario.adapters) {
+            numbers.push_back(adapter.records.number);
+          }
+          scenario.faults = ReadFaults(member, &numbers);
+        }}});
   const auto platform = root.value.find("platform");
   if (platform == root.value.end() || !platform->contains("networkAdapters")) {
     scenario.platform.adapters = PlatformAdaptersOf(scenario.adapters);

@@ -1,16 +1,28 @@
 #pragma once
 
+#include <set>
+#include <string>
+
 #include "scenario/node.h"
 #include "scenario/scenario.h"
 
 namespace simulator {
 
-/// Reads a whole scenario over the present content of `scenario`; every adapter starts as
-/// `initial`. Throws ScenarioError.
-void ReadScenario(const Node& root, const Adapter& initial, Scenario& scenario);
+/// Reads a whole scenario, whose adapters are there already, over what `scenario` holds. Throws
+/// ScenarioError.
+void ReadScenario(const Node& root, Scenario& scenario);
 
-/// Appends the adapter that `node` describes, starting from `initial`. Throws ScenarioError.
-void AppendAdapter(const Node& node, const Adapter& initial, std::vector<Adapter>& adapters);
+/// Adds adapters, no two of which may have one number or one address.
+class AdapterAppender {
+ public:
+  /// Adds the adapter that `node` describes over `initial` to those before it. Throws
+  /// ScenarioError.
+  void Append(const Node& node, const Adapter& initial, std::vector<Adapter>& adapters);
+
+ private:
+  std::set<std::uint32_t> numbers_;
+  std::set<std::string> addresses_;
+};
 
 /// Reads members of one adapter over its present content. Throws ScenarioError.
 void ReadAdapter(const Node& node, Adapter& adapter);

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 namespace simulator {
@@ -23,10 +22,19 @@ std::string ReadTextFile(const std::string& name) {
     throw FileError(name + ": it cannot be opened: " +
                     (problem == 0 ? "unknown reason" : std::generic_category().message(problem)));
   }
-  std::ostringstream text;
-  if (file.peek() != std::ifstream::traits_type::eof()) text << file.rdbuf();
+  constexpr std::size_t kPiece = 1 << 16;
+  // A large file is in memory once; of a pipe the size is not known.
+  std::string text;
+  const auto size = std::filesystem::file_size(path, ignored);
+  if (!ignored) text.reserve(static_cast<std::size_t>(size) + kPiece);
+  while (file) {
+    const std::size_t end = text.size();
+    text.resize(end + kPiece);
+    file.read(text.data() + end, static_cast<std::streamsize>(kPiece));
+    text.resize(end + static_cast<std::size_t>(file.gcount()));
+  }
   if (file.bad()) throw FileError(name + ": it cannot be read");
-  return text.str();
+  return text;
 }
 
 }  // namespace simulator

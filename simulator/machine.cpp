@@ -50,7 +50,10 @@ bool IsOption(std::span<const Name> names, std::uint32_t options, std::uint32_t 
 
 Machine::Machine(Scenario scenario)
     : scenario_(std::move(scenario)), adapterList_(MakeAdapterList(scenario_.adapters)) {
-  for (Adapter& adapter : scenario_.adapters) adapters_.emplace_back(std::move(adapter));
+  for (Adapter& adapter : scenario_.adapters) {
+    places_[adapter.records.number] = adapters_.size();
+    adapters_.emplace_back(std::move(adapter));
+  }
   scenario_.adapters.clear();
 }
 
@@ -64,10 +67,8 @@ bool Machine::Change(const std::string& path, const std::string& value) {
 }
 
 Machine::State* Machine::Find(AdapterNumber number) {
-  const auto found = std::find_if(adapters_.begin(), adapters_.end(), [number](const State& state) {
-    return state.records.number == number;
-  });
-  return found == adapters_.end() ? nullptr : &*found;
+  const auto place = places_.find(number);
+  return place == places_.end() ? nullptr : &adapters_[place->second];
 }
 
 Machine::State* Machine::Find(const DeviceInfoRecord* record) {

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <optional>
+#include <unordered_map>
+#include <vector>
 
 #include "adapterapi/adapter_api.h"
 #include "scenario/scenario.h"
@@ -60,6 +62,7 @@ class Machine final : public AdapterApi {
 
   Scenario scenario_;
   std::vector<State> adapters_;
+  std::unordered_map<AdapterNumber, std::size_t> places_;  ///< in adapters_
   RecordList adapterList_;
 };
 

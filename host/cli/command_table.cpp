@@ -14,6 +14,9 @@ const ArgumentRow kObjectPath = {"PATH", "object path, CLASS.KEY=\"value\"", Tak
 const ArgumentRow kAssignments = {"NAME=VALUE", "new values, or in-parameters", Takes::kAssignment,
                                   Count::kAny};
 
+const ArgumentRow kOutputFile = {"FILE", "file to write, whole or not at all", Takes::kFile,
+                                 Count::kOptional};
+
 const std::vector<OutputFormat> kRowFormats = {OutputFormat::kTable, OutputFormat::kList,
                                                OutputFormat::kJson, OutputFormat::kCsv};
 const std::vector<OutputFormat> kNetworkFormats = {OutputFormat::kTable, OutputFormat::kList,
@@ -108,6 +111,7 @@ const std::vector<CommandRow>& Commands() {
        .run = RunDescribe},
       {.name = "dump",
        .help = "Show all instances of all classes",
+       .arguments = {kOutputFile},
        .needs = Needs::kProvider,
        .formats = {OutputFormat::kTable, OutputFormat::kList, OutputFormat::kJson},
        .examples = {"wmihost dump --format json > dump.json",
@@ -116,6 +120,7 @@ const std::vector<CommandRow>& Commands() {
        .run = RunDump},
       {.name = "report",
        .help = "Write all instances of all classes as a page to look at and to send",
+       .arguments = {kOutputFile},
        .needs = Needs::kProvider,
        .examples = {"wmihost report > report.html",
                     "wmihost --scenario laptop.json report > laptop.html"},

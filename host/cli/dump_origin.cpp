@@ -6,6 +6,8 @@
 
 #include "host/cli/help.h"
 #include "host/cli/provider_host.h"
+#include "host/cli/scenario_file.h"
+#include "host/model/machine.h"
 #include "platform/environment.h"
 
 namespace host {
@@ -40,37 +42,116 @@ std::string TimeText() {
   return text;
 }
 
-}  // namespace
-
-void DumpOrigin::Visit(const ClassInfo& info, const Outcome& outcome) {
-  if (outcome.status != S_OK) {
-    failures_.push_back(info.name() + " " + HexText(static_cast<std::uint32_t>(outcome.status)));
-  }
-  if (SameIgnoringAsciiCase(info.name(), kVersionedClass) && !outcome.objects.empty()) {
-    versioned_ = outcome.objects.front().RelativePath();
-  }
+/// Which machine answers: what plays it, under which name.
+Json SourceOf(const CommandContext& context) {
+  const ProviderHost& provider = *context.provider;
+  const std::string name = context.scenario == nullptr ? "" : context.scenario->FileName();
+  const SourceKind kind = !provider.IsSimulated() ? SourceKind::kLibraries
+                          : name.empty()          ? SourceKind::kBuiltIn
+                                                  : SourceKind::kScenario;
+  Json source = {{"Kind", kSourceKinds[static_cast<std::size_t>(kind)]}};
+  if (!name.empty()) source["Name"] = name;
+  source["Simulated"] = provider.IsSimulated();
+  if (provider.IsChanged()) source["Changed"] = true;
+  const simulator::Provenance& madeOf = provider.made_of();
+  if (!madeOf.source.empty()) source["MadeOf"] = madeOf.source;
+  if (!madeOf.told.empty()) source["Told"] = madeOf.told;
+  if (!madeOf.invented.empty()) source["Invented"] = madeOf.invented;
+  return source;
 }
 
-Json DumpOrigin::ToJson(CommandContext& context) const {
-  Json origin = {{"Version", kProgramVersion}};
-  if (context.provider != nullptr) {
-    const simulator::OsVersion version = context.provider->os_version();
-    origin["OsVersion"] = std::to_string(version.major) + "." + std::to_string(version.minor);
+/// The answer of the method that tells the library's version; nothing if it tells none.
+Json LibraryVersion(CommandContext& context, const std::string& path) {
+  const Outcome answer = context.session->Call(path, kVersionMethod, nullptr);
+  if (FAILED(answer.status) || answer.objects.empty()) return nullptr;
+  const Json values = answer.objects.front().ToJson();
+  const auto version = values.find("ReturnValue");
+  if (version == values.end() || !version->is_number_integer()) return nullptr;
+  return HexText(static_cast<std::uint32_t>(version->get<std::int64_t>()));
+}
+
+using ClassEnd = std::pair<std::string, HRESULT>;
+
+std::string TextOf(const ClassEnd& end) {
+  return end.first + " " + HexText(static_cast<std::uint32_t>(end.second));
+}
+
+/// Says on standard error and in `origin` how the enumeration of each class ended that did not end
+/// well; gives the worst status. `dump` has all of `ends` for failures.
+ExitStatus ReportEnds(CommandContext& context, const Dump& dump, const std::vector<ClassEnd>& ends,
+                      Json& origin) {
+  ExitStatus worst = kSuccess;
+  for (const auto& end : ends) {
+    const auto& [name, status] = end;
+    const std::string failure = FailureOf(dump, name);
+    const ExitStatus reported =
+        failure.empty()
+            ? context.Report(name, status)
+            : context.Fail(MeansNotFound(status) ? kNotFound : kRefused, name + ": " + failure);
+    const bool isEmpty = status == WBEM_E_NOT_FOUND && dump.Rows(name).empty();
+    if (!isEmpty || !ShowsLists(name)) worst = Worse(worst, reported);
+    if (isEmpty && failure.empty()) continue;
+    origin["Failures"].push_back(TextOf(end));
+    if (!dump.EndedAt(name).empty()) origin["EndedAt"][name] = dump.EndedAt(name);
   }
-  if (versioned_) {
-    const Outcome answer = context.session->Call(*versioned_, kVersionMethod, nullptr);
-    if (SUCCEEDED(answer.status) && !answer.objects.empty()) {
-      const Json values = answer.objects.front().ToJson();
-      const auto version = values.find("ReturnValue");
-      if (version != values.end() && version->is_number_integer()) {
-        origin["LibraryVersion"] =
-            HexText(static_cast<std::uint32_t>(version->get<std::int64_t>()));
-      }
+  return worst;
+}
+
+}  // namespace
+
+Json DumpStart() {
+  return {{"Version", kProgramVersion}, {"Time", TimeText()}};
+}
+
+Json MakeDump(CommandContext& context,
+              const std::function<ClassAnswer(const ClassInfo&)>& enumerate,
+              const std::function<Json()>& describe, ExitStatus* status) {
+  Json all = Json::object();
+  std::vector<ClassEnd> ends;
+  for (const ClassInfo* info : context.repository.served()) {
+    ClassAnswer answer = enumerate(*info);
+    if (answer.status != S_OK) ends.emplace_back(info->name(), answer.status);
+    all[info->name()] = std::move(answer.rows);
+  }
+  Json origin = describe();
+  Json failures = Json::array();
+  for (const ClassEnd& end : ends) failures.push_back(TextOf(end));
+  all[kOriginMember] = Json::array({{{"Failures", std::move(failures)}}});
+  *status = ReportEnds(context, Dump(all), ends, origin);
+  all[kOriginMember] = Json::array({std::move(origin)});
+  return all;
+}
+
+Json ProviderDump(CommandContext& context, ExitStatus* status) {
+  std::optional<std::string> versioned;  // an instance whose method tells the library's version
+  const auto enumerate = [&](const ClassInfo& info) {
+    ClassAnswer answer;
+    const bool isVersioned = SameIgnoringAsciiCase(info.name(), kVersionedClass);
+    answer.status = context.session
+                        ->Enumerate(info.name(),
+                                    [&](const CimObject& object) {
+                                      if (isVersioned && !versioned) {
+                                        versioned = object.RelativePath();
+                                      }
+                                      answer.rows.push_back(object.ToJson());
+                                    })
+                        .status;
+    return answer;
+  };
+  const auto describe = [&] {
+    Json origin = {{"Version", kProgramVersion}};
+    if (context.provider != nullptr) {
+      const simulator::OsVersion version = context.provider->os_version();
+      origin["OsVersion"] = std::to_string(version.major) + "." + std::to_string(version.minor);
     }
-  }
-  origin["Time"] = TimeText();
-  if (!failures_.empty()) origin["Failures"] = failures_;
-  return origin;
+    const Json library = versioned ? LibraryVersion(context, *versioned) : Json();
+    if (!library.is_null()) origin["LibraryVersion"] = library;
+    origin["Time"] = TimeText();
+    origin["StartStatus"] = HexText(static_cast<std::uint32_t>(context.session->init_status()));
+    if (context.provider != nullptr) origin["Source"] = SourceOf(context);
+    return origin;
+  };
+  return MakeDump(context, enumerate, describe, status);
 }
 
 }  // namespace host

@@ -1,26 +1,30 @@
 #pragma once
+// Dumps: the instances of all classes, and where they come from.
 
-#include <optional>
-#include <string>
-#include <vector>
+#include <functional>
 
 #include "host/cli/command_context.h"
 #include "host/model/dump.h"
 
 namespace host {
 
-/// Where and when a dump was made: what a reproduction needs besides the instances.
-class DumpOrigin {
- public:
-  /// Records a class that was enumerated, and its failure.
-  void Visit(const ClassInfo& info, const Outcome& outcome);
-  /// Queries the library for its version. The time is the current time, or that of
-  /// SOURCE_DATE_EPOCH.
-  Json ToJson(CommandContext& context) const;
-
- private:
-  std::optional<std::string> versioned_;  ///< path of an instance whose method returns the version
-  std::vector<std::string> failures_;
+/// What the enumeration of a class gave.
+struct ClassAnswer {
+  HRESULT status = S_OK;
+  Json rows = Json::array();
 };
+
+/// Asks for all classes, and says on standard error how enumerations ended that did not end well.
+/// `describe` then tells where the instances come from. `status` becomes that of the worst
+/// enumeration; an empty list is nothing wrong.
+Json MakeDump(CommandContext& context,
+              const std::function<ClassAnswer(const ClassInfo&)>& enumerate,
+              const std::function<Json()>& describe, ExitStatus* status);
+
+/// The dump of the provider of `context`.
+Json ProviderDump(CommandContext& context, ExitStatus* status);
+
+/// The program's version and the time, which is the present or that of SOURCE_DATE_EPOCH.
+Json DumpStart();
 
 }  // namespace host

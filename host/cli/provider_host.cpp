@@ -70,7 +70,6 @@ bool IsSimulator(const char* library) {
 /// A library of the maker reports the machine's own adapters, of which the provider serves only
 /// those that the platform also has. Reports the ones that are missing in the scenario's platform.
 void WarnOfUnknownAdapters(const simulator::PlatformObjects& platform, std::ostream& errors) {
-  if (IsSimulator("QuarnApi")) return;
   const HMODULE library = os::LoadedModule(os::LibraryFile("QuarnApi"));
   const FARPROC found = library == nullptr
                             ? nullptr
@@ -133,6 +132,8 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
 }
 
 ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
+  madeOf_ = scenario.platform.madeOf;
+  isChanged_ = false;
   Play(scenario.text);
   scenarioText_ = scenario.text;
   const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
@@ -153,7 +154,7 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
     session_.reset();
     return kRefused;
   }
-  WarnOfUnknownAdapters(scenario.platform, errors_);
+  if (!IsSimulated()) WarnOfUnknownAdapters(scenario.platform, errors_);
   if (session_->init_status() == S_OK) return kSuccess;
   WriteError(errors_,
              "the provider reports a failed start: " + DescribeResult(session_->init_status()));
@@ -190,6 +191,7 @@ void ProviderHost::SetMember(const std::string& path, const std::string& value) 
       throw simulator::ScenarioError(problem);
     }
   }
+  isChanged_ = true;
 }
 
 ExitStatus ProviderHost::Finish() {

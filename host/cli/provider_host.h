@@ -44,6 +44,12 @@ class ProviderHost {
   }
   /// The answer to the provider's version query.
   simulator::OsVersion os_version() const { return osVersion_.value_or(ownVersion_); }
+  /// Whether the adapters are a simulator's.
+  bool IsSimulated() const;
+  /// Whether the simulated machine was changed since it started.
+  bool IsChanged() const { return isChanged_; }
+  /// What the scenario that plays was made of.
+  const simulator::Provenance& made_of() const { return madeOf_; }
   /// The provider that was created, or null.
   ProviderSession* session() { return session_ ? &*session_ : nullptr; }
   /// Releases everything; returns kDefective if the provider ever violated the contract.
@@ -63,6 +69,8 @@ class ProviderHost {
   std::optional<simulator::OsVersion> osVersion_;     ///< if not the system's own
   simulator::OsVersion ownVersion_;
   std::string scenarioText_;          ///< the current scenario as it was when the machine started
+  simulator::Provenance madeOf_;
+  bool isChanged_ = false;
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

@@ -3,10 +3,9 @@
 #include "host/cli/assign.h"
 #include "host/cli/commands.h"
 #include "host/cli/dump_origin.h"
-#include "host/cli/machine_dump.h"
+#include "host/cli/dump_output.h"
 #include "host/cli/schema_view.h"
 #include "host/cli/show.h"
-#include "host/report/report.h"
 
 namespace host {
 
@@ -40,43 +39,17 @@ ExitStatus RunGet(const Command& command, CommandContext& context) {
   return Show(context, path, path, outcome, command, fields);
 }
 
-Json ReportedDump(CommandContext& context, ExitStatus* status) {
-  Json all = Json::object();
-  DumpOrigin origin;
-  *status = kSuccess;
-  for (const ClassInfo* info : context.repository.served()) {
-    const Outcome outcome = context.session->Enumerate(info->name());
-    all[info->name()] = RowsOf(outcome.objects, {}, false);
-    // The provider's answer for an empty list, which is no error.
-    const bool isEmpty = outcome.status == WBEM_E_NOT_FOUND && outcome.objects.empty();
-    const ExitStatus reported = context.Report(info->name(), outcome.status);
-    if (isEmpty) continue;
-    *status = Worse(*status, reported);
-    origin.Visit(*info, outcome);
-  }
-  all[kOriginMember] = Json::array({origin.ToJson(context)});
-  return all;
-}
-
 ExitStatus RunDump(const Command& command, CommandContext& context) {
   ExitStatus status = kSuccess;
-  Json all = ReportedDump(context, &status);
-  if (command.format == OutputFormat::kJson) {
-    context.output << JsonText(all);
-    return status;
-  }
-  all.erase(kOriginMember);
-  for (const auto& [name, rows] : all.items()) {
-    context.output << "== " << name << " (" << rows.size() << ")\n"
-                   << FormatRows(rows, command.format, context.width, {}, context.color) << '\n';
-  }
-  return status;
+  Json all = ProviderDump(context, &status);
+  return Worse(status, WriteDump(command, context, std::move(all)));
 }
 
-ExitStatus RunReport(const Command&, CommandContext& context) {
+ExitStatus RunReport(const Command& command, CommandContext& context) {
+  const ReportTarget target(command);
   ExitStatus status = kSuccess;
-  WriteReport(context.output, context.repository, ReportedDump(context, &status));
-  return status;
+  const Json all = ProviderDump(context, &status);
+  return Worse(status, target.Write(context, all));
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/environment.h"
+#include "scenario/from_iw.h"
 #include "scenario/text_file.h"
 
 namespace host {
@@ -40,6 +41,10 @@ simulator::LoadedScenario ScenarioFile::Load(const std::optional<std::string>& o
   kept_.reset();
   if (once) kept_ = loaded;
   return loaded;
+}
+
+std::string ScenarioFile::FileName() const {
+  return path_ == "-" ? "standard input" : simulator::FileNameOf(path_);
 }
 
 }  // namespace host

@@ -25,6 +25,8 @@ class ScenarioFile {
            : path_ == "-" ? "standard input"
                           : path_;
   }
+  /// The file's name without folders; empty for the scenario that is compiled in.
+  std::string FileName() const;
 
  private:
   std::string path_;                               ///< empty for the scenario that is compiled in

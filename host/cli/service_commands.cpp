@@ -4,14 +4,19 @@
 
 #include "host/cli/command_table.h"
 #include "host/cli/dump_origin.h"
+#include "host/cli/dump_output.h"
 #include "host/cli/service_client.h"
 #include "host/cli/show.h"
 #include "host/cli/view_commands.h"
-#include "host/report/report.h"
 #include "platform/control/control.h"
 
 namespace host {
 namespace {
+
+std::string NamespaceOf(const Command& command) {
+  const std::string named = command.Text("--service");
+  return named.empty() ? "root\\cimv2" : named;
+}
 
 Json RowsOfService(const ServiceAnswer& answer, const std::vector<std::string>& fields) {
   Json rows = Json::array();
@@ -86,44 +91,56 @@ ExitStatus DescribeOnService(const Command& command, CommandContext& context,
                   answer.objects.empty() ? Json::array() : PropertiesOf(answer.objects.front()));
 }
 
-/// All instances of the provider's classes, and where they come from.
-Json DumpOf(CommandContext& context, ServiceClient& service, ExitStatus* status) {
-  Json all = Json::object();
-  DumpOrigin origin;
-  *status = kSuccess;
-  for (const ClassInfo* info : context.repository.served()) {
-    const ServiceAnswer answer = service.Enumerate(info->name());
-    all[info->name()] = RowsOfService(answer, {});
-    const bool isEmpty = answer.status == WBEM_E_NOT_FOUND && answer.objects.empty();
-    const ExitStatus reported = context.Report(info->name(), answer.status);
-    if (isEmpty) continue;
-    *status = Worse(*status, reported);
-    origin.Visit(*info, {answer.status, {}});
+/// The computer's name, as the service gives it.
+std::string ComputerName(ServiceClient& service) {
+  for (const ServiceObject& system : service.Enumerate("Win32_ComputerSystem").objects) {
+    const Json name = RowOfService(system, {"Name"});
+    const auto found = name.find("Name");
+    if (found != name.end() && found->is_string()) return found->get<std::string>();
   }
-  all[kOriginMember] = Json::array({origin.ToJson(context)});
-  return all;
+  return "";
+}
+
+/// All instances of the provider's classes, and where they come from.
+Json DumpOf(const Command& command, CommandContext& context, ServiceClient& service,
+            ExitStatus* status) {
+  return MakeDump(
+      context,
+      [&](const ClassInfo& info) {
+        const ServiceAnswer answer = service.Enumerate(info.name());
+        return ClassAnswer{answer.status, RowsOfService(answer, {})};
+      },
+      [&] {
+        Json origin = DumpStart();
+        origin["Source"] = {{"Kind", kSourceKinds[static_cast<std::size_t>(SourceKind::kService)]},
+                            {"Name", NamespaceOf(command)}};
+        const std::string computer = ComputerName(service);
+        if (!computer.empty()) origin["Source"]["Computer"] = computer;
+        return origin;
+      },
+      status);
 }
 
 ExitStatus DumpOnService(const Command& command, CommandContext& context, ServiceClient& service) {
-  if (command.format != OutputFormat::kJson) {
+  if (DumpFormat(command) != OutputFormat::kJson) {
     throw CommandLineError("dump: of a service it takes --format json");
   }
   ExitStatus status = kSuccess;
-  const Json all = DumpOf(context, service, &status);
-  context.output << JsonText(all);
-  return status;
+  Json all = DumpOf(command, context, service, &status);
+  return Worse(status, WriteDump(command, context, std::move(all)));
 }
 
-ExitStatus ReportOnService(const Command&, CommandContext& context, ServiceClient& service) {
+ExitStatus ReportOnService(const Command& command, CommandContext& context,
+                           ServiceClient& service) {
+  const ReportTarget target(command);
   ExitStatus status = kSuccess;
-  const Json all = DumpOf(context, service, &status);
-  WriteReport(context.output, context.repository, all);
-  return status;
+  const Json all = DumpOf(command, context, service, &status);
+  return Worse(status, target.Write(context, all));
 }
 
 ExitStatus ViewOnService(const Command& command, CommandContext& context, ServiceClient& service) {
-  return ShowMachine(command, context, [&service](CommandContext& quiet, ExitStatus* status) {
-    return DumpOf(quiet, service, status);
+  return ShowMachine(command, context, [&](CommandContext& quiet, ExitStatus* status) {
+    return DumpOf(command, quiet, service, status);
   });
 }
 
@@ -173,8 +190,7 @@ ExitStatus RunOnService(const Command& command, CommandContext& context) {
     throw CommandLineError("--service: there is no management service here, only on Windows");
   }
   os::ServiceLogon logon;
-  logon.namespacePath = command.Find("--service").value_or("");
-  if (logon.namespacePath.empty()) logon.namespacePath = "root\\cimv2";
+  logon.namespacePath = NamespaceOf(command);
   if (const auto user = command.Find("--user")) {
     logon.user = *user;
     logon.password = os::ReadPassword("Password of " + *user + ": ");

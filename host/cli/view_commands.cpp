@@ -6,7 +6,7 @@
 
 #include "host/cli/command_table.h"
 #include "host/cli/commands.h"
-#include "host/cli/machine_dump.h"
+#include "host/cli/dump_origin.h"
 #include "host/format/format.h"
 #include "host/terminal/machine_view.h"
 
@@ -52,7 +52,7 @@ ExitStatus ShowMachine(const Command& command, CommandContext& context, const Du
 }
 
 ExitStatus RunView(const Command& command, CommandContext& context) {
-  return ShowMachine(command, context, ReportedDump);
+  return ShowMachine(command, context, ProviderDump);
 }
 
 }  // namespace host

@@ -148,7 +148,10 @@ std::string Dump::WhyUnknown(std::string_view className, std::string_view adapte
   if (adapter < last || (hasRow && !ShowsLists(className))) return "";
   if (adapter > last) return "the enumeration ended at adapter " + last + ", " + code;
   if (hasRow) return "the list was not read to its end, " + code;
-  return ShowsLists(className) ? "the list is empty or could not be read, " + code : code;
+  if (!ShowsLists(className)) return code;
+  return (reading->status == WBEM_E_NOT_FOUND ? "the list is empty or could not be read, "
+                                              : "the list could not be read, ") +
+         code;
 }
 
 std::vector<std::string> Dump::NotReached(std::string_view className) const {

@@ -46,17 +46,16 @@ std::string Source::Title() const {
 }
 
 std::string Source::Nature() const {
+  if (kind == SourceKind::kService) return "As the management service " + name + " tells it.";
   if (!isSimulated) return "";
-  if (!*isSimulated) {
-    return kind == SourceKind::kService ? "As the management service " + name + " tells it."
-                                        : "Adapters of this computer, in a platform of a scenario.";
-  }
+  if (!*isSimulated) return "Adapters of this computer, in the platform of a scenario.";
   std::string nature = "A simulated machine.";
-  if (madeOf.empty()) return nature;
-  nature += " Its scenario was made of " + madeOf;
-  return nature + (told.empty() && invented.empty()
-                       ? "."
-                       : "; what is marked as made up is none of that machine.");
+  if (!madeOf.empty()) nature += " Its scenario was made of " + madeOf + ".";
+  if (!told.empty() || !invented.empty()) {
+    nature += " What is marked as made up was not told by that.";
+  }
+  if (isChanged) nature += " It was changed since it started.";
+  return nature;
 }
 
 bool Source::IsInvented(const std::string& className, const std::string& property,
@@ -89,6 +88,7 @@ Source SourceOf(const Dump& dump) {
   source.computer = TextOf(*stated, "Computer");
   const std::string simulated = TextOf(*stated, "Simulated");
   if (!simulated.empty()) source.isSimulated = simulated == "true";
+  source.isChanged = TextOf(*stated, "Changed") == "true";
   source.madeOf = TextOf(*stated, "MadeOf");
   source.told = TextsOf(*stated, "Told");
   source.invented = TextsOf(*stated, "Invented");

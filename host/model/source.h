@@ -20,9 +20,10 @@ struct Source {
   std::string name;      ///< name of the scenario file, the libraries' folder or the service
   std::string computer;  ///< name of the machine, from the management service
   std::optional<bool> isSimulated;
-  std::string madeOf;                        ///< the original of the scenario, with its name
-  std::unordered_set<std::string> told;      ///< what the original told; everything if empty
-  std::unordered_set<std::string> invented;  ///< values that were invented nevertheless
+  bool isChanged = false;                    ///< the simulated machine, since it started
+  std::string madeOf;                        ///< what the scenario was made of, with its name
+  std::unordered_set<std::string> told;      ///< what that told; with none it told all
+  std::unordered_set<std::string> invented;  ///< what had to be made up in spite of that
 
   std::string version;  ///< of the program
   std::string osVersion;

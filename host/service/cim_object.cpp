@@ -135,6 +135,7 @@ std::string CimObject::Text() const {
 
 Json CimObject::ToJson() const {
   Json object = Json::object();
+  object.get_ref<Json::object_t&>().reserve(order_.size());
   for (const std::size_t index : order_) {
     const PropertyDeclaration& property = info_->declaration.properties[index];
     object[property.name] = host::ToJson(property.type, Value(index));
