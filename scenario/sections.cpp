@@ -185,7 +185,6 @@ void ReadScenario(const Node& root, Scenario& scenario) {
         [&](const Node& member) {
           scenario.apiVersion = static_cast<std::uint32_t>(member.Number(0, kAllBits));
         }},
-       {"madeOf", [&](const Node& member) { ReadMadeOf(member, platformObjects.madeOf); }},
        {"platform", [&](const Node& member) { ReadPlatform(member, platformObjects); }},
        {"registry", [&](const Node& member) { ReadRegistry(member, platformObjects); }},
        {"adapters",
@@ -203,7 +202,8 @@ void ReadScenario(const Node& root, Scenario& scenario) {
             numbers.push_back(adapter.records.number);
           }
           scenario.faults = ReadFaults(member, &numbers);
-        }}});
+        }},
+       {"madeOf", [&](const Node& member) { ReadMadeOf(member, platformObjects.madeOf); }}});
   const auto platform = root.value.find("platform");
   if (platform == root.value.end() || !platform->contains("networkAdapters")) {
     scenario.platform.adapters = PlatformAdaptersOf(scenario.adapters);

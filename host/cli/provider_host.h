@@ -44,8 +44,6 @@ class ProviderHost {
   }
   /// The answer to the provider's version query.
   simulator::OsVersion os_version() const { return osVersion_.value_or(ownVersion_); }
-  /// Whether the adapters are a simulator's.
-  bool IsSimulated() const;
   /// Whether the simulated machine was changed since it started.
   bool IsChanged() const { return isChanged_; }
   /// What the scenario that plays was made of.
@@ -68,7 +66,7 @@ class ProviderHost {
   std::optional<simulator::OsVersion> namedVersion_;  ///< by the command line
   std::optional<simulator::OsVersion> osVersion_;     ///< if not the system's own
   simulator::OsVersion ownVersion_;
-  std::string scenarioText_;          ///< the current scenario as it was when the machine started
+  std::string scenarioText_;  ///< the current scenario as it was when the machine started
   simulator::Provenance madeOf_;
   bool isChanged_ = false;
   std::optional<Progress> progress_;  ///< only at a terminal
