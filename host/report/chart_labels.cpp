@@ -51,6 +51,7 @@ std::vector<Box> RaisedBoxes(const std::vector<LabelWish>& wishes, const Box& ar
     Box& box = boxes.emplace_back(wish.box);
     box.left =
         std::clamp(box.left, area.left, std::max(area.left, area.left + area.width - box.width));
+    box.top = std::min(box.top, area.top + area.height - box.height);
   }
   for (std::size_t index = boxes.size(); index-- > 0;) {
     Box& box = boxes[index];

@@ -18,7 +18,7 @@ function crowd(adapter, count, channel,   n) {
 }
 function hears(adapter, count,   n) { for (n = 0; n < count; ++n) network(quoted("Net " adapter "." n), adapter, n, -40 - 9 * n, 1 + 5 * (n % 3), "", n == 1 ? "open" : "") }
 function names(   i, n, list) {
-  n = split("\"0123456789abcdef0123456789abcdef\"|{\"hex\": \"D7A9D7A4D799D7A8D790\"}|{\"hex\": \"E697A5E69CACE8AA9E\"}|{\"hex\": \"F09F938AF09F9880\"}|\"<script>alert(1)</script>\"|{\"hex\": \"8D8F9D41\"}|{\"hex\": \"43616673C3A9\"}|\"\"|\"Caf\303\251\"", list, "|")
+  n = split("\"0123456789abcdef0123456789abcdef\"|{\"hex\": \"D7A9D7A4D799D7A8D790\"}|{\"hex\": \"E697A5E69CACE8AA9E\"}|{\"hex\": \"F09F938AF09F9880\"}|\"<script>alert(1)</script>\"|{\"hex\": \"8D8F9D41\"}|{\"hex\": \"436166C3A9\"}|\"\"|\"Caf\303\251\"", list, "|")
   for (i = 1; i <= n; ++i) network(list[i], 1, i, -40 - 5 * i, i)
 }
 BEGIN {
