@@ -100,7 +100,7 @@ class Maker {
 
   /// What the scenario is made of, as far as the dump says it, and what it cannot know.
   Json MadeOf() const {
-    Json madeOf = {{"source", "the dump " + FileNameOf(source_)}};
+    Json madeOf = {{"source", "a dump, " + FileNameOf(source_)}};
     Json invented = invented_;
     for (const json& origin : InstancesOf("wmihost")) {
       const auto stated = origin.find("Source");
@@ -109,7 +109,7 @@ class Maker {
       const std::string name = TextIn(*stated, "Name");
       std::string& source = madeOf["source"].get_ref<std::string&>();
       if (!computer.empty() || !name.empty())
-        source += " of " + (computer.empty() ? name : computer);
+        source += ", of " + (computer.empty() ? name : computer);
       if (const auto told = stated->find("Told"); told != stated->end()) madeOf["told"] = *told;
       if (const auto before = stated->find("Invented"); before != stated->end()) {
         for (const json& each : *before) invented.push_back(Json(each));

@@ -26,5 +26,5 @@ without() { sed "/^$2\"$3\": {\$/,/^$2}/d" "$1"; }
 cmp <(without customer.json '      ' Source) <(without again.json '      ' Source)
 wmihost scenario --from-dump report.html 2>remarks >page.json
 cmp <(without replay.json '  ' madeOf) <(without page.json '  ' madeOf)
-grep -q '"source": "the dump customer.json of campus.json"' replay.json
-grep -q '"MadeOf": "the dump customer.json of campus.json"' again.json
+grep -q '"source": "a dump, customer.json, of campus.json"' replay.json
+grep -q '"MadeOf": "a dump, customer.json, of campus.json"' again.json
