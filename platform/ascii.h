@@ -1,6 +1,6 @@
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
 #include <string_view>
 #include <type_traits>
 
@@ -18,9 +18,11 @@ template <class Character>
 constexpr bool SameIgnoringAsciiCase(
     std::basic_string_view<Character> left,
     std::type_identity_t<std::basic_string_view<Character>> right) {
-  return std::equal(
-      left.begin(), left.end(), right.begin(), right.end(),
-      [](Character one, Character other) { return AsciiLower(one) == AsciiLower(other); });
+  if (left.size() != right.size()) return false;
+  for (std::size_t index = 0; index < left.size(); ++index) {
+    if (AsciiLower(left[index]) != AsciiLower(right[index])) return false;
+  }
+  return true;
 }
 constexpr bool SameIgnoringAsciiCase(std::string_view left, std::string_view right) {
   return SameIgnoringAsciiCase<char>(left, right);

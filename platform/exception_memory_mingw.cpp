@@ -97,7 +97,7 @@ ThreadRow* TakeRow(DWORD wanted, DWORD mark) noexcept {
 void AddTable() noexcept {
   void* memory = std::malloc(sizeof(ThreadTable));
   if (memory == nullptr) std::terminate();
-  auto* added = new (memory) ThreadTable{};
+  ThreadTable* const added = new (memory) ThreadTable{};
   ThreadTable* last = &firstThreads;
   for (ThreadTable* next = nullptr; !last->next.compare_exchange_strong(next, added);) {
     last = std::exchange(next, nullptr);

@@ -88,7 +88,7 @@ void ExplainPath(const Command& command, CommandContext& context) {
 /// A query that a shell has split into words may have lost quotes, or have file names in place of
 /// *.
 std::string QueryProblem(const Command& command, const QueryError& error) {
-  const std::string problem = std::string("query: ") + error.what();
+  std::string problem = std::string("query: ") + error.what();
   if (command.All("WQL").size() < 2) return problem;
   return problem +
          "; your shell may have changed it: put it in quotes, such as query \"SELECT * "

@@ -142,7 +142,7 @@ std::string Dump::WhyUnknown(std::string_view className, std::string_view adapte
   if (reading == nullptr) return "the dump has no " + std::string(className);
   const bool hasRow = reading->first.contains(adapter);
   if (reading->status == S_OK) return hasRow ? "" : "no instance was shown";
-  const std::string code = DescribeResult(reading->status);
+  std::string code = DescribeResult(reading->status);
   if (!reading->ended) return code;
   const std::string& last = adapters_[*reading->ended];
   if (adapter < last || (hasRow && !ShowsLists(className))) return "";

@@ -185,7 +185,8 @@ void DrawEnvelope(Html& html, const Axes& axes, int centre, const Channel& chann
 /// network in front.
 void DrawBells(Html& html, const Axes& axes, const std::vector<const Bell*>& strongestFirst) {
   std::vector<const Bell*> drawn = strongestFirst;
-  std::ranges::stable_partition(drawn, [](const Bell* bell) { return !bell->network->associated; });
+  std::stable_partition(drawn.begin(), drawn.end(),
+                        [](const Bell* bell) { return !bell->network->associated; });
   for (const Bell* bell : drawn) {
     const Network& network = *bell->network;
     const double x = axes.X(*network.centre);
