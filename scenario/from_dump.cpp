@@ -241,7 +241,7 @@ class Maker {
     if (row.record == nullptr) {
       adapter.update(record);
     } else if (!record.empty()) {
-      adapter[row.record] = record;
+      adapter[row.record].update(record);  // which several classes may show
     } else if (std::ranges::none_of(instance->items(), [&](const auto& item) {
                  return item.key() != row.key && IsProperty(item.key());
                })) {
