@@ -8,17 +8,18 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # if it is named (-), parts of the package table in cmake/prepare.sh, description. Its commands are in
 # the function step_NAME.
 steps='
---mend    - native,format          format, and rebuild every generated document and expected output
-format    + format                 formatting of all C++ sources
-floors    + none                   no include of a higher floor
---lint    - native,lint            clang-tidy and cppcheck over all product sources
-scripts   - scripts                the package'"'"'s scripts parse, by a parser of the npm registry
-native    - native,browser         build natively as ./run.sh does, all tests
-no-unity  - native,browser         build natively with each source compiled alone, all tests
-sanitize  + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
-windows   + native,windows         build the Windows product, all tests under Wine
-fresh     - fresh                  both commands of the README on new machines of the Debian releases named after it
-                                   (bookworm and trixie)
+--mend        - native,format          format, and rebuild every generated document and expected output
+format        + format                 formatting of all C++ sources
+floors        + none                   no include of a higher floor
+--lint        - native,lint            clang-tidy and cppcheck over all product sources
+scripts       - scripts                the package'"'"'s scripts parse, by a parser of the npm registry
+native        - native,browser         build natively as ./run.sh does, all tests
+no-unity      - native,browser         build natively with each source compiled alone, all tests
+sanitize      + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
+windows       + native,windows         build the Windows product, all tests under Wine
+windows-clang - native,windows         build the module for Windows with clang, the tests of fence, module and sweep
+fresh         - fresh                  both commands of the README on new machines of the Debian releases named after it
+                                       (bookworm and trixie)
 '
 step_--mend() {
   "$root/cmake/check_format.sh" --mend
@@ -38,12 +39,13 @@ step_native() { test_preset native; }
 step_no-unity() { test_preset no-unity; }
 step_sanitize() { test_preset sanitize; }
 step_windows() { test_preset windows; }
+step_windows-clang() { test_preset windows-clang; }
 step_fresh() { "$root/cmake/fresh_machine.sh" "${releases[@]}"; }
 
 test_preset() {
   build_options=(-DCMAKE_COMPILE_WARNING_AS_ERROR=ON)
   build "$1"
-  [ "$1" != windows ] || use_wine
+  [[ $1 != windows* ]] || use_wine
   if [ "$times" = 1 ]; then
     (cd "$root" && ctest --preset "$1")
   else
@@ -53,7 +55,7 @@ test_preset() {
 
 rows() { grep -E '^[^ ]' <<<"$steps"; }
 rows_marked() { # + or -: their names and descriptions, with continuation lines
-  awk -v mark="$1" '/^[^ ]/ { on = ($2 == mark) } on' <<<"$steps" | sed -E 's/^(.{10})..(.{23})/  \1/'
+  awk -v mark="$1" '/^[^ ]/ { on = ($2 == mark) } on' <<<"$steps" | sed -E 's/^(.{14})..(.{23})/  \1/'
 }
 usage() {
   echo "usage: ./test.sh [--repeat N] [STEP]…"

@@ -66,13 +66,11 @@ if(NOT WIN32 AND NOT (WIFI_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES Clang))
   string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,-z,defs")
 endif()
 
-if(WIN32)
+if(MINGW)
   # Each binary is self-contained, without DLLs of the compiler's runtime. Data execution prevention and
   # high-entropy address space randomisation are on.
   add_link_options(-static -static-libgcc -static-libstdc++ -Wl,--nxcompat -Wl,--dynamicbase
                    -Wl,--high-entropy-va -Wl,--no-insert-timestamp)
-endif()
-if(MINGW)
   # Line numbers for the debug files, without paths of the machine that built them.
   add_compile_options(-g1 -gno-record-gcc-switches
                       -ffile-prefix-map=${CMAKE_BINARY_DIR}=/wifi-adapter-provider/build

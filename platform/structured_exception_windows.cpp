@@ -1,11 +1,10 @@
 #include "platform/structured_exception.h"
 
-#ifdef __GNUC__
+#ifndef _MSC_VER
 #include <excpt.h>
 #endif
 
 namespace platform {
-
 namespace {
 
 struct FencedStep {
@@ -25,25 +24,7 @@ void RunInner(FencedStep* fenced) noexcept {
   }
 }
 
-#ifdef __GNUC__
-
-// The exception filter. __try1 names it in assembly, so its name must not be decorated.
-extern "C" LONG CALLBACK TakeStructuredException(EXCEPTION_POINTERS*) {
-  return EXCEPTION_EXECUTE_HANDLER;
-}
-
-// The compiler does not know that the handler resumes after the call. So the frame must exist as
-// written, and nothing in it may need a destructor.
-__attribute__((noinline, optimize("O0"))) bool RunOuter(FencedStep* fenced) {
-  volatile bool finished = false;
-  __try1(TakeStructuredException);
-  RunInner(fenced);
-  finished = true;
-  __except1;
-  return finished;
-}
-
-#else
+#ifdef _MSC_VER
 
 bool RunOuter(FencedStep* fenced) {
   __try {
@@ -52,6 +33,29 @@ bool RunOuter(FencedStep* fenced) {
     return false;
   }
   return true;
+}
+
+#else
+
+// The exception filter. __try1 names it in assembly, so its name must not be decorated.
+extern "C" LONG CALLBACK TakeStructuredException(EXCEPTION_POINTERS*) {
+  return EXCEPTION_EXECUTE_HANDLER;
+}
+
+// The compiler does not know that the handler resumes after the call. So the frame must exist as
+// written, and nothing in it may need a destructor.
+#ifdef __clang__
+__attribute__((noinline, optnone))
+#else
+__attribute__((noinline, optimize("O0")))
+#endif
+bool RunOuter(FencedStep* fenced) {
+  volatile bool finished = false;
+  __try1(TakeStructuredException);
+  RunInner(fenced);
+  finished = true;
+  __except1;
+  return finished;
 }
 
 #endif

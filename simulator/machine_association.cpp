@@ -55,8 +55,8 @@ ApiStatus Machine::Disassociate(AdapterNumber adapter) {
 ApiStatus Machine::StopAuthentication(AdapterNumber adapter) {
   State* state = Find(adapter);
   if (state == nullptr) return kInvalidArgument;
-  constexpr std::uint32_t kDisconnected = 1;
-  state->records.authenticationStatus = kDisconnected;
+  constexpr std::uint32_t kAuthenticationEnded = 1;
+  state->records.authenticationStatus = kAuthenticationEnded;
   return kOk;
 }
 

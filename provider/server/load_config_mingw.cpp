@@ -3,6 +3,8 @@
 // later obey it; earlier versions still search these folders first. Other linkers have an option
 // for it (/DEPENDENTLOADFLAG).
 
+#include <cstddef>
+
 #include "platform/platform.h"
 
 namespace {
