@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
-#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -44,11 +43,6 @@ class Terminal {
   void Type(const std::string& keys) { TypeWhen(false, keys); }
   /// Types Ctrl-C during a command.
   void Interrupt() { TypeWhen(true, "\x03"); }
-  void Resize(unsigned short columns) {
-    const winsize size = {24, columns, 0, 0};
-    EXPECT_EQ(ioctl(terminal_, TIOCSWINSZ, &size), 0);
-  }
-  void Signal(int signal) { kill(pid_, signal); }
   void TypeWhen(bool takesLines, const std::string& keys) {
     termios modes{};
     for (int waited = 0; waited < kPatience; ++waited) {
@@ -165,11 +159,6 @@ TEST_F(TerminalTest, RedrawsTheLine) {
   terminal.ReadTo("System");
   const std::string line = kPrompt + std::string("describe WiFi_System");
   terminal.Type("\x0c");
-  terminal.ReadTo(line);
-  terminal.Resize(60);
-  terminal.ReadTo(line);
-  terminal.Signal(SIGSTOP);
-  terminal.Signal(SIGCONT);
   terminal.ReadTo(line);
   EXPECT_NE(terminal.Run("Policies").find("SettingID: string, key, read"), std::string::npos);
   terminal.Type("exit\r");
