@@ -231,9 +231,8 @@ ScenarioOfCapture ScenarioFromIw(std::string_view capture, const std::string& so
   if (isMasked) madeOf["invented"] = {std::string(kToldByScan) + ".MacAddress"};
   adapter["cachedNetworks"] = entries;
   adapter["availableNetworks"] = std::move(entries);
-  result.json =
-      Json{{"madeOf", std::move(madeOf)}, {"adapters", Json::array({std::move(adapter)})}}.dump(2) +
-      "\n";
+  const Json adapters = Json::array({adapter});
+  result.json = Json{{"madeOf", madeOf}, {"adapters", adapters}}.dump(2) + "\n";
   return result;
 }
 

@@ -44,21 +44,22 @@ class OutputScope {
 };
 
 /// A command-line word in single quotes, of which Unix shells remove only those quotes.
-std::string InSingleQuotes(std::string word) {
+std::string InSingleQuotes(const std::string& word) {
   std::string text = "'";
   for (const char character : word) text += character == '\'' ? "'\\''" : std::string(1, character);
   return text + "'";
 }
 
 /// A word for a Windows command line, with single quotes in the path, which no shell removes.
-std::string InDoubleQuotes(std::string word) {
-  std::ranges::replace(word, '"', '\'');
-  return '"' + word + '"';
+std::string InDoubleQuotes(const std::string& word) {
+  std::string text = '"' + word + '"';
+  std::replace(text.begin() + 1, text.end() - 1, '"', '\'');
+  return text;
 }
 
 /// A command with another path, as it is typed if `quote` writes its words.
 std::string LineOf(const Command& command, const std::string& path,
-                   std::string (*quote)(std::string)) {
+                   std::string (*quote)(const std::string&)) {
   std::string line = std::string(command.row->name) + " " + quote(path);
   for (const char* argument : {"METHOD", "NAME=VALUE"}) {
     for (const std::string& word : command.All(argument)) {
@@ -75,8 +76,9 @@ void ExplainPath(const Command& command, CommandContext& context) {
   if (!meant) return;
   const std::string quotes = "a text in a path stands in quotes";
   if (context.inShell) {
-    context.Fail(kNotFound,
-                 quotes + ": " + LineOf(command, *meant, [](std::string word) { return word; }));
+    context.Fail(kNotFound, quotes + ": " + LineOf(command, *meant, [](const std::string& word) {
+                              return word;
+                            }));
     return;
   }
   context.Fail(kNotFound, quotes + ", which shells take away: type wmihost " +
