@@ -8,6 +8,7 @@
 #include "host/cli/service_client.h"
 #include "host/cli/show.h"
 #include "host/cli/view_commands.h"
+#include "host/model/source.h"
 #include "platform/control/control.h"
 
 namespace host {
