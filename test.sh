@@ -12,7 +12,6 @@ steps='
 format        + format                 formatting of all C++ sources
 floors        + none                   no include of a higher floor
 --lint        - native,lint            clang-tidy and cppcheck over all product sources
-scripts       - scripts                the package'"'"'s scripts parse, by a parser of the npm registry
 native        - native,browser         build natively as ./run.sh does, all tests
 no-unity      - native,browser         build natively with each source compiled alone, all tests
 sanitize      + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
@@ -34,7 +33,6 @@ step_--mend() {
 step_format() { "$root/cmake/check_format.sh"; }
 step_floors() { "$root/cmake/check_floors.sh"; }
 step_--lint() { "$root/cmake/check_lint.sh"; }
-step_scripts() { "$root/tests/package/scripts/check_scripts.sh" "$root/build" "$root"/package/*.ps1; }
 step_native() { test_preset native; }
 step_no-unity() { test_preset no-unity; }
 step_sanitize() { test_preset sanitize; }

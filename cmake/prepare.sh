@@ -26,8 +26,6 @@ clang                      windows,lint,fuzz             gives the names and lay
 clang-format-14            format                        the format
 clang-tidy                 lint                          static analysis
 cppcheck                   lint                          static analysis
-nodejs                     scripts                       runs the parser of the package'"'"'s scripts
-npm                        scripts                       fetches it
 debootstrap                fresh                         makes machines from nothing
 libbenchmark-dev           bench                         the benchmarks
 gcovr                      coverage                      adds up the coverage
@@ -40,8 +38,6 @@ install_packages() {
     for part in "$@"; do
       [[ ,$parts, == *,$part,* ]] || continue
       ! dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q ' installed$' || continue
-      # Node may have been installed in another way.
-      [ "$part" != scripts ] || ! command -v npm >/dev/null || continue
       missing+=("$name")
       rows+=$(printf '\n  %-26s %s' "$name" "$reason")
       break

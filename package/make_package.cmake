@@ -37,9 +37,7 @@ endfunction()
 
 put(${root} ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
     ${SOURCE}/schema/wifi_adapter_provider.mof ${REMOVAL}
-    ${SOURCE}/package/Install-WiFiAdapterProvider.ps1
-    ${SOURCE}/package/Uninstall-WiFiAdapterProvider.ps1 ${SOURCE}/package/Steps.ps1
-    ${SOURCE}/LICENSE ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)
+    ${SOURCE}/LICENSE ${SOURCE}/package/README.txt ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)
 file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
 put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/fleet-guide.md
     ${SOURCE}/docs/classes.md

@@ -1,10 +1,11 @@
 # Sourced by the tests that install under Wine. $build is the build's folder, $work the test's own, $test
-# the test's name.
+# the test's name, $tools the prefix of the binary tools.
 class='{3B14BAD6-C364-4576-8271-39B5850ABDA8}'
 library='{A9A3ACD3-02FF-4C28-8353-F0FDFC66E01A}'
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" WINEPREFIX="$work/wineprefix"
 unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
-system=$WINEPREFIX/drive_c/windows/system32
+drive=$WINEPREFIX/drive_c
+system=$drive/windows/system32
 
 fail() {
   echo "$test: $*" >&2
@@ -16,6 +17,14 @@ start_wine() {
   mkdir -p "$WINEPREFIX"
   wineserver -p60 || [ $? = 2 ] # where it runs already
   wine wineboot -i >"$work/wine.log" 2>&1 </dev/null || fail "Wine could not start: $(cat "$work/wine.log")"
+}
+# A program that records its arguments replaces the schema compiler.
+use_compiler() {
+  "${tools}gcc" -O1 "$(dirname "$0")/schema_compiler.c" -o "$system/wbem/mofcomp.exe"
+}
+expect_compiled() { # FILE…: what was compiled since the file was emptied
+  found=$(tr -d '\r' <"$drive/compiled.txt" | tr '\n' ' ')
+  [ "$found" = "$*${*:+ }" ] || fail "compiled was '$found', not '$*'"
 }
 windows_path() { wine winepath -w "$1" | tr -d '\r'; }
 registered() { # KEY: its text in the registry, empty if it does not exist

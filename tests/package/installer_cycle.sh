@@ -1,8 +1,7 @@
 #!/bin/sh
 # installer_cycle.sh BUILD TOOLS: the installer's life cycle under Wine: an older version, the upgrade,
 # requests through COM, repair, failures that are rolled back, removal with and without the maker's
-# libraries. A program that records its arguments replaces the schema compiler. TOOLS is the prefix of
-# the binary tools.
+# libraries. TOOLS is the prefix of the binary tools.
 set -eu
 build=$1
 tools=$2
@@ -10,7 +9,6 @@ work=$build/installer-cycle
 test=installer_cycle
 source=$(cd "$(dirname "$0")/../.." && pwd)
 . "$source/tests/package/installation.sh"
-drive=$WINEPREFIX/drive_c
 folder="$drive/Program Files/WiFiAdapterProvider"
 refused=1603
 failed=1627 # Wine's code for a failed action; on Windows 1603
@@ -22,10 +20,6 @@ run() { # STATUS ARGUMENT…: msiexec's exit code, of which the shell gets eight
   status=0
   wine msiexec "$@" /qn || status=$?
   [ "$status" = "$expected" ] || fail "msiexec $* ended with $status, not $expected"
-}
-expect_compiled() {
-  found=$(tr -d '\r' <"$drive/compiled.txt" | tr '\n' ' ')
-  [ "$found" = "$*${*:+ }" ] || fail "compiled was '$found', not '$*'"
 }
 versions() { # the versions of the product's entries
   registered 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' |
@@ -74,7 +68,7 @@ for file in "$older" "$staged/WiFiAdapterProvider.dll" "$staged/wmihost.exe"; do
 done
 
 start_wine
-"${tools}gcc" -O1 "$source/tests/package/schema_compiler.c" -o "$system/wbem/mofcomp.exe"
+use_compiler
 
 # Without the maker's libraries: the installer does not need them, only loading the module does.
 run 0 /i "$older"
