@@ -12,27 +12,50 @@ namespace wifi {
 namespace {
 
 struct AdapterClass {
+  ClassSelector selector;
   const OLECHAR* className;
   const OLECHAR* key;
   HRESULT (*fill)(ProviderState&, IWbemClassObject*, AdapterEntry&);
 };
 
-// In the order of ClassSelector.
 constexpr AdapterClass kAdapterClasses[] = {
-    {OLESTR("WiFi_NetworkAdapter"), OLESTR("DeviceID"), FillNetworkAdapter},
-    {OLESTR("WiFi_AdapterAssociationInfo"), kSettingId, FillAssociationInfo},
-    {OLESTR("WiFi_AdapterVersion"), kSettingId, FillAdapterVersion},
-    {OLESTR("WiFi_AdapterDevice"), kSettingId, FillAdapterDevice},
-    {OLESTR("WiFi_AdapterConfigSettings"), kSettingId, FillConfigSettings},
-    {OLESTR("WiFi_AdapterSignalParameters"), kSettingId, FillSignalParameters},
-    {OLESTR("WiFi_AdapterChannel"), kSettingId, FillAdapterChannel},
-    {OLESTR("WiFi_AdapterFeatures"), kSettingId, FillAdapterFeatures},
-    {OLESTR("WiFi_AdapterTcpIpSettings"), kSettingId, FillTcpIpSettings},
-    {OLESTR("WiFi_AdapterTcpIpv6Settings"), kSettingId, FillTcpIpv6Settings},
+    {ClassSelector::kNetworkAdapter, OLESTR("WiFi_NetworkAdapter"), OLESTR("DeviceID"),
+     FillNetworkAdapter},
+    {ClassSelector::kAssociationInfo, OLESTR("WiFi_AdapterAssociationInfo"), kSettingId,
+     FillAssociationInfo},
+    {ClassSelector::kVersion, OLESTR("WiFi_AdapterVersion"), kSettingId, FillAdapterVersion},
+    {ClassSelector::kDevice, OLESTR("WiFi_AdapterDevice"), kSettingId, FillAdapterDevice},
+    {ClassSelector::kConfigSettings, OLESTR("WiFi_AdapterConfigSettings"), kSettingId,
+     FillConfigSettings},
+    {ClassSelector::kSignalParameters, OLESTR("WiFi_AdapterSignalParameters"), kSettingId,
+     FillSignalParameters},
+    {ClassSelector::kChannel, OLESTR("WiFi_AdapterChannel"), kSettingId, FillAdapterChannel},
+    {ClassSelector::kFeatures, OLESTR("WiFi_AdapterFeatures"), kSettingId, FillAdapterFeatures},
+    {ClassSelector::kTcpIpSettings, OLESTR("WiFi_AdapterTcpIpSettings"), kSettingId,
+     FillTcpIpSettings},
+    {ClassSelector::kTcpIpv6Settings, OLESTR("WiFi_AdapterTcpIpv6Settings"), kSettingId,
+     FillTcpIpv6Settings},
 };
-static_assert(std::size(kAdapterClasses) == static_cast<std::size_t>(ClassSelector::kEnd),
-              "each ClassSelector of classes/adapter_class.h has its row in kAdapterClasses, "
-              "classes/adapter_class.cpp");
+
+/// The first selector whose row is not at its place; kEnd if there is none.
+constexpr ClassSelector Misplaced() {
+  std::size_t index = 0;
+  while (index < std::size(kAdapterClasses) &&
+         kAdapterClasses[index].selector == static_cast<ClassSelector>(index)) {
+    ++index;
+  }
+  return static_cast<ClassSelector>(index);
+}
+/// The compiler's message shows the selector.
+template <ClassSelector Selector>
+constexpr bool AllHaveRows() {
+  static_assert(
+      Selector == ClassSelector::kEnd,
+      "this ClassSelector of classes/adapter_class.h has no row at its place in "
+      "kAdapterClasses: add it in classes/adapter_class.cpp, in the order of ClassSelector");
+  return true;
+}
+static_assert(AllHaveRows<Misplaced()>());
 static_assert(contract::IsKnown<contract::UnknownClass(kAdapterClasses)>());
 
 constexpr bool HasOtherKey(const contract::Name& className, const contract::Name& keys) {
