@@ -4,9 +4,11 @@
 
 #include "fuzz/byte_source.h"
 #include "provider/core/object_path.h"
+#include "tests/support/path_text.h"
 
 namespace {
 
+using testing_support::PathText;
 using wifi::ParsedPath;
 using wifi::PathFlag;
 using wifi::PathResult;
@@ -41,12 +43,11 @@ void Fuzz_object_path(FuzzInput bytes) {
   Require((result == PathResult::kParsed) == (path != nullptr),
           "a path is parsed or there is none");
   if (!path) return;
-  path->KeyListText();
-  const platform::OleString written = path->Text();
+  const platform::OleString written = PathText(*path);
   std::unique_ptr<ParsedPath> again;
   Require(
       wifi::PathParser(PathFlag::kEverything).Parse(written.c_str(), &again) == PathResult::kParsed,
       "a written path can be read");
   Require(SamePath(*path, *again), "a written path reads as the same");
-  Require(again->Text() == written, "and is written as the same");
+  Require(PathText(*again) == written, "and is written as the same");
 }

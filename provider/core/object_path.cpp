@@ -187,30 +187,6 @@ void ParsedPath::AddKey(const OLECHAR* name, const VARIANT& value) {
   if (key.value.type() == VT_ERROR) throw std::bad_alloc();
 }
 
-OleString ParsedPath::KeyListText() const {
-  OleString text;
-  for (const PathKey& key : keys) {
-    if (!text.empty()) text += OLECHAR(',');
-    if (key.name) text += *key.name + OLECHAR('=');
-    AppendValue(text, key.value.get());
-  }
-  return text;
-}
-
-OleString ParsedPath::Text() const {
-  OleString text;
-  if (server) text += OLESTR("\\\\") + *server;
-  for (std::size_t index = 0; index < namespaces.size(); ++index) {
-    if (server || index > 0) text += OLECHAR('\\');
-    text += namespaces[index];
-  }
-  if (!className) return text;
-  if (!namespaces.empty()) text += OLECHAR(':');
-  text += *className;
-  if (keys.empty()) return singleton ? text + OLESTR("=@") : text;
-  return text + (keys.front().name ? OLECHAR('.') : OLECHAR('=')) + KeyListText();
-}
-
 OleString ObjectPathText(OleStringView className, OleStringView key, const VARIANT& value) {
   OleString path;
   path.reserve(96);  // one allocation for all but the longest keys

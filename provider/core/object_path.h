@@ -25,13 +25,10 @@ struct ParsedPath {
   /// The class name; null if the path names only a server or a namespace.
   const OLECHAR* class_text() const { return className ? className->c_str() : nullptr; }
   void AddKey(const OLECHAR* name, const VARIANT& value);
-  /// The keys as "NAME=VALUE", separated by commas.
-  platform::OleString KeyListText() const;
-  /// The path as text.
-  platform::OleString Text() const;
 };
 
-/// CLASS.KEY=VALUE, as ParsedPath writes it.
+/// CLASS.KEY=VALUE. A text is quoted, with a backslash before each quote or backslash; a value of a
+/// type that no key has is left out.
 platform::OleString ObjectPathText(platform::OleStringView className, platform::OleStringView key,
                                    const VARIANT& value);
 

@@ -5,12 +5,14 @@
 #include "platform/text.h"
 #include "provider/core/instance.h"
 #include "tests/support/fake_wbem.h"
+#include "tests/support/path_text.h"
 
 namespace wifi {
 namespace {
 
 using platform::Utf8Text;
 using platform::Variant;
+using testing_support::PathText;
 using testing_support::Shown;
 
 struct Row {
@@ -114,7 +116,7 @@ TEST(ObjectPath, IsReadAndWrittenBack) {
     EXPECT_EQ(result, row.result) << row.text;
     EXPECT_EQ(path != nullptr, row.result == kParsed) << row.text;
     if (path) {
-      EXPECT_EQ(Utf8Text(path->Text()), row.written) << row.text;
+      EXPECT_EQ(Utf8Text(PathText(*path)), row.written) << row.text;
     }
   }
 }
@@ -141,7 +143,7 @@ TEST(ObjectPath, WritesKeysByTheirType) {
   path.AddKey(OLESTR("C"), value);
   path.AddKey(OLESTR("D"), Variant::AnsiText("x\"").get());
   path.AddKey(OLESTR("E"), Variant::Boolean(true).get());  // not a type of a key
-  EXPECT_EQ(Utf8Text(path.Text()), R"(C.A=4294967295,B=-2,C=65535,D="x\"",E=)");
+  EXPECT_EQ(Utf8Text(PathText(path)), R"(C.A=4294967295,B=-2,C=65535,D="x\"",E=)");
 }
 
 TEST(ObjectPath, GivesKeysByExactName) {
