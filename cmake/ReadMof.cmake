@@ -5,31 +5,27 @@
 # Text that it cannot read stops CMake with "FILE:LINE: expected WHAT, found WHAT". `wmihost check`
 # checks whether the content makes sense.
 
-# Characters that would not survive in a CMake list are replaced by control characters.
+# Characters that would not survive in a CMake list, and the control characters that replace them.
+set(PLAIN_SEMICOLON ";")
+set(PLAIN_OPEN "[")
+set(PLAIN_CLOSE "]")
+set(PLAIN_BACKSLASH "\\")
 string(ASCII 1 MOF_SEMICOLON)
 string(ASCII 2 MOF_OPEN)
 string(ASCII 3 MOF_CLOSE)
 string(ASCII 4 MOF_BACKSLASH)
 
-function(mof_masked text variable)
-  string(REPLACE ";" "${MOF_SEMICOLON}" text "${text}")
-  string(REPLACE "[" "${MOF_OPEN}" text "${text}")
-  string(REPLACE "]" "${MOF_CLOSE}" text "${text}")
-  string(REPLACE "\\" "${MOF_BACKSLASH}" text "${text}")
-  set(${variable} "${text}" PARENT_SCOPE)
-endfunction()
-
-function(mof_unmasked text variable)
-  string(REPLACE "${MOF_BACKSLASH}" "\\" text "${text}")
-  string(REPLACE "${MOF_CLOSE}" "]" text "${text}")
-  string(REPLACE "${MOF_OPEN}" "[" text "${text}")
-  string(REPLACE "${MOF_SEMICOLON}" ";" text "${text}")
+# Replaces the characters FROM by those TO, PLAIN or MOF.
+function(mof_exchange from to text variable)
+  foreach(character SEMICOLON OPEN CLOSE BACKSLASH)
+    string(REPLACE "${${from}_${character}}" "${${to}_${character}}" text "${text}")
+  endforeach()
   set(${variable} "${text}" PARENT_SCOPE)
 endfunction()
 
 # Makes token_0, token_1… and line_0, line_1… of `content`; the token after the last one is empty.
 macro(mof_split)
-  mof_masked("${content}" masked)
+  mof_exchange(PLAIN MOF "${content}" masked)
   set(in_text "[^\"${MOF_BACKSLASH}\n]*")
   string(REGEX MATCHALL
     "\"${in_text}(${MOF_BACKSLASH}.${in_text})*\"|//[^\n]*|/[*]([^*]|[*]+[^*/])*[*]+/|[$]?[A-Za-z_][A-Za-z0-9_]*|[-+]?[0-9][0-9A-Za-z]*|\n|[ \t\r]+|."
@@ -67,7 +63,7 @@ macro(mof_fail expected)
   if(token STREQUAL "")
     set(found "the end")
   else()
-    mof_unmasked("'${token}'" found)
+    mof_exchange(MOF PLAIN "'${token}'" found)
   endif()
   message(FATAL_ERROR "${file}:${line}: expected ${expected}, found ${found}")
 endmacro()
@@ -319,7 +315,7 @@ function(read_mof file)
   foreach(path IN LISTS instances)
     string(APPEND removal "#pragma deleteinstance(\"${path}\", NOFAIL)\n")
   endforeach()
-  mof_unmasked("${removal}" removal)
+  mof_exchange(MOF PLAIN "${removal}" removal)
   set(mof_contract "${contract}" PARENT_SCOPE)
   set(mof_removal "${removal}" PARENT_SCOPE)
 endfunction()

@@ -21,31 +21,30 @@ constexpr const char* kScanClass = "WiFi_AdapterCachedScanList";
 /// Findings of one kind at any number of adapters or classes.
 struct Kind {
   Weight weight;
-  const char* nouns;     ///< "adapters"
   const char* singular;  ///< "is not associated"
   const char* plural;    ///< "are not associated"
+  const char* nouns = "adapters";
 };
 
-constexpr Kind kAlone = {Weight::kProblem, "adapters", "is not associated", "are not associated"};
-constexpr Kind kSwitched = {Weight::kProblem, "adapters", "is not well", "are not well"};
-constexpr Kind kUncertain = {Weight::kAttention, "adapters", "may be associated or not",
+constexpr Kind kAlone = {Weight::kProblem, "is not associated", "are not associated"};
+constexpr Kind kSwitched = {Weight::kProblem, "is not well", "are not well"};
+constexpr Kind kUncertain = {Weight::kAttention, "may be associated or not",
                              "may be associated or not"};
-constexpr Kind kNotAsked = {Weight::kAttention, "adapters", "was not asked for its networks",
+constexpr Kind kNotAsked = {Weight::kAttention, "was not asked for its networks",
                             "were not asked for their networks"};
-constexpr Kind kNotRead = {Weight::kAttention, "adapters", "did not tell all of its networks",
+constexpr Kind kNotRead = {Weight::kAttention, "did not tell all of its networks",
                            "did not tell all of their networks"};
-constexpr Kind kUsesOpen = {Weight::kProblem, "adapters", "uses an open network",
-                            "use an open network"};
-constexpr Kind kUsesWep = {Weight::kProblem, "adapters", "uses WEP", "use WEP"};
-constexpr Kind kSharesAir = {Weight::kAttention, "adapters", "shares its air", "share their air"};
-constexpr Kind kWeak = {Weight::kAttention, "adapters", "hears its network weakly",
+constexpr Kind kUsesOpen = {Weight::kProblem, "uses an open network", "use an open network"};
+constexpr Kind kUsesWep = {Weight::kProblem, "uses WEP", "use WEP"};
+constexpr Kind kSharesAir = {Weight::kAttention, "shares its air", "share their air"};
+constexpr Kind kWeak = {Weight::kAttention, "hears its network weakly",
                         "hear their networks weakly"};
-constexpr Kind kManyErrors = {Weight::kAttention, "adapters", "counted errors", "counted errors"};
-constexpr Kind kFewErrors = {Weight::kNote, "adapters", "counted errors", "counted errors"};
-constexpr Kind kClassFailed = {Weight::kAttention, "classes", "was not read in full",
-                               "were not read in full"};
-constexpr Kind kListEnded = {Weight::kNote, "classes", "was not read in full",
-                             "were not read in full"};
+constexpr Kind kManyErrors = {Weight::kAttention, "counted errors", "counted errors"};
+constexpr Kind kFewErrors = {Weight::kNote, "counted errors", "counted errors"};
+constexpr Kind kClassFailed = {Weight::kAttention, "was not read in full", "were not read in full",
+                               "classes"};
+constexpr Kind kListEnded = {Weight::kNote, "was not read in full", "were not read in full",
+                             "classes"};
 
 /// Findings in the order of their discovery, those of one kind together.
 class Findings {
