@@ -61,7 +61,7 @@ source_files '*.h' '*.cpp' '*.inc' |
     }
     END {
       if (failures > 0) {
-        print "The floors, and what each may include, stand in cmake/check_floors.sh"
+        print "The floors, and what each may include, are in cmake/check_floors.sh"
         exit 1
       }
       if (includes == 0) { print "no include was found"; exit 1 }

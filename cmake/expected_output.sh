@@ -33,7 +33,7 @@ if [ -z "$section" ]; then
 elif [ "$(grep -cF -e "$begin" -e "$end" "$file")" = 2 ]; then
   part within >"$expected"
 else
-  echo "$file: the lines '$begin -->' and '$end -->' are to stand there once"
+  echo "$file: each of the lines '$begin -->' and '$end -->' must be there once"
   exit 1
 fi
 cmp -s "$expected" "$printed" && exit 0

@@ -15,7 +15,7 @@ namespace {
 using nlohmann::json;
 using ScenarioJson = nlohmann::ordered_json;
 
-constexpr const char* kNothing = " stands for nothing that a scenario has: it is left out";
+constexpr const char* kNothing = " has no counterpart in a scenario: it is left out";
 
 /// The number before a unit; nullopt if the text does not have that form.
 std::optional<double> Measure(const json& value, std::string_view unit) {

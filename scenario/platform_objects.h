@@ -32,7 +32,7 @@ std::optional<OsVersion> ParseOsVersion(std::string_view text);
 /// "CLASS.PROPERTY", or either with " of KEY" for one adapter.
 struct Provenance {
   std::string source;                 ///< "the dump customer.json"; empty for a scenario of its own
-  std::vector<std::string> told;      ///< what the source told; with none it told all
+  std::vector<std::string> told;      ///< what the source told; empty if it told all
   std::vector<std::string> invented;  ///< what had to be made up in spite of that
 };
 

@@ -111,7 +111,7 @@ void AddArgument(CLI::App& app, const ArgumentRow& row, Command* command) {
   CLI::Option* option =
       TakesSeveral(row) ? app.add_option_function<std::vector<std::string>>(name, keep, row.help)
                         : app.add_option(name)->description(row.help);
-  option->type_name("")->required(MustStand(row))->check(ValueCheck(row));
+  option->type_name("")->required(IsRequired(row))->check(ValueCheck(row));
 }
 
 /// The first line of a message; some messages of the parser library have several.
@@ -159,7 +159,7 @@ CommandLine Parse(std::vector<std::string> arguments, const Command& defaults, b
   }
   for (const OptionRow& row : OutputOptions()) AddOption(app, row);
   for (const CommandRow& row : Commands()) {
-    if (!MayStand(row, inShell)) continue;
+    if (!IsAvailable(row, inShell)) continue;
     CLI::App* sub = app.add_subcommand(row.name)->ignore_case();
     sub->fallthrough();
     for (const ArgumentRow& argument : row.arguments) AddArgument(*sub, argument, &result.command);

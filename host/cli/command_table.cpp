@@ -309,7 +309,7 @@ const std::vector<OptionRow>& OutputOptions() {
   return rows;
 }
 
-bool MayStand(const CommandRow& row, bool inShell) {
+bool IsAvailable(const CommandRow& row, bool inShell) {
   return row.place == Place::kEverywhere ||
          row.place == (inShell ? Place::kShell : Place::kCommandLine);
 }
@@ -317,7 +317,7 @@ bool MayStand(const CommandRow& row, bool inShell) {
 std::vector<std::string> CommandNames(bool inShell) {
   std::vector<std::string> names;
   for (const CommandRow& row : Commands()) {
-    if (MayStand(row, inShell)) names.emplace_back(row.name);
+    if (IsAvailable(row, inShell)) names.emplace_back(row.name);
   }
   return names;
 }

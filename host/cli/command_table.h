@@ -86,7 +86,7 @@ const std::vector<OptionRow>& HostOptions();
 const std::vector<OptionRow>& OutputOptions();
 
 /// Whether a command needs this argument.
-inline bool MustStand(const ArgumentRow& row) {
+inline bool IsRequired(const ArgumentRow& row) {
   return row.count == ArgumentRow::Count::kOne || row.count == ArgumentRow::Count::kWords;
 }
 inline bool TakesSeveral(const ArgumentRow& row) {
@@ -94,7 +94,7 @@ inline bool TakesSeveral(const ArgumentRow& row) {
 }
 
 /// Whether a command is available on this kind of line.
-bool MayStand(const CommandRow& row, bool inShell);
+bool IsAvailable(const CommandRow& row, bool inShell);
 /// The names of the commands that are available there.
 std::vector<std::string> CommandNames(bool inShell);
 /// The row of a command, in any letter case; null if there is no such command.

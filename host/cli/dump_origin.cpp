@@ -60,7 +60,7 @@ Json SourceOf(const CommandContext& context) {
   return source;
 }
 
-/// The answer of the method that tells the library's version; nothing if it tells none.
+/// The version that the library's method returns; null if the call fails.
 Json LibraryVersion(CommandContext& context, const std::string& path) {
   const Outcome answer = context.session->Call(path, kVersionMethod, nullptr);
   if (FAILED(answer.status) || answer.objects.empty()) return nullptr;

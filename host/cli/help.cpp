@@ -59,7 +59,7 @@ std::string Usage(const CommandRow& row, bool inShell) {
   std::string text = (inShell ? "" : "wmihost ") + std::string(row.name);
   for (const ArgumentRow& argument : row.arguments) {
     const std::string name = argument.name;
-    text += MustStand(argument)                               ? " " + name
+    text += IsRequired(argument)                              ? " " + name
             : argument.count == ArgumentRow::Count::kOptional ? " [" + name + "]"
                                                               : " [" + name + " ...]";
   }
@@ -73,7 +73,7 @@ std::string Help(bool inShell) {
                                "provider.\n\nUsage: wmihost [options] COMMAND ...\n\n";
   text += "Commands:\n";
   for (const CommandRow& row : Commands()) {
-    if (MayStand(row, inShell)) text += HelpLine(row.name, row.help);
+    if (IsAvailable(row, inShell)) text += HelpLine(row.name, row.help);
   }
   text += "\nOptions:\n";
   if (!inShell) text += Options(HostOptions());
@@ -122,7 +122,7 @@ ExitStatus RunHelp(const Command& command, CommandContext& context) {
     return kSuccess;
   }
   const CommandRow* row = FindCommand(*name);
-  if (row == nullptr || !MayStand(*row, inShell)) throw NoCommand(*name, inShell);
+  if (row == nullptr || !IsAvailable(*row, inShell)) throw NoCommand(*name, inShell);
   context.output << CommandHelp(*row, inShell);
   return kSuccess;
 }

@@ -48,7 +48,7 @@ std::string OptionNames(const std::vector<OptionRow>& rows) {
 std::string Taking(Takes takes) {
   std::string names;
   for (const CommandRow& row : Commands()) {
-    if (!MayStand(row, false) || row.arguments.empty() || row.arguments.front().takes != takes) {
+    if (!IsAvailable(row, false) || row.arguments.empty() || row.arguments.front().takes != takes) {
       continue;
     }
     names += (names.empty() ? "" : "|") + std::string(row.name);
@@ -82,7 +82,7 @@ ExitStatus RunManual(const Command&, CommandContext& context) {
          << ".SH NAME\nwmihost \\- play the management service for the WiFi adapter provider\n"
          << ".SH SYNOPSIS\n.B wmihost\n[options] COMMAND ...\n"
          << ".SH DESCRIPTION\nLoads the provider's module, plays the management service for it, "
-            "and shows what comes back. A simulator stands behind the provider.\n"
+            "and shows what comes back. The adapters are simulated.\n"
          << ".SH COMMANDS\n";
   for (const CommandRow& row : Commands()) {
     const std::string usage = Usage(row, true);
@@ -131,12 +131,12 @@ ExitStatus RunCompletion(const Command&, CommandContext& context) {
          << "  case $before in\n"
          << ValueBranches(HostOptions()) << ValueBranches(OutputOptions());
   for (const CommandRow& row : Commands()) {
-    if (MayStand(row, false)) output << ValueBranches(row.options);
+    if (IsAvailable(row, false)) output << ValueBranches(row.options);
   }
   output << "  esac\n  options='" << OptionNames(HostOptions()) << ' '
          << OptionNames(OutputOptions()) << " --help --version'\n  case $command in\n";
   for (const CommandRow& row : Commands()) {
-    if (!MayStand(row, false) || row.options.empty()) continue;
+    if (!IsAvailable(row, false) || row.options.empty()) continue;
     output << "    " << row.name << ") options=\"$options " << OptionNames(row.options)
            << "\" ;;\n";
   }

@@ -99,7 +99,7 @@ ExitStatus RunQuery(const Command& command, CommandContext& context) {
   }
   if (const auto associators = ParseAssociators(text, context.repository)) {
     if (const auto meant = MeantPath(associators->path, context.repository)) {
-      throw QueryError("the texts of the path stand in quotes: {" + *meant + "}");
+      throw QueryError("the texts of the path need quotes: {" + *meant + "}");
     }
     CheckChart(context.repository, command, nullptr);
     return Show(context, "query", associators->path, Walk(*associators, context).Run(), command,

@@ -74,14 +74,14 @@ std::string LineOf(const Command& command, const std::string& path,
 void ExplainPath(const Command& command, CommandContext& context) {
   const auto meant = MeantPath(command.Text("PATH"), context.repository);
   if (!meant) return;
-  const std::string quotes = "a text in a path stands in quotes";
+  const std::string quotes = "texts in a path need quotes";
   if (context.inShell) {
     context.Fail(kNotFound, quotes + ": " + LineOf(command, *meant, [](const std::string& word) {
                               return word;
                             }));
     return;
   }
-  context.Fail(kNotFound, quotes + ", which shells take away: type wmihost " +
+  context.Fail(kNotFound, quotes + ", which shells remove: type wmihost " +
                               LineOf(command, *meant, InSingleQuotes) +
                               ", in cmd and PowerShell wmihost " +
                               LineOf(command, *meant, InDoubleQuotes));

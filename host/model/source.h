@@ -22,7 +22,7 @@ struct Source {
   std::optional<bool> isSimulated;
   bool isChanged = false;                    ///< the simulated machine, since it started
   std::string madeOf;                        ///< what the scenario was made of, with its name
-  std::unordered_set<std::string> told;      ///< what that told; with none it told all
+  std::unordered_set<std::string> told;      ///< what that told; empty if it told all
   std::unordered_set<std::string> invented;  ///< what had to be made up in spite of that
 
   std::string version;  ///< of the program

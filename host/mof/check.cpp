@@ -34,7 +34,7 @@ class Checker {
       const bool isNew = std::none_of(items.begin(), item, [item](const Item& earlier) {
         return SameIgnoringAsciiCase(earlier.name, item->name);
       });
-      Require(isNew, item->line, item->name, "the name stands twice");
+      Require(isNew, item->line, item->name, "the name is declared twice");
     }
   }
 
@@ -160,7 +160,7 @@ class Checker {
   void CheckQualifiers(const Qualifiers& qualifiers, int line, const std::string& where) {
     for (auto item = qualifiers.list.begin(); item != qualifiers.list.end(); ++item) {
       Require(qualifiers.Find(item->name) == &*item, line, where,
-              "the qualifier " + item->name + " stands twice");
+              "the qualifier " + item->name + " is repeated");
     }
     Require(qualifiers.Text("Description").ends_with('.'), line, where,
             "no description that ends in a full stop");

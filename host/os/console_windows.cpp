@@ -19,11 +19,11 @@ constexpr std::size_t kHeld = 4096;  // bytes of one call
 /// The number of bytes that are whole UTF-8 characters; at most the last character is incomplete.
 std::size_t WholeCharacters(std::string_view bytes) {
   constexpr std::size_t kMost = 4;
-  for (std::size_t behind = 1; behind <= std::min(kMost, bytes.size()); ++behind) {
-    const auto byte = static_cast<unsigned char>(bytes[bytes.size() - behind]);
+  for (std::size_t back = 1; back <= std::min(kMost, bytes.size()); ++back) {
+    const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
     if ((byte & 0xC0) == 0x80) continue;  // not the first byte of its character
     const std::size_t length = byte < 0x80 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
-    return length > behind ? bytes.size() - behind : bytes.size();
+    return length > back ? bytes.size() - back : bytes.size();
   }
   return bytes.size();
 }

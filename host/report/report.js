@@ -1,6 +1,6 @@
 "use strict";
-// Sorts and filters the tables of networks, and ties their rows to the bells of the charts. The page
-// is whole without it.
+// Sorts and filters the tables of networks, and highlights a network in its table and its chart at the
+// same time. Without this script the page shows the same data.
 (() => {
   const valueOf = (row, column) => {
     const cell = row.cells[column];
@@ -68,7 +68,7 @@
     }
   }
 
-  // A link to a class unfolds it.
+  // Opens the section of the class that a link leads to.
   const unfold = () => {
     const target = document.getElementById(decodeURIComponent(location.hash.slice(1)));
     if (target instanceof HTMLDetailsElement) target.open = true;

@@ -264,7 +264,7 @@ TEST_F(CommandTest, AnswersWithStatusOutputAndOneErrorLine) {
        "Reset: in-parameters are missing: Why (string)"},
       {"get Id=a", kNotFound, "",
        "type wmihost get 'Base.Id=\"a\"', in cmd and PowerShell wmihost get \"Base.Id='a'\""},
-      {"ASSOCIATORS OF {Toy.Id=a}", kBadInput, "", "stand in quotes: {Toy.Id=\"a\"}"},
+      {"ASSOCIATORS OF {Toy.Id=a}", kBadInput, "", "need quotes: {Toy.Id=\"a\"}"},
       {"ASSOCIATORS OF {Toy.Id='a}'};", kSuccess, "[]\n", ""},
       {"query 'SELECT' Id FROM Toy WHERE Id = a", kBadInput, "",
        "; your shell may have changed it"},

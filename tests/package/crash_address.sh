@@ -27,5 +27,5 @@ place=$(echo "$lines" | sed -n 's|^/wifi-adapter-provider/\(.*\):\([0-9]*\).*|\1
 line=$(sed -n "${place#* }p" "$source/${place% *}")
 case $line in
   *classId*) echo "offset $offset is ${place% *}:${place#* }:$line" ;;
-  *) fail "offset $offset is '$lines', where '$line' stands" ;;
+  *) fail "offset $offset is '$lines', whose text is '$line'" ;;
 esac

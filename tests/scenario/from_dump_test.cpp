@@ -92,7 +92,7 @@ TEST(FromDump, SaysWhatCannotBeTold) {
       {R"({"WiFi_NetworkAdapter": [{"DeviceID": "7", "Band": "<Unknown>"}]})",
        "WiFi_NetworkAdapter.Band: '<Unknown>' stands for every code without a text: 0 is taken"},
       {R"({"WiFi_NetworkAdapter": [{"DeviceID": "7", "Band": "802.11n"}]})",
-       "WiFi_NetworkAdapter.Band: \"802.11n\" stands for nothing"},
+       "WiFi_NetworkAdapter.Band: \"802.11n\" has no counterpart"},
       {R"({"WiFi_NetworkAdapter": [{"DeviceID": "7", "Color": "red"}]})",
        "WiFi_NetworkAdapter.Color: no member"},
       {R"({"WiFi_NetworkAdapter": [{"DeviceID": "7", "LastAppliedProfile": "\u0416"}]})", "'?'"},
