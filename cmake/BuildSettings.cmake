@@ -40,6 +40,14 @@ if(WIFI_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# What is not part of the module is compiled more cheaply: without the two checks of each pointer that
+# take a third of the compiler's time (AddressSanitizer sees a null pointer's use too), and for Windows
+# with fewer optimisations.
+set(tool_options $<$<BOOL:${WIFI_SANITIZE}>:-fno-sanitize=null,alignment>)
+if(MINGW)
+  list(APPEND tool_options -O1)
+endif()
+
 option(WIFI_THREADS "Build with ThreadSanitizer" OFF)
 if(WIFI_THREADS)
   add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
