@@ -1,4 +1,4 @@
-# cmake -DSOURCE=… -DBINARIES=… -DREMOVAL=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P
+# cmake -DSOURCE=… -DBINARIES=… -DSCHEMA=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P
 # make_package.cmake: stages the package's files and builds from them, in OUTPUT, the archive, the
 # archive of the debug symbols and the installer. The same files give the same archives: fixed order,
 # fixed times, fixed modes. SIGN is a list of osslsigncode's options that name certificate and key; the
@@ -36,7 +36,7 @@ function(pack folder)
 endfunction()
 
 put(${root} ${BINARIES}/WiFiAdapterProvider.dll ${BINARIES}/wmihost.exe
-    ${SOURCE}/schema/wifi_adapter_provider.mof ${REMOVAL}
+    ${SOURCE}/schema/wifi_adapter_provider.mof ${SCHEMA}
     ${SOURCE}/LICENSE ${SOURCE}/package/README.txt ${SOURCE}/package/THIRD-PARTY-NOTICES.txt)
 file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
 put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/fleet-guide.md
@@ -64,14 +64,19 @@ execute_process(
           ${SOURCE}/package/installer.wxs
   COMMAND_ERROR_IS_FATAL ANY
   WORKING_DIRECTORY ${root})
-# Sets what wixl leaves out: the Undo… actions run only after a failure, the two options reach them, and
-# two files get their versions. Without a version an installer keeps a file of any version that it finds.
+# Sets what wixl leaves out: the Undo… actions run only after a failure, the options reach the installing
+# service, and two files get their versions. Without a version an installer keeps a file of any version that
+# it finds.
 set(rollback 3442)  # a program named by a property; ignore its status; in the script, on rollback, as the system
 run(msibuild ${installer} -q
     "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoCompileSchema'")
 run(msibuild ${installer} -q
     "UPDATE `CustomAction` SET `Type`=${rollback} WHERE `Action`='UndoRemoveSchema'")
-set(options "WIX_DOWNGRADE_DETECTED\\;WIX_UPGRADE_DETECTED\\;KEEPSCHEMA\\;AUTORECOVER")
+set(options WIX_DOWNGRADE_DETECTED WIX_UPGRADE_DETECTED REGISTEREDMODULE)
+foreach(option INSTALLDIR ADMINSONLY AUTORECOVER KEEPSCHEMA)
+  list(APPEND options ${option} KEPT${option})
+endforeach()
+list(JOIN options "\\;" options)
 run(msibuild ${installer} -q
     "UPDATE `Property` SET `Value`='${options}' WHERE `Property`='SecureCustomProperties'")
 foreach(file Module Host)

@@ -29,7 +29,7 @@ expect_compiled() { # FILE…: what was compiled since the file was emptied
 windows_path() { wine winepath -w "$1" | tr -d '\r'; }
 registered() { # KEY: its text in the registry, empty if it does not exist
   text=$(wine reg query "$1" /s 2>/dev/null) || return 0
-  printf '%s\n' "$text" | tr -d '\r' | sed '/^$/d'
+  printf '%s\n' "$text" | iconv -f CP437 -t UTF-8 | tr -d '\r' | sed '/^$/d' # the console's code page
 }
 keys() { # all keys that the module's script writes
   registered "HKCR\\CLSID\\$class"

@@ -9,9 +9,10 @@ work=$build/installer-cycle
 test=installer_cycle
 source=$(cd "$(dirname "$0")/../.." && pwd)
 . "$source/tests/package/installation.sh"
-folder="$drive/Program Files/WiFiAdapterProvider"
+folder="$drive/Netz für alle" # what the first command chooses
 refused=1603
 failed=1627 # Wine's code for a failed action; on Windows 1603
+restart=3010
 
 run() { # STATUS ARGUMENT…: msiexec's exit code, of which the shell gets eight bits
   expected=$(($1 & 255))
@@ -21,22 +22,27 @@ run() { # STATUS ARGUMENT…: msiexec's exit code, of which the shell gets eight
   wine msiexec "$@" /qn || status=$?
   [ "$status" = "$expected" ] || fail "msiexec $* ended with $status, not $expected"
 }
-versions() { # the versions of the product's entries
+compiler_fails() { : >"$drive/compiler-fails.txt"; } # once
+entries() { # NAME: a value of each of the product's entries
   registered 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' |
-    grep -A30 'DisplayName *REG_SZ *WiFi Adapter Provider$' | sed -n 's/.*DisplayVersion *REG_SZ *//p'
+    grep -B30 -A30 'DisplayName *REG_SZ *WiFi Adapter Provider$' | sed -n "s/^ *$1 *REG_[A-Z_]* *//p"
+}
+options() { # the remembered ones: administrators only, autorecover, folder, keep the schema
+  registered 'HKLM\Software\WiFiAdapterProvider' | sed -n 's/^ *[A-Za-z]* *REG_SZ *//p' | paste -sd '|'
 }
 expect_installed() { # VERSION BINARIES
-  [ "$(versions)" = "$1" ] || fail "the product's entry says '$(versions)', not $1"
+  [ "$(entries DisplayVersion)" = "$1" ] || fail "the product's entry says '$(entries DisplayVersion)', not $1"
   expect_files "$2"
 }
 expect_files() { # BINARIES: they are installed and registered
   cmp "$folder/WiFiAdapterProvider.dll" "$1/WiFiAdapterProvider.dll"
   cmp "$folder/wmihost.exe" "$1/wmihost.exe"
-  expect_registered 'C:\Program Files\WiFiAdapterProvider\WiFiAdapterProvider.dll'
+  expect_registered "$(windows_path "$folder/WiFiAdapterProvider.dll")"
 }
 expect_nothing_left() {
   [ ! -e "$folder" ] || fail "left behind: $(find "$folder")"
-  [ -z "$(versions)$(keys)$(library_key)" ] || fail "left behind: $(versions) $(keys) $(library_key)"
+  [ -z "$(entries DisplayVersion)$(keys)$(library_key)$(options)" ] ||
+    fail "left behind: $(entries DisplayVersion) $(keys) $(library_key) $(options)"
 }
 
 rm -rf "$work"
@@ -56,7 +62,8 @@ for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
 done
 openssl req -x509 -newkey rsa:2048 -nodes -subj "/CN=Test of the package" -addext extendedKeyUsage=codeSigning \
   -days 2 -keyout key.pem -out certificate.pem 2>/dev/null
-cmake -DSOURCE="$source" -DBINARIES="$work/old" -DREMOVAL="$build/schema/uninstall.mof" \
+cmake -DSOURCE="$source" -DBINARIES="$work/old" \
+  "-DSCHEMA=$build/schema/wifi_adapter_provider_admins_only.mof;$build/schema/uninstall.mof" \
   -DSTAGE="$work/stage" -DOUTPUT="$work" -DVERSION=0.9.0 \
   "-DSIGN=-certs;$work/certificate.pem;-key;$work/key.pem" -P "$source/package/make_package.cmake" >package.log 2>&1 ||
   fail "no older package: $(tail -n 5 package.log)"
@@ -71,56 +78,90 @@ start_wine
 use_compiler
 
 # Without the maker's libraries: the installer does not need them, only loading the module does.
-run 0 /i "$older"
+run "$refused" /i "$older" ADMINSONLY=yes
+run 0 /i "$older" "INSTALLDIR=C:\\Netz für alle" ADMINSONLY=1 AUTORECOVER=1
 expect_installed 0.9.0 "$staged"
-expect_compiled wifi_adapter_provider.mof
+expect_compiled -autorecover wifi_adapter_provider_admins_only.mof
 expect_refused "QuarnApi.dll is missing" "$folder/wmihost.exe" --registered
 
-# The upgrade removes the older version. Then the driver is installed, and clients find the provider.
-run 0 /i "$msi"
-expect_installed "$version" "$build/bin"
-expect_compiled uninstall.mof wifi_adapter_provider.mof
+# The driver is installed, and a client has loaded the module when it is updated: it is replaced at the next
+# restart. The update knows the options. (Wine does not tell the removal of the older version that it is
+# part of an update, so the older schema is removed; see below.)
 cp "$simulator"/*.dll "$system/"
+mkfifo requests
+wine "$build/bin/wmihost.exe" --registered --scenario "$scenario" shell <requests >shell.txt 2>&1 &
+exec 3>requests
+echo 'enum WiFi_NetworkAdapter' >&3
+tries=0
+until grep -q '^DeviceID' shell.txt; do
+  [ $((tries += 1)) -lt 300 ] || fail "the client got no answer: $(cat shell.txt)"
+  sleep 0.1
+done
+run "$restart" /i "$msi"
+expect_compiled -autorecover uninstall.mof -autorecover wifi_adapter_provider_admins_only.mof
+cmp "$folder/WiFiAdapterProvider.dll" "$staged/WiFiAdapterProvider.dll" || fail "a module in use was replaced"
+exec 3>&-
+wait
+wine wineboot -r >"$work/wine.log" 2>&1
+expect_installed "$version" "$build/bin"
+[ "$(entries InstallLocation)" = 'C:\Netz für alle\' ] || fail "the entry's folder is '$(entries InstallLocation)'"
+[ -n "$(entries Contact)" ] || fail "the entry names no contact"
+guide=$(entries HelpLink)
+[ -f "$drive/$(echo "${guide#file:///C:}" | tr '\\' /)" ] || fail "the entry's link is '$guide'"
 expect_answers "$folder/wmihost.exe" "$simulator" "$scenario" "enum WiFi_NetworkAdapter"
 
-# Repair restores what is missing or wrong.
+# Repair restores what is missing or wrong; what its command chooses lasts.
 rm "$folder/wmihost.exe" "$folder/docs/wmihost.md"
 wine reg delete "HKCR\\CLSID\\$class\\InprocServer32" /f >/dev/null
-run 0 /i "$msi" REINSTALL=ALL REINSTALLMODE=amus AUTORECOVER=1
+run 0 /i "$msi" REINSTALL=ALL REINSTALLMODE=amus ADMINSONLY=0 KEEPSCHEMA=1
 expect_installed "$version" "$build/bin"
 expect_compiled -autorecover wifi_adapter_provider.mof
 [ -f "$folder/docs/wmihost.md" ] || fail "the repair left a document out"
+[ "$(options)" = '0|1|C:\Netz für alle\|1' ] || fail "remembered is $(options)"
 
 # An older version does not replace a newer one.
 run "$refused" /i "$older"
 expect_installed "$version" "$build/bin"
 
-# A schema that cannot be removed stops the removal, and everything stays (except for the product's
-# entry, which Wine does not restore); KEEPSCHEMA=1 skips the schema.
-echo >"$drive/compiler-fails.txt"
-run "$failed" /x "$msi"
-expect_compiled uninstall.mof wifi_adapter_provider.mof
-expect_files "$build/bin"
+# Removal as from the system's list, without options: the schema is kept, and no service needed.
+compiler_fails
+run 0 /x "$(entries UninstallString | sed 's/.*\({.*}\).*/\1/')"
+expect_compiled
+expect_nothing_left
 rm "$drive/compiler-fails.txt"
+
+# An installation whose schema cannot be compiled leaves nothing either.
+folder="$drive/Program Files/WiFiAdapterProvider"
+compiler_fails
+run "$failed" /i "$msi"
+expect_nothing_left
+
+# A removal that is part of an update leaves the schema to the newer version.
 run 0 /i "$msi"
-echo >"$drive/compiler-fails.txt"
-run 0 /x "$msi" KEEPSCHEMA=1
+run 0 /x "$msi" UPGRADINGPRODUCTCODE="{00000000-0000-0000-0000-000000000001}"
 expect_compiled
 expect_nothing_left
 
-# An installation whose schema cannot be compiled leaves nothing either.
-run "$failed" /i "$msi"
-expect_nothing_left
-rm "$drive/compiler-fails.txt"
-
-# Removal with the maker's libraries, and without them.
+# Another copy of the module that was registered since stays registered, with its schema.
 run 0 /i "$msi"
+wine regsvr32 /s "$simulator/../WiFiAdapterProvider.dll"
 run 0 /x "$msi"
-expect_compiled uninstall.mof
-expect_nothing_left
+expect_compiled
+expect_registered "$(windows_path "$simulator/../WiFiAdapterProvider.dll")"
+[ ! -e "$folder" ] && [ -z "$(options)" ] || fail "left behind: $folder $(options)"
+
+# A schema that cannot be removed stops the removal, and everything stays (except for the product's
+# entry, which Wine does not restore).
 run 0 /i "$msi"
+compiler_fails
+run "$failed" /x "$msi"
+expect_compiled uninstall.mof wifi_adapter_provider.mof
+expect_files "$build/bin"
+
+# Removal without the maker's libraries.
 rm "$system/QuarnApi.dll" "$system/TolvaApi.dll"
 run 0 /x "$msi"
+expect_compiled uninstall.mof
 expect_nothing_left
 wineserver -k || true
 wineserver -w
