@@ -3,6 +3,7 @@
 
 #include "adapterapi/codes.h"
 #include "classes/adapter_channel.h"
+#include "classes/adapter_class.h"
 #include "classes/adapter_description.h"
 #include "classes/association.h"
 #include "classes/network_adapter.h"
@@ -69,6 +70,10 @@ const Rule kRules[] = {
 };
 // clang-format on
 #undef OPERATION
+static_assert(
+    std::size(kRules) + 1 == static_cast<std::size_t>(wifi::ClassSelector::kEnd),
+    "each class of classes/adapter_class.h but WiFi_NetworkAdapter needs its row in kRules, "
+    "tests/classes/record_class_test.cpp");
 
 class RecordRules : public FillerFixture, public ::testing::WithParamInterface<Rule> {};
 

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cstring>
+#include <set>
 
 #include "methods/method_dispatch.h"
+#include "schema/contract.h"
 #include "tests/methods/method_fixture.h"
 
 namespace wifi {
@@ -23,8 +25,18 @@ Variant Typed(VARTYPE type, LONG bits) {
   return value;
 }
 
+/// "CLASS.METHOD" of the methods that the tests of this file have called.
+std::set<std::string>& Called() {
+  static std::set<std::string> called;
+  return called;
+}
+
 class Methods : public testing_support::MethodFixture {
  protected:
+  HRESULT Exec(const std::string& path, const char* method) {
+    Called().insert(path.substr(0, path.find('.') + 1) + method);
+    return MethodFixture::Exec(path, method);
+  }
   /// ReturnValue of a method of adapter "7" in one of its classes.
   std::string Answer(const std::string& className, const char* method) {
     const char* key = className == "WiFi_NetworkAdapter" ? "DeviceID" : "SettingID";
@@ -372,6 +384,23 @@ TEST_F(ProfileMethods, NothingIsAskedBeforeInitialize) {
     EXPECT_EQ(journal.Of("tolva "), Strings{}) << method;
   }
 }
+
+/// Runs after all tests, unless some were left out.
+class EveryBodyIsCalled : public ::testing::Environment {
+ public:
+  void TearDown() override {
+    const auto& run = *::testing::UnitTest::GetInstance();
+    if (run.test_to_run_count() != run.total_test_count() || run.Failed()) return;
+    for (const contract::Method& row : contract::kMethods) {
+      const std::string name = std::string(row.className) + "." + std::string(row.name);
+      if (row.name.starts_with("Set")) continue;  // without a body
+      EXPECT_TRUE(Called().contains(name))
+          << name << " has no test of its body: add one to tests/methods/method_bodies_test.cpp";
+    }
+  }
+};
+[[maybe_unused]] ::testing::Environment* const kEveryBodyIsCalled =
+    ::testing::AddGlobalTestEnvironment(new EveryBodyIsCalled);
 
 }  // namespace
 }  // namespace wifi

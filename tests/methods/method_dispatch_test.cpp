@@ -81,7 +81,8 @@ TEST_F(MethodDispatch, EveryMethodReadsItsInParameters) {
     Exec(PathOf(row.className, keys), std::string(row.name).c_str());
     const Strings read = journal.Of("get ");
     EXPECT_EQ(std::set(read.begin(), read.end()), declared)
-        << row.className << "." << row.name << ": its body and the schema disagree";
+        << row.className << "." << row.name
+        << ": its body in methods/ reads other in-parameters than the schema declares";
   }
 }
 
