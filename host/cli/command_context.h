@@ -40,7 +40,11 @@ struct CommandContext {
     if (result == S_OK) return kSuccess;
     const std::string message = what + ": " + DescribeResult(result);
     if (SUCCEEDED(result)) return Fail(kSuccess, message);
-    return Fail(MeansNotFound(result) ? kNotFound : kRefused, message);
+    return Fail(StatusOf(result), message);
+  }
+  /// The exit status for a request that failed.
+  static ExitStatus StatusOf(HRESULT result) {
+    return MeansNotFound(result) ? kNotFound : MeansUnanswered(result) ? kUnanswered : kRefused;
   }
   /// The same for a request that names an instance by its path, or a class that does not exist; if
   /// it was not found, a hint is added.

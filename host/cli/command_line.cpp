@@ -50,6 +50,9 @@ std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
   if (takes == Takes::kWidth && (!isNumber(text) || std::stoi(text) == 0)) {
     return "'" + text + "' is no number of columns";
   }
+  if (takes == Takes::kSeconds && !isNumber(text)) {
+    return "'" + text + "' is no number of seconds";
+  }
   if ((takes == Takes::kFile || takes == Takes::kFolder) && text.empty()) {
     return "the name is empty";
   }

@@ -28,6 +28,7 @@ enum class Takes {
   kFolder,
   kVersion,
   kWidth,  ///< a number of columns
+  kSeconds,
 };
 
 struct ArgumentRow {

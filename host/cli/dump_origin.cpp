@@ -85,9 +85,8 @@ ExitStatus ReportEnds(CommandContext& context, const Dump& dump, const std::vect
     const auto& [name, status] = end;
     const std::string failure = FailureOf(dump, name);
     const ExitStatus reported =
-        failure.empty()
-            ? context.Report(name, status)
-            : context.Fail(MeansNotFound(status) ? kNotFound : kRefused, name + ": " + failure);
+        failure.empty() ? context.Report(name, status)
+                        : context.Fail(CommandContext::StatusOf(status), name + ": " + failure);
     const bool isEmpty = status == WBEM_E_NOT_FOUND && dump.Rows(name).empty();
     if (!isEmpty || !ShowsLists(name)) worst = Worse(worst, reported);
     if (isEmpty && failure.empty()) continue;

@@ -13,6 +13,7 @@ enum ExitStatus : int {
   kRefused = 4,     ///< a request failed, or the provider cannot be loaded or started
   kDefective = 5,   ///< the provider violated the contract
   kNotWritten = 6,  ///< the output could not be written completely
+  kUnanswered = 7,  ///< the service did not answer in time, or the user did not wait
 };
 
 struct ExitStatusRow {
@@ -31,6 +32,9 @@ inline constexpr ExitStatusRow kExitStatuses[] = {
      "are still made); the ReturnValue of a method is FALSE"},
     {kDefective, "the provider broke the contract"},
     {kNotWritten, "standard output could not be written whole: a full disk, a closed pipe"},
+    {kUnanswered,
+     "the management service did not answer in time, or Ctrl-C ended the wait; what had arrived "
+     "is shown"},
 };
 
 inline ExitStatus Worse(ExitStatus left, ExitStatus right) {

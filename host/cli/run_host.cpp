@@ -28,7 +28,11 @@ int Width() {
 
 ExitStatus Run(const Command& command, CommandContext& context) {
   const bool onService = command.Has("--service");
-  if (command.Has("--user") && !onService) throw CommandLineError("--user goes with --service");
+  for (const char* option : {"--user", "--timeout"}) {
+    if (command.Has(option) && !onService) {
+      throw CommandLineError(std::string(option) + " goes with --service");
+    }
+  }
   const Needs needs = command.row->needs;
   if (onService || needs == Needs::kNothing) return RunCommand(command, context);
   ScenarioFile scenario(command);

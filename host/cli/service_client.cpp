@@ -1,5 +1,7 @@
 #include "host/cli/service_client.h"
 
+#include <mutex>
+
 #include "host/mof/cim_types.h"
 #include "host/service/repository.h"
 #include "host/service/result_text.h"
@@ -48,60 +50,109 @@ Json ValueOf(IWbemClassObject& object, const std::string& name) {
 
 }  // namespace
 
-ServiceAnswer ServiceClient::Collect(const std::function<HRESULT(IEnumWbemClassObject**)>& open) {
-  constexpr ULONG kAtOnce = 1;
+/// The objects of a request, which arrive on its own thread.
+struct ServiceClient::Arrivals {
+  std::mutex mutex;
   ServiceAnswer answer;
-  ComPtr<IEnumWbemClassObject> enumeration;
-  answer.status = open(enumeration.put());
-  if (FAILED(answer.status) || !enumeration) return answer;
-  service_.Secure(enumeration.get());
-  while (true) {
-    ServiceObject object;
-    ULONG returned = 0;
-    const HRESULT next = enumeration->Next(WBEM_INFINITE, kAtOnce, object.put(), &returned);
-    if (next != S_OK || returned == 0 || !object) {
-      answer.status = FAILED(next) ? next : S_OK;
-      return answer;
-    }
-    answer.objects.push_back(std::move(object));
+  bool isAwaited = true;
+
+  /// False once nobody waits for more.
+  bool Add(ServiceObject object) {
+    const std::lock_guard lock(mutex);
+    if (isAwaited) answer.objects.push_back(std::move(object));
+    return isAwaited;
   }
+};
+
+ServiceClient::ServiceClient(std::function<Connection()> connect, std::chrono::milliseconds limit)
+    : patience_(limit) {
+  const auto made = std::make_shared<Connection>();
+  connected_ = patience_.Await([connect = std::move(connect), made] { *made = connect(); });
+  if (connected_ != S_OK) return;
+  service_ = *made;
+  connected_ = service_->status();
+}
+
+ServiceAnswer ServiceClient::Request(
+    std::function<HRESULT(const os::ServiceConnection&, Arrivals&)> request) const {
+  const auto arrivals = std::make_shared<Arrivals>();
+  const HRESULT waited =
+      patience_.Await([service = service_, request = std::move(request), arrivals] {
+        const HRESULT status = request(*service, *arrivals);
+        const std::lock_guard lock(arrivals->mutex);
+        arrivals->answer.status = status;
+      });
+  const std::lock_guard lock(arrivals->mutex);
+  arrivals->isAwaited = false;
+  ServiceAnswer answer = std::move(arrivals->answer);
+  if (waited != S_OK) answer.status = waited;
+  return answer;
+}
+
+ServiceAnswer ServiceClient::Collect(
+    std::function<HRESULT(IWbemServices&, IEnumWbemClassObject**)> open) const {
+  return Request([open = std::move(open)](const os::ServiceConnection& service,
+                                          Arrivals& arrivals) -> HRESULT {
+    constexpr ULONG kAtOnce = 1;
+    ComPtr<IEnumWbemClassObject> enumeration;
+    const HRESULT opened = open(*service.get(), enumeration.put());
+    if (FAILED(opened) || !enumeration) return opened;
+    service.Secure(enumeration.get());
+    while (true) {
+      ServiceObject object;
+      ULONG returned = 0;
+      const HRESULT next = enumeration->Next(WBEM_INFINITE, kAtOnce, object.put(), &returned);
+      if (next != S_OK || returned == 0 || !object) return FAILED(next) ? next : S_OK;
+      if (!arrivals.Add(std::move(object))) return S_OK;
+    }
+  });
+}
+
+ServiceAnswer ServiceClient::One(
+    std::function<HRESULT(IWbemServices&, IWbemClassObject**)> ask) const {
+  return Request([ask = std::move(ask)](const os::ServiceConnection& service, Arrivals& arrivals) {
+    ServiceObject object;
+    const HRESULT status = ask(*service.get(), object.put());
+    if (SUCCEEDED(status) && object) arrivals.Add(std::move(object));
+    return status;
+  });
 }
 
 ServiceAnswer ServiceClient::Enumerate(const std::string& className) {
-  return Collect([&](IEnumWbemClassObject** enumeration) {
-    return service_.get()->CreateInstanceEnum(ServiceText(className).get(),
-                                              WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
-                                              nullptr, enumeration);
+  return Collect([className](IWbemServices& service, IEnumWbemClassObject** enumeration) {
+    return service.CreateInstanceEnum(ServiceText(className).get(),
+                                      WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
+                                      nullptr, enumeration);
   });
 }
 
 ServiceAnswer ServiceClient::Classes() {
-  return Collect([&](IEnumWbemClassObject** enumeration) {
-    return service_.get()->CreateClassEnum(
-        nullptr, WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr, enumeration);
+  return Collect([](IWbemServices& service, IEnumWbemClassObject** enumeration) {
+    return service.CreateClassEnum(nullptr, WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
+                                   nullptr, enumeration);
   });
 }
 
 ServiceAnswer ServiceClient::Query(const std::string& query) {
-  return Collect([&](IEnumWbemClassObject** enumeration) {
-    return service_.get()->ExecQuery(ServiceText("WQL").get(), ServiceText(query).get(),
-                                     WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
-                                     enumeration);
+  return Collect([query](IWbemServices& service, IEnumWbemClassObject** enumeration) {
+    return service.ExecQuery(ServiceText("WQL").get(), ServiceText(query).get(),
+                             WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
+                             enumeration);
   });
 }
 
 ServiceAnswer ServiceClient::Get(const std::string& classOrPath) {
-  ServiceAnswer answer;
-  ServiceObject object;
-  answer.status =
-      service_.get()->GetObject(ServiceText(classOrPath).get(), 0, nullptr, object.put(), nullptr);
-  if (SUCCEEDED(answer.status) && object) answer.objects.push_back(std::move(object));
-  return answer;
+  return One([classOrPath](IWbemServices& service, IWbemClassObject** object) {
+    return service.GetObject(ServiceText(classOrPath).get(), 0, nullptr, object, nullptr);
+  });
 }
 
 HRESULT ServiceClient::Put(const ServiceObject& instance) {
-  constexpr LONG kUpdateOnly = 1;
-  return service_.get()->PutInstance(instance.get(), kUpdateOnly, nullptr, nullptr);
+  return One([instance](IWbemServices& service, IWbemClassObject**) {
+           constexpr LONG kUpdateOnly = 1;
+           return service.PutInstance(instance.get(), kUpdateOnly, nullptr, nullptr);
+         })
+      .status;
 }
 
 ServiceAnswer ServiceClient::Call(const std::string& path, const std::string& method,
@@ -122,11 +173,10 @@ ServiceAnswer ServiceClient::Call(const std::string& path, const std::string& me
   } else if (!values.empty()) {
     throw ValueError(method + " takes no parameters");
   }
-  ServiceObject out;
-  answer.status = service_.get()->ExecMethod(ServiceText(path).get(), ServiceText(method).get(), 0,
-                                             nullptr, in.get(), out.put(), nullptr);
-  if (SUCCEEDED(answer.status) && out) answer.objects.push_back(std::move(out));
-  return answer;
+  return One([path, method, in](IWbemServices& service, IWbemClassObject** out) {
+    return service.ExecMethod(ServiceText(path).get(), ServiceText(method).get(), 0, nullptr,
+                              in.get(), out, nullptr);
+  });
 }
 
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields) {

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "host/cli/patience.h"
 #include "host/os/os.h"
 #include "host/service/value.h"
 
@@ -22,12 +25,17 @@ struct ServiceAnswer {
 /// Names and values to put, as typed.
 using TypedValues = std::vector<std::pair<std::string, std::string>>;
 
-/// Requests to a management service outside this program.
+/// Requests to a management service outside this program. Once the service has not answered in
+/// time, or Ctrl-C was typed, no more is asked. Needs a multithreaded apartment.
 class ServiceClient {
  public:
-  explicit ServiceClient(const os::ServiceLogon& logon) : service_(logon) {}
+  using Connection = std::shared_ptr<const os::ServiceConnection>;
 
-  HRESULT connected() const { return service_.status(); }
+  /// `connect` may still run after the object is gone; so may calls of the service. A limit of 0 is
+  /// none; it counts for all requests together.
+  ServiceClient(std::function<Connection()> connect, std::chrono::milliseconds limit);
+
+  HRESULT connected() const { return connected_; }
 
   ServiceAnswer Enumerate(const std::string& className);
   ServiceAnswer Classes();
@@ -38,9 +46,16 @@ class ServiceClient {
   ServiceAnswer Call(const std::string& path, const std::string& method, const TypedValues& values);
 
  private:
-  ServiceAnswer Collect(const std::function<HRESULT(IEnumWbemClassObject**)>& open);
+  struct Arrivals;
 
-  os::ServiceConnection service_;
+  ServiceAnswer Request(
+      std::function<HRESULT(const os::ServiceConnection&, Arrivals&)> request) const;
+  ServiceAnswer Collect(std::function<HRESULT(IWbemServices&, IEnumWbemClassObject**)> open) const;
+  ServiceAnswer One(std::function<HRESULT(IWbemServices&, IWbemClassObject**)> ask) const;
+
+  Patience patience_;
+  Connection service_;
+  HRESULT connected_;
 };
 
 /// The object's own properties in their order, or only `fields`; NULL becomes null.

@@ -1,6 +1,9 @@
 #include "host/cli/service_commands.h"
 
+#include <algorithm>
+#include <chrono>
 #include <iterator>
+#include <memory>
 
 #include "host/cli/command_table.h"
 #include "host/cli/dump_origin.h"
@@ -13,6 +16,8 @@
 
 namespace host {
 namespace {
+
+constexpr std::chrono::seconds kDefaultLimit{60};
 
 std::string NamespaceOf(const Command& command) {
   const std::string named = command.Text("--service");
@@ -175,12 +180,16 @@ constexpr ServiceCommand kServiceCommands[] = {
     {"report", ReportOnService},   {"put", PutOnService},           {"call", CallOnService},
 };
 
+const ServiceCommand* FindServiceCommand(const Command& command) {
+  return std::ranges::find_if(kServiceCommands, [&](const ServiceCommand& each) {
+    return SameIgnoringAsciiCase(each.name, command.row->name);
+  });
+}
+
 }  // namespace
 
 ExitStatus RunOnService(const Command& command, CommandContext& context) {
-  const auto* row = std::ranges::find_if(kServiceCommands, [&](const ServiceCommand& each) {
-    return SameIgnoringAsciiCase(each.name, command.row->name);
-  });
+  const ServiceCommand* row = FindServiceCommand(command);
   if (row == std::end(kServiceCommands)) {
     throw CommandLineError(std::string("--service: it does nothing for ") + command.row->name);
   }
@@ -196,10 +205,18 @@ ExitStatus RunOnService(const Command& command, CommandContext& context) {
     logon.user = *user;
     logon.password = os::ReadPassword("Password of " + *user + ": ");
   }
-  const platform::Apartment apartment;
-  ServiceClient service(logon);
-  if (FAILED(service.connected())) return context.Report(logon.namespacePath, service.connected());
-  return row->run(command, context, service);
+  const platform::Apartment apartment(platform::Apartment::Kind::kMultithreaded);
+  const auto seconds = command.Find("--timeout");
+  ServiceClient service([logon] { return std::make_shared<os::ServiceConnection>(logon); },
+                        seconds ? std::chrono::seconds(std::stoi(*seconds)) : kDefaultLimit);
+  return RunOnService(command, context, service);
+}
+
+ExitStatus RunOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+  if (FAILED(service.connected())) {
+    return context.Report(NamespaceOf(command), service.connected());
+  }
+  return FindServiceCommand(command)->run(command, context, service);
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 
 #include "host/cli/command.h"
 #include "host/cli/command_context.h"
+#include "host/cli/service_client.h"
 
 namespace host {
 
@@ -9,5 +10,7 @@ namespace host {
 /// machine's, instead of a provider loaded here. Throws CommandLineError for a command that does
 /// not support this.
 ExitStatus RunOnService(const Command& command, CommandContext& context);
+/// The same on the service of a client.
+ExitStatus RunOnService(const Command& command, CommandContext& context, ServiceClient& service);
 
 }  // namespace host

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
+#include <utility>
 
 #include "host/os/os.h"
 
@@ -91,6 +92,8 @@ DebugOutputToStderr::~DebugOutputToStderr() = default;
 
 struct ServiceConnection::Identity {};
 ServiceConnection::ServiceConnection(const ServiceLogon&) : status_(E_NOTIMPL) {}
+ServiceConnection::ServiceConnection(platform::ComPtr<IWbemServices> services)
+    : services_(std::move(services)) {}
 ServiceConnection::~ServiceConnection() = default;
 bool ServiceConnection::Exists() {
   return false;

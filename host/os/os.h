@@ -79,6 +79,8 @@ struct ServiceLogon {
 class ServiceConnection {
  public:
   explicit ServiceConnection(const ServiceLogon& logon);
+  /// A service of this process.
+  explicit ServiceConnection(platform::ComPtr<IWbemServices> services);
   ServiceConnection(const ServiceConnection&) = delete;
   ServiceConnection& operator=(const ServiceConnection&) = delete;
   ~ServiceConnection();

@@ -2,6 +2,7 @@
 #include <shellapi.h>
 
 #include <iostream>
+#include <utility>
 
 #include "host/os/os.h"
 #include "platform/text.h"
@@ -125,6 +126,8 @@ ServiceConnection::ServiceConnection(const ServiceLogon& logon) {
                                    nullptr, services_.put());
   if (SUCCEEDED(status_)) Secure(services_.get());
 }
+ServiceConnection::ServiceConnection(platform::ComPtr<IWbemServices> services)
+    : services_(std::move(services)) {}
 ServiceConnection::~ServiceConnection() = default;
 
 bool ServiceConnection::Exists() {

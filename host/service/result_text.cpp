@@ -17,6 +17,7 @@ struct ResultCode {
 #define WBEM_RESULT(name, bits, meaning) {name, #name, meaning},
 constexpr ResultCode kResultCodes[] = {
 #include "platform/tables/result_codes.inc"
+    {kLate, "RPC_E_TIMEOUT", "no answer in time"},
     // Codes of a connection to another machine's service.
     {static_cast<HRESULT>(0x80041015), "WBEM_E_TRANSPORT_FAILURE",
      "there is no such machine, or it cannot be reached"},
@@ -39,6 +40,10 @@ std::string DescribeResult(HRESULT result) {
 
 bool MeansNotFound(HRESULT result) {
   return result == WBEM_E_NOT_FOUND || result == WBEM_E_INVALID_CLASS;
+}
+
+bool MeansUnanswered(HRESULT result) {
+  return result == kLate || result == WBEM_E_CALL_CANCELLED;
 }
 
 }  // namespace host

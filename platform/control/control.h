@@ -24,10 +24,15 @@ class PrivateLocalMachine {
   ~PrivateLocalMachine();
 };
 
-/// While the object lives, this thread is in a single-threaded apartment and may call COM objects.
+/// While the object lives, this thread is in an apartment and may call COM objects.
 class Apartment {
  public:
-  Apartment();
+  enum class Kind {
+    kSingleThreaded,
+    kMultithreaded,  ///< shared with all threads of this kind, and so are the objects
+  };
+
+  explicit Apartment(Kind kind = Kind::kSingleThreaded);
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;
   ~Apartment();

@@ -19,7 +19,7 @@ PrivateLocalMachine::~PrivateLocalMachine() {
   native::ClearRegistry();
 }
 
-Apartment::Apartment() = default;
+Apartment::Apartment(Kind) {}
 Apartment::~Apartment() = default;
 
 }  // namespace platform

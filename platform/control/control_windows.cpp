@@ -48,8 +48,9 @@ PrivateLocalMachine::~PrivateLocalMachine() {
   RegDeleteKeyW(HKEY_CURRENT_USER, kScratchFolder);  // fails while another host has a key in it
 }
 
-Apartment::Apartment() {
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+Apartment::Apartment(Kind kind) {
+  CoInitializeEx(nullptr,
+                 kind == Kind::kMultithreaded ? COINIT_MULTITHREADED : COINIT_APARTMENTTHREADED);
 }
 Apartment::~Apartment() {
   CoUninitialize();

@@ -18,6 +18,7 @@ expect 0 '"DeviceId": "C:"' get 'Win32_LogicalDisk.DeviceID="C:"' --format json
 expect 0 '^C: ' query "SELECT DeviceID, FileSystem FROM Win32_LogicalDisk WHERE DeviceID = 'C:'" --fields DeviceID,FileSystem
 expect 0 '^Manufacturer +string' describe Win32_BIOS
 expect 0 '"ReturnValue": 0' call StdRegProv EnumKey hDefKey=-2147483646 sSubKeyName=Software --format json
+expect 0 '"Manufacturer": "' --timeout 0 enum Win32_BIOS --format json
 expect 2 'sSubKey: ' call StdRegProv EnumKey sSubKey=Software
 expect 3 "WBEM_E_NOT_FOUND" get Win32_Nothing
 expect 4 'wmihost: root.nowhere: ' 'root\nowhere' enum Win32_BIOS
