@@ -52,8 +52,12 @@ class Checker {
     const InstanceDeclaration& provider = OnlyInstance(schema, "__Win32Provider");
     provider_ = TextOf(provider, "Name");
     const std::string host = TextOf(provider, "HostingModel");
-    Require(std::ranges::find(kModuleHosts, host) != std::end(kModuleHosts), provider.line,
-            "__Win32Provider", "no host for a module that acts as its clients: '" + host + "'");
+    // A group, after a colon, shares a host process of its own.
+    const std::size_t account = host.find(':');
+    Require(std::ranges::find(kModuleHosts, host.substr(0, account)) != std::end(kModuleHosts) &&
+                account != host.size() - 1,
+            provider.line, "__Win32Provider",
+            "no host for a module that acts as its clients: '" + host + "'");
 
     const auto isWritten = [](const PropertyDeclaration& item) {
       return item.qualifiers.Flag("write");

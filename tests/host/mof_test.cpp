@@ -173,6 +173,19 @@ TEST(SchemaCheck, FindsEveryFault) {
                                  }));
 }
 
+TEST(SchemaCheck, KnowsTheHostsOfModules) {
+  const std::pair<std::string, bool> rows[] = {{"LocalSystemHost", true},
+                                               {"LocalServiceHost:Group", true},
+                                               {"LocalServiceHost:", false},
+                                               {"LocalService", false},
+                                               {"Group:LocalServiceHost", false}};
+  for (const auto& [host, isHost] : rows) {
+    const std::vector<std::string> findings = CheckSchema(
+        ParseMof("instance of __Win32Provider { HostingModel = \"" + host + "\"; };", "m"));
+    EXPECT_EQ(findings.front().starts_with("1: __Win32Provider: no host"), !isHost) << host;
+  }
+}
+
 TEST(SchemaCheck, FindsClassesThatDeriveFromThemselves) {
   const Schema schema = ParseMof(
       "class A : A {};\nclass B : C {};\nclass C : b {};\nclass D : B {};\nclass E : Other {};",
@@ -192,7 +205,7 @@ TEST(ProductMof, IsWholeAndWithoutFindings) {
   // Values that the class factory, the installer and the host process assume without a check.
   EXPECT_EQ(TextOf(schema.instances[0], "Name"), "WiFiAdapterProvider");
   EXPECT_EQ(ProviderClassId(schema), "{3B14BAD6-C364-4576-8271-39B5850ABDA8}");
-  EXPECT_EQ(TextOf(schema.instances[0], "HostingModel"), "NetworkServiceHost");
+  EXPECT_EQ(TextOf(schema.instances[0], "HostingModel"), "LocalServiceHost:WiFiAdapterProvider");
 }
 
 /// What the build reads of the schema equals what the host reads.
