@@ -258,10 +258,14 @@ TEST(ProductMof, IsTakenAwayWhole) {
   std::set<std::string> names;
   for (const ClassDeclaration& declaration : schema.classes) names.insert(declaration.name);
   EXPECT_EQ(std::set(removal.deletedClasses.begin(), removal.deletedClasses.end()), names);
-  EXPECT_EQ(removal.deletedInstances.size(), schema.instances.size());
-  EXPECT_EQ(removal.deletedInstances.front(),
-            "__MethodProviderRegistration.Provider="
-            "\"__Win32Provider.Name=\\\"WiFiAdapterProvider\\\"\"");
+  EXPECT_EQ(
+      removal.deletedInstances,
+      (std::vector<std::string>{
+          R"(__MethodProviderRegistration.Provider="\\\\.\\root\\cimv2:__Win32Provider.Name=\"WiFiAdapterProvider\"")",
+          R"(__MethodProviderRegistration.Provider="__Win32Provider.Name=\"WiFiAdapterProvider\"")",
+          R"(__InstanceProviderRegistration.Provider="\\\\.\\root\\cimv2:__Win32Provider.Name=\"WiFiAdapterProvider\"")",
+          R"(__InstanceProviderRegistration.Provider="__Win32Provider.Name=\"WiFiAdapterProvider\"")",
+          R"(__Win32Provider.Name="WiFiAdapterProvider")"}));
 }
 
 TEST(ClassReference, WritesTablesAndEscapes) {
