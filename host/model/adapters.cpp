@@ -62,6 +62,16 @@ std::optional<bool> FlagOf(const Json& row, const char* property) {
   return found->get<bool>();
 }
 
+/// An adapter without any answer: its texts are unknown, and flags that are false tell nothing.
+bool AnswersNothing(const Json& adapter) {
+  constexpr const char* kTexts[] = {"WiFiAdapterType", "Band", "AssociationStatus",
+                                    "AuthenticationStatus"};
+  return TextOf(adapter, "SupportedRates").empty() &&
+         std::ranges::all_of(kTexts, [&](const char* property) {
+           return TextOf(adapter, property) == "<Unknown>";
+         });
+}
+
 /// Whether a text is an address that means no address.
 bool IsNoAddress(const std::string& text) {
   return text == "0.0.0.0";
@@ -140,9 +150,11 @@ Adapter ReadAdapter(const Dump& dump, const Source& source, const std::string& k
   adapter.key = key;
   adapter.title = TitleOf(dump, key);
   const Json& row = dump.Row(kAdapterClass, key);
-  adapter.isEnabled = FlagOf(row, "AdapterState");
-  adapter.radioOn = FlagOf(row, "RadioState");
-  adapter.hardwareRadioOn = FlagOf(row, "HardwareRadioState");
+  if (!AnswersNothing(row)) {
+    adapter.isEnabled = FlagOf(row, "AdapterState");
+    adapter.radioOn = FlagOf(row, "RadioState");
+    adapter.hardwareRadioOn = FlagOf(row, "HardwareRadioState");
+  }
   adapter.hasFailedAuthentication = TextOf(row, "AuthenticationStatus") == "Failed authentication";
   adapter.isAssociated = Associated(row, dump.Row(kAssociationClass, key));
   if (!adapter.isAssociated) {

@@ -21,7 +21,7 @@ std::string WhyMoreAdapters(const Dump& dump, const Source& source) {
 
 Machine::Machine(const Dump& dump)
     : source(SourceOf(dump)),
-      networks(NetworksOf(dump)),
+      networks(NetworksOf(dump, source)),
       adapters(AdaptersOf(dump, source, networks)),
       whyMoreAdapters(WhyMoreAdapters(dump, source)),
       findings(FindingsOf(*this, dump)) {}

@@ -119,7 +119,7 @@ std::string WhyNotCharted(const Network& network) {
   return network.centre ? "" : "channel " + std::to_string(*network.channel);
 }
 
-std::vector<Network> NetworksOf(const Dump& dump) {
+std::vector<Network> NetworksOf(const Dump& dump, const Source& source) {
   std::vector<Network> networks;
   std::map<std::pair<std::string, std::string>, std::size_t> known;
   for (const Json& row : dump.Rows(kScanned)) {
@@ -134,6 +134,9 @@ std::vector<Network> NetworksOf(const Dump& dump) {
         known.emplace(std::pair(network.adapter, network.mac), networks.size());
     if (isNew) networks.push_back(std::move(network));
     networks[place->second].available = true;
+  }
+  for (Network& network : networks) {
+    network.isAvailableInvented = source.IsInvented(kAvailable, "MacAddress", network.adapter);
   }
   for (const Json& association : dump.Rows("WiFi_AdapterAssociationInfo")) {
     if (TextOf(association, "Associated") != "true") continue;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/model/dump.h"
+#include "host/model/source.h"
 
 namespace host {
 
@@ -28,13 +28,14 @@ struct Network {
   std::optional<int> centre;  ///< in MHz, if the channel belongs to its spectrum
   std::optional<int> signal;  ///< dBm
   Protection protection = Protection::kUnknown;
-  std::string security;           ///< "WPA2-Personal, AES-CCMP"; empty if unknown
-  std::optional<bool> available;  ///< the adapter can join it now
-  bool associated = false;        ///< the adapter is associated with it
+  std::string security;              ///< "WPA2-Personal, AES-CCMP"; empty if unknown
+  std::optional<bool> available;     ///< the adapter can join it now
+  bool isAvailableInvented = false;  ///< the source did not tell `available`
+  bool associated = false;           ///< the adapter is associated with it
 };
 
 /// The networks of both lists, each once per adapter, in the order of the lists.
-std::vector<Network> NetworksOf(const Dump& dump);
+std::vector<Network> NetworksOf(const Dump& dump, const Source& source);
 /// A network of either list, as far as the row gives it.
 Network NetworkOf(const Json& row);
 /// Why a chart of its band cannot show a network, such as "channel 0"; empty if it can.

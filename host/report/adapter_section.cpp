@@ -10,10 +10,6 @@ namespace {
 
 constexpr int kBarLength = 100;
 
-void WriteMark(Html& html) {
-  html.Text(" ").Element("span", {{"class", "invented"}}, "made up");
-}
-
 void WriteLine(Html& html, const std::string& label, const std::string& value,
                const std::string& why, bool isInvented = false) {
   html.Open("div").Element("dt", {}, label);
@@ -22,7 +18,7 @@ void WriteLine(Html& html, const std::string& label, const std::string& value,
     html.Element("span", {{"class", "unknown"}}, "not known: " + why);
   } else {
     html.Element("bdi", {}, value);
-    if (isInvented) WriteMark(html);
+    if (isInvented) WriteInventedMark(html);
   }
   html.Close().Close().NewLine();
 }

@@ -31,9 +31,7 @@ void WriteValue(Html& html, const ClassRows& shown, const Json& row, const std::
     return;
   }
   html.Open("td").Element("bdi", {}, CellText(*found));
-  if (shown.IsInvented(row, property)) {
-    html.Text(" ").Element("span", {{"class", "invented"}}, "made up");
-  }
+  if (shown.IsInvented(row, property)) WriteInventedMark(html);
   html.Close();
 }
 

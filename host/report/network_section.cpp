@@ -92,7 +92,9 @@ void WriteRow(Html& html, const Network& network, const std::string& id,
   html.Open("td").Element("code", {}, network.mac).Close();
   WriteCell(html, network.standard + (network.mode == "Ad hoc" ? ", ad hoc" : ""));
   WriteNumber(html, overlapping);
-  WriteCell(html, !network.available ? "\u2013" : *network.available ? "yes" : "no");
+  html.Open("td").Text(!network.available ? "\u2013" : *network.available ? "yes" : "no");
+  if (network.available && network.isAvailableInvented) WriteInventedMark(html);
+  html.Close();
   if (!adapterTitle.empty()) WriteCell(html, adapterTitle);
   html.Close().NewLine();
 }

@@ -1,11 +1,17 @@
 #pragma once
-// Ids of the page's sections.
+// What the page's sections share: their ids, and the mark of values that were made up.
 
 #include <string>
 
 #include "host/model/findings.h"
+#include "host/report/html.h"
 
 namespace host {
+
+/// Marks the value before it.
+inline void WriteInventedMark(Html& html) {
+  html.Text(" ").Element("span", {{"class", "invented"}}, "made up");
+}
 
 inline constexpr const char* kAdaptersId = "adapters";
 
