@@ -35,10 +35,10 @@ struct CommandContext {
     WriteError(errors, place + message);
     return status;
   }
-  /// Reports how a request for `what` ended, unless with S_OK.
-  ExitStatus Report(const std::string& what, HRESULT result) {
+  /// Reports how a request for `what` ended, unless with S_OK; `why` replaces the result's meaning.
+  ExitStatus Report(const std::string& what, HRESULT result, const std::string& why = "") {
     if (result == S_OK) return kSuccess;
-    const std::string message = what + ": " + DescribeResult(result);
+    const std::string message = what + ": " + (why.empty() ? DescribeResult(result) : why);
     if (SUCCEEDED(result)) return Fail(kSuccess, message);
     return Fail(StatusOf(result), message);
   }

@@ -4,9 +4,11 @@
 #include <chrono>
 #include <cstdio>
 
+#include "host/cli/by_name.h"
 #include "host/cli/help.h"
 #include "host/cli/provider_host.h"
 #include "host/cli/scenario_file.h"
+#include "host/cli/show.h"
 #include "host/model/machine.h"
 #include "platform/environment.h"
 
@@ -93,7 +95,32 @@ ExitStatus ReportEnds(CommandContext& context, const Dump& dump, const std::vect
     origin["Failures"].push_back(TextOf(end));
     if (!dump.EndedAt(name).empty()) origin["EndedAt"][name] = dump.EndedAt(name);
   }
+  const auto byName = dump.origin().find("ByName");
+  if (origin.contains("Failures") && byName != dump.origin().end()) origin["ByName"] = *byName;
   return worst;
+}
+
+/// Asks by name for what enumerations left unread. The dump's own member then says where each
+/// ended, as the added instances hide it.
+void AskByName(const Repository& repository, const DumpRequests& requests,
+               const std::vector<ClassEnd>& ends, Json& all) {
+  Json failures = Json::array();
+  for (const ClassEnd& end : ends) failures.push_back(TextOf(end));
+  all[kOriginMember] = Json::array({{{"Failures", failures}, {"EndedAt", Json::object()}}});
+  Json& known = all[kOriginMember].front();
+  Json& endedAt = known["EndedAt"];
+  const Dump enumerated(all);
+  for (const auto& [name, status] : ends) {
+    const std::string last = enumerated.EndedAt(name);
+    if (!last.empty()) endedAt[name] = last;
+  }
+  const Json done = AddByName(repository, requests.get, &all);
+  // Without any instance it was not known that the end is an adapter's, not the class's.
+  const Dump whole(all);
+  for (const auto& [name, numbers] : done.items()) {
+    if (numbers["Given"] != 0) endedAt.emplace(name, whole.adapters().front());
+  }
+  known["ByName"] = done;
 }
 
 }  // namespace
@@ -102,23 +129,34 @@ Json DumpStart() {
   return {{"Version", kProgramVersion}, {"Time", TimeText()}};
 }
 
-Json MakeDump(CommandContext& context,
-              const std::function<ClassAnswer(const ClassInfo&)>& enumerate,
-              const std::function<Json()>& describe, ExitStatus* status) {
+Json MakeDump(CommandContext& context, const DumpRequests& requests, ExitStatus* status) {
   Json all = Json::object();
   std::vector<ClassEnd> ends;
   for (const ClassInfo* info : context.repository.served()) {
-    ClassAnswer answer = enumerate(*info);
+    ClassAnswer answer = requests.enumerate(*info);
     if (answer.status != S_OK) ends.emplace_back(info->name(), answer.status);
     all[info->name()] = std::move(answer.rows);
   }
-  Json origin = describe();
-  Json failures = Json::array();
-  for (const ClassEnd& end : ends) failures.push_back(TextOf(end));
-  all[kOriginMember] = Json::array({{{"Failures", std::move(failures)}}});
+  Json origin = requests.describe();
+  if (!ends.empty()) AskByName(context.repository, requests, ends, all);
   *status = ReportEnds(context, Dump(all), ends, origin);
   all[kOriginMember] = Json::array({std::move(origin)});
   return all;
+}
+
+std::string WhyEnumerationEnded(CommandContext& context, const ClassInfo& info,
+                                const Outcome& outcome) {
+  const char* key = AdapterKeyOf(info.name());
+  if (key == nullptr || outcome.status == S_OK) return "";
+  const auto keysOf = [](const std::vector<CimObject>& objects, const char* property) {
+    return RowsOf(objects, {property}, false);
+  };
+  // The class of adapters that asks no library.
+  Json known = {
+      {kVersionedClass, keysOf(context.session->Enumerate(kVersionedClass).objects, "SettingID")}};
+  known[info.name()] = keysOf(outcome.objects, key);
+  known[kOriginMember] = {{{"Failures", {TextOf(ClassEnd(info.name(), outcome.status))}}}};
+  return FailureOf(Dump(known), info.name());
 }
 
 Json ProviderDump(CommandContext& context, ExitStatus* status) {
@@ -150,7 +188,11 @@ Json ProviderDump(CommandContext& context, ExitStatus* status) {
     if (context.provider != nullptr) origin["Source"] = SourceOf(context);
     return origin;
   };
-  return MakeDump(context, enumerate, describe, status);
+  const auto get = [&](const std::string& path) {
+    const Outcome answer = context.session->Get(path);
+    return answer.objects.empty() ? Json() : answer.objects.front().ToJson();
+  };
+  return MakeDump(context, {enumerate, get, describe}, status);
 }
 
 }  // namespace host

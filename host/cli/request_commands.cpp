@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "host/cli/assign.h"
 #include "host/cli/commands.h"
@@ -16,8 +17,17 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
   const std::vector<std::string> fields = FieldsOf(info, command);
   const std::string unknown = info == nullptr ? className : "";
   if (command.format != OutputFormat::kCsv || command.Has("--sort")) {
-    return Show(context, className, unknown, context.session->Enumerate(className), command, fields,
-                info);
+    Outcome outcome = context.session->Enumerate(className);
+    const bool isForPeople =
+        command.format == OutputFormat::kTable || command.format == OutputFormat::kChart;
+    const std::string why =
+        info != nullptr && isForPeople ? WhyEnumerationEnded(context, *info, outcome) : "";
+    if (why.empty()) return Show(context, className, unknown, outcome, command, fields, info);
+    const HRESULT status = std::exchange(outcome.status, S_OK);
+    if (!outcome.objects.empty()) {
+      Show(context, className, unknown, outcome, command, fields, info);
+    }
+    return context.Fail(MeansNotFound(status) ? kNotFound : kRefused, className + ": " + why);
   }
   // A format without widths: instances need not be kept until the last one has arrived.
   const bool paths = command.Has("--paths");

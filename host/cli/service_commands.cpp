@@ -110,21 +110,23 @@ std::string ComputerName(ServiceClient& service) {
 /// All instances of the provider's classes, and where they come from.
 Json DumpOf(const Command& command, CommandContext& context, ServiceClient& service,
             ExitStatus* status) {
-  return MakeDump(
-      context,
-      [&](const ClassInfo& info) {
-        const ServiceAnswer answer = service.Enumerate(info.name());
-        return ClassAnswer{answer.status, RowsOfService(answer, {})};
-      },
-      [&] {
-        Json origin = DumpStart();
-        origin["Source"] = {{"Kind", kSourceKinds[static_cast<std::size_t>(SourceKind::kService)]},
-                            {"Name", NamespaceOf(command)}};
-        const std::string computer = ComputerName(service);
-        if (!computer.empty()) origin["Source"]["Computer"] = computer;
-        return origin;
-      },
-      status);
+  const auto enumerate = [&](const ClassInfo& info) {
+    const ServiceAnswer answer = service.Enumerate(info.name());
+    return ClassAnswer{answer.status, RowsOfService(answer, {})};
+  };
+  const auto get = [&](const std::string& path) {
+    const ServiceAnswer answer = service.Get(path);
+    return answer.objects.empty() ? Json() : RowOfService(answer.objects.front(), {});
+  };
+  const auto describe = [&] {
+    Json origin = DumpStart();
+    origin["Source"] = {{"Kind", kSourceKinds[static_cast<std::size_t>(SourceKind::kService)]},
+                        {"Name", NamespaceOf(command)}};
+    const std::string computer = ComputerName(service);
+    if (!computer.empty()) origin["Source"]["Computer"] = computer;
+    return origin;
+  };
+  return MakeDump(context, {enumerate, get, describe}, status);
 }
 
 ExitStatus DumpOnService(const Command& command, CommandContext& context, ServiceClient& service) {

@@ -53,6 +53,7 @@ Dump::Dump(const Json& json) : json_(json) {
   ReadFailures();
   CollectAdapters();
   for (auto& [name, reading] : readings_) FindEnd(name, reading);
+  ReadEnds();
 }
 
 void Dump::ReadFailures() {
@@ -69,6 +70,18 @@ void Dump::ReadFailures() {
                     kHexadecimal);
     const auto reading = readings_.find(text.substr(0, mark));
     if (reading != readings_.end()) reading->second.status = static_cast<HRESULT>(code);
+  }
+}
+
+/// A dump says where its enumerations ended, as instances asked for by name hide it.
+void Dump::ReadEnds() {
+  const auto ends = origin().find("EndedAt");
+  if (ends == origin().end() || !ends->is_object()) return;
+  for (const auto& [name, adapter] : ends->items()) {
+    const auto reading = readings_.find(name);
+    const auto place = std::ranges::lower_bound(adapters_, CellText(adapter));
+    if (reading == readings_.end() || place == adapters_.end()) continue;
+    if (*place == CellText(adapter)) reading->second.ended = place - adapters_.begin();
   }
 }
 
@@ -154,11 +167,22 @@ std::string Dump::WhyUnknown(std::string_view className, std::string_view adapte
          code;
 }
 
-std::vector<std::string> Dump::NotReached(std::string_view className) const {
+std::vector<std::string> Dump::NotReached(std::string_view className, bool withInstances) const {
   const Reading* reading = Find(className);
   if (reading == nullptr || !reading->ended) return {};
-  const auto next = adapters_.begin() + static_cast<std::ptrdiff_t>(*reading->ended) + 1;
-  return {next, adapters_.end()};
+  std::vector<std::string> missed;
+  for (std::size_t place = *reading->ended + 1; place < adapters_.size(); ++place) {
+    if (reading->first.contains(adapters_[place]) != withInstances) continue;
+    missed.push_back(adapters_[place]);
+  }
+  return missed;
+}
+
+bool Dump::AskedByName(std::string_view className) const {
+  const auto done = origin().find("ByName");
+  if (done == origin().end() || !done->is_object()) return false;
+  const auto found = done->find(className);
+  return found == done->end() || !found->is_object() || !found->contains("Left");
 }
 
 }  // namespace host

@@ -43,8 +43,12 @@ class Dump {
   /// Why the class has no instance of this adapter, or not all of them, as words that follow a
   /// colon; empty if its instances are known.
   std::string WhyUnknown(std::string_view className, std::string_view adapter) const;
-  /// The adapters that the enumeration of a class did not reach.
-  std::vector<std::string> NotReached(std::string_view className) const;
+  /// The adapters that the enumeration of a class did not reach: those without an instance, or
+  /// those with some, which were asked for by name.
+  std::vector<std::string> NotReached(std::string_view className, bool withInstances) const;
+  /// Whether instances that no enumeration reached were asked for by name, all that other classes
+  /// of the dump name.
+  bool AskedByName(std::string_view className) const;
 
  private:
   /// For searching texts by string views.
@@ -64,6 +68,7 @@ class Dump {
 
   const Reading* Find(std::string_view className) const;
   void ReadFailures();
+  void ReadEnds();
   void CollectAdapters();
   void FindEnd(std::string_view className, Reading& reading) const;
 

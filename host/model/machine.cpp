@@ -31,12 +31,17 @@ std::string FailureOf(const Dump& dump, const std::string& className) {
   if (status == S_OK) return "";
   const std::string last = dump.EndedAt(className);
   if (last.empty()) return DescribeResult(status);
-  const std::vector<std::string> missed = dump.NotReached(className);
+  const std::vector<std::string> missed = dump.NotReached(className, false);
+  const std::vector<std::string> named = dump.NotReached(className, true);
   const bool isEmptyList =
       ShowsLists(className) && status == WBEM_E_NOT_FOUND && dump.Row(className, last).empty();
-  if (isEmptyList && missed.empty()) return "";
+  if (isEmptyList && missed.empty() && named.empty()) return "";
   std::string text = "the enumeration ended at adapter " + last + ", " + DescribeResult(status);
+  if (ShowsLists(className) && !named.empty()) {
+    text += "; of adapter " + Joined(named) + " only what was asked for by name";
+  }
   if (!missed.empty()) text += "; not known of adapter " + Joined(missed);
+  if (!missed.empty() && dump.AskedByName(className)) text += ", and no request by name tells more";
   return text;
 }
 

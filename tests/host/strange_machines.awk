@@ -31,7 +31,7 @@ BEGIN {
   else if (machine == "no-adapter") ;
   else if (machine == "first-radio-off") {
     start_adapter(1, ", \"radioState\": false, \"hwRadioState\": false"); end_adapter()
-    start_adapter(2); hears(2, 5); end_adapter()
+    start_adapter(2, ", \"association\": {\"opMode\": 1, \"bssid\": " mac(1, 2, 1) "}"); hears(2, 5); end_adapter()
   } else if (machine == "empty-lists") for (i = 1; i <= 2; ++i) { start_adapter(i); end_adapter() }
   else if (machine == "wild-signals") {
     start_adapter(1)
