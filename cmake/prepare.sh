@@ -20,6 +20,7 @@ zip                        windows                       packs the archives
 unzip                      windows                       unpacks them in their test
 wixl                       windows                       makes the installer
 msitools                   windows                       edits and reads the installer
+faketime                   windows                       stops the clock while the installer is made
 osslsigncode               windows                       signs in the test of the installer
 openssl                    windows                       makes that test a certificate
 clang                      windows,lint,fuzz             gives the names and layouts of the platform'"'"'s own compiler; fuzzes

@@ -1,7 +1,7 @@
 # cmake -DSOURCE=… -DBINARIES=… -DSCHEMA=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P
 # make_package.cmake: stages the package's files and builds from them, in OUTPUT, the archive, the
-# archive of the debug symbols and the installer. The same files give the same archives: fixed order,
-# fixed times, fixed modes. SIGN is a list of osslsigncode's options that name certificate and key; the
+# archive of the debug symbols and the installer. The same files give the same archives and the same
+# installer: fixed order, fixed times, fixed modes. SIGN is a list of osslsigncode's options that name certificate and key; the
 # provider, the host, the simulated libraries and the installer are signed with them.
 
 set(name WiFiAdapterProvider-${VERSION})
@@ -56,11 +56,13 @@ foreach(file WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll)
 endforeach()
 pack(${name}-symbols)
 
-# Each version is a separate product that replaces the earlier ones.
+# Each version is a separate product that replaces the earlier ones. Its package code is made of the
+# content, and the clock stands still.
 string(UUID product NAMESPACE 0e0a9f2c-6c1b-4b0b-9b5b-6c4e1f6a9d37 NAME ${VERSION} TYPE SHA1 UPPER)
 set(installer ${OUTPUT}/${name}.msi)
 execute_process(
-  COMMAND wixl -a x64 -D Version=${VERSION} -D ProductCode={${product}} -o ${installer}
+  COMMAND ${CMAKE_COMMAND} -E env TZ=UTC faketime -f "2026-01-01 00:00:00"
+          wixl -a x64 -D Version=${VERSION} -D ProductCode={${product}} -o ${installer}
           ${SOURCE}/package/installer.wxs
   COMMAND_ERROR_IS_FATAL ANY
   WORKING_DIRECTORY ${root})
@@ -83,5 +85,11 @@ foreach(file Module Host)
   run(msibuild ${installer} -q
       "UPDATE `File` SET `Version`='${VERSION}.0', `Language`='1033' WHERE `File`='${file}'")
 endforeach()
+file(SHA256 ${OUTPUT}/${name}.zip files)
+file(SHA256 ${SOURCE}/package/installer.wxs rows)
+file(SHA256 ${CMAKE_CURRENT_LIST_FILE} edits)
+string(UUID content NAMESPACE ${product} NAME ${files}${rows}${edits} TYPE SHA1 UPPER)
+run(msibuild ${installer} -s "WiFi Adapter Provider ${VERSION}" "The WiFi Adapter Provider authors"
+    "x64\;1033" {${content}})
 sign(${installer})
 message(STATUS "Package: ${name}.msi")

@@ -24,18 +24,18 @@ type_commands() { # SECTION: the README's commands, until one fails
 rm -rf "$work"
 mkdir -p "$work/first"
 
-# The same sources give the same archives, even when the files are linked again.
+# The same sources give the same archives and installer, even when the files are linked again.
 pack
-archives=$(cd "$build" && ls WiFiAdapterProvider-*.zip)
+archives=$(cd "$build" && ls WiFiAdapterProvider-*.zip WiFiAdapterProvider-*.msi)
 (cd "$build" && cp $archives "$work/first")
 rm "$build/bin/WiFiAdapterProvider.dll" "$build/bin/wmihost.exe"
 pack
 for archive in $archives; do
-  cmp "$build/$archive" "$work/first/$archive" || fail "two builds gave different archives"
+  cmp "$build/$archive" "$work/first/$archive" || fail "two builds gave different files: $archive"
 done
 
 cd "$work"
-unzip -q "first/$(echo "$archives" | grep -v symbols)"
+unzip -q "first/$(echo "$archives" | grep -v "symbols\|msi")"
 cd WiFiAdapterProvider-*
 for file in WiFiAdapterProvider.dll wmihost.exe wifi_adapter_provider.mof uninstall.mof LICENSE.txt THIRD-PARTY-NOTICES.txt README.txt \
   docs/administrator-guide.md docs/fleet-guide.md docs/result-codes.md \
