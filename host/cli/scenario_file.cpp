@@ -39,7 +39,7 @@ simulator::LoadedScenario ScenarioFile::Load(const std::optional<std::string>& o
   }
   path_ = path;
   kept_.reset();
-  if (once) kept_ = loaded;
+  if (once) kept_.emplace(loaded);
   return loaded;
 }
 
