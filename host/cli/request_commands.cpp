@@ -27,7 +27,7 @@ ExitStatus RunEnum(const Command& command, CommandContext& context) {
     if (!outcome.objects.empty()) {
       Show(context, className, unknown, outcome, command, fields, info);
     }
-    return context.Fail(MeansNotFound(status) ? kNotFound : kRefused, className + ": " + why);
+    return context.Report(className, status, why);
   }
   // A format without widths: instances need not be kept until the last one has arrived.
   const bool paths = command.Has("--paths");

@@ -17,6 +17,12 @@ function close_chart(   channel, other) {
     axis[part[9]] = part[7] - 4
   }
 }
+/<text class="channel"/ {
+  for (rest = $0; match(rest, /<text class="channel" x="[0-9.]*" y="[0-9.]*">[0-9]+</); rest = substr(rest, RSTART + RLENGTH)) {
+    split(substr(rest, RSTART, RLENGTH), part, /["<>]/)
+    x[part[9]] = part[5]
+  }
+}
 /<path class="bell/ {
   ++curves
   $0 = substr($0, index($0, "<path class=\"bell"))
@@ -30,7 +36,7 @@ function close_chart(   channel, other) {
   mac = substr($0, RSTART - 17, 17)
   drawn[mac] = said[2] " dBm on channel " said[1]
   if (said[2] != signal) wrong(mac " has " signal " dBm and says " said[2])
-  if ((said[1] in x) && x[said[1]] != point[8]) wrong("channel " said[1] " has two places")
+  if ((said[1] in x) && x[said[1]] != point[8]) wrong("channel " said[1] " is at " x[said[1]] " and at " point[8])
   x[said[1]] = point[8]
 }
 /<text data-signal=/ {
