@@ -30,9 +30,9 @@ constexpr NameRow kNames[] = {
     {"NetworkName", "WiFi_AvailableNetwork", "NetworkName"},
 };
 
-using Keys = std::vector<std::pair<std::string, std::string>>;
+using KeyValues = std::vector<std::pair<std::string, std::string>>;
 
-std::string PathWith(const ClassInfo& info, const Keys& keys) {
+std::string PathWith(const ClassInfo& info, const KeyValues& keys) {
   CimObject instance(info);
   for (const auto& [name, text] : keys) {
     const auto property = info.FindProperty(name);
