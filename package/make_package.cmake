@@ -1,8 +1,9 @@
-# cmake -DSOURCE=… -DBINARIES=… -DSCHEMA=… -DSTAGE=… -DOUTPUT=… -DVERSION=… [-DSIGN=…] -P
+# cmake -DSOURCE=… -DBINARIES=… -DSCHEMA=… -DSTAGE=… -DOUTPUT=… -DVERSION=… -DOBJDUMP=… [-DSIGN=…] -P
 # make_package.cmake: stages the package's files and builds from them, in OUTPUT, the archive, the
 # archive of the debug symbols and the installer. The same files give the same archives and the same
 # installer: fixed order, fixed times, fixed modes. SIGN is a list of osslsigncode's options that name certificate and key; the
 # provider, the host, the simulated libraries and the installer are signed with them.
+cmake_minimum_required(VERSION 3.25)
 
 set(name WiFiAdapterProvider-${VERSION})
 set(root ${STAGE}/${name})
@@ -93,3 +94,4 @@ run(msibuild ${installer} -s "WiFi Adapter Provider ${VERSION}" "The WiFi Adapte
     "x64\;1033" {${content}})
 sign(${installer})
 message(STATUS "Package: ${name}.msi")
+include(${CMAKE_CURRENT_LIST_DIR}/make_bom.cmake)

@@ -7,7 +7,8 @@ build=$1
 tools=$2
 work=$build/package-cycle
 test=cycle
-. "$(dirname "$0")/installation.sh"
+source=$(cd "$(dirname "$0")/../.." && pwd)
+. "$source/tests/package/installation.sh"
 
 pack() {
   cmake --build "$build" --target package >"$work/package.log" 2>&1 || fail "no package: $(tail -n 5 "$work/package.log")"
@@ -26,7 +27,7 @@ mkdir -p "$work/first"
 
 # The same sources give the same archives and installer, even when the files are linked again.
 pack
-archives=$(cd "$build" && ls WiFiAdapterProvider-*.zip WiFiAdapterProvider-*.msi)
+archives=$(cd "$build" && ls WiFiAdapterProvider-*.zip WiFiAdapterProvider-*.msi WiFiAdapterProvider-*.cdx.json)
 (cd "$build" && cp $archives "$work/first")
 rm "$build/bin/WiFiAdapterProvider.dll" "$build/bin/wmihost.exe"
 pack
@@ -35,7 +36,7 @@ for archive in $archives; do
 done
 
 cd "$work"
-unzip -q "first/$(echo "$archives" | grep -v "symbols\|msi")"
+unzip -q "first/$(echo "$archives" | grep -v "symbols\|msi\|json")"
 cd WiFiAdapterProvider-*
 for file in WiFiAdapterProvider.dll wmihost.exe wifi_adapter_provider.mof uninstall.mof LICENSE.txt THIRD-PARTY-NOTICES.txt README.txt \
   docs/administrator-guide.md docs/fleet-guide.md docs/result-codes.md \
@@ -43,6 +44,9 @@ for file in WiFiAdapterProvider.dll wmihost.exe wifi_adapter_provider.mof uninst
   [ -f "$file" ] || fail "the package lacks $file"
 done
 [ ! -e QuarnApi.dll ] || fail "a simulated library lies beside the product"
+(cd "$build" && sha256sum --quiet -c SHA256SUMS) || fail "SHA256SUMS is wrong"
+cmake -DPACKAGE="$build/${PWD##*/}" -DFOLDER="$PWD" -DTABLES="$source/tests/package/pe_tables.pl" \
+  -DCOMPILER="${tools}g++-posix" -P "$source/tests/package/check_bom.cmake" || fail "the bill of materials is wrong"
 
 start_wine
 use_compiler

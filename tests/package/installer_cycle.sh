@@ -64,12 +64,12 @@ openssl req -x509 -newkey rsa:2048 -nodes -subj "/CN=Test of the package" -addex
   -days 2 -keyout key.pem -out certificate.pem 2>/dev/null
 cmake -DSOURCE="$source" -DBINARIES="$work/old" \
   "-DSCHEMA=$build/schema/wifi_adapter_provider_admins_only.mof;$build/schema/uninstall.mof" \
-  -DSTAGE="$work/stage" -DOUTPUT="$work" -DVERSION=0.9.0 \
+  -DSTAGE="$work/stage" -DOUTPUT="$work" -DVERSION=0.9.0 -DOBJDUMP="${tools}objdump" \
   "-DSIGN=-certs;$work/certificate.pem;-key;$work/key.pem" -P "$source/package/make_package.cmake" >package.log 2>&1 ||
   fail "no older package: $(tail -n 5 package.log)"
 older=$work/WiFiAdapterProvider-0.9.0.msi
 staged=$work/stage/WiFiAdapterProvider-0.9.0
-for file in "$older" "$staged/WiFiAdapterProvider.dll" "$staged/wmihost.exe"; do
+for file in "$older" "$staged/WiFiAdapterProvider.dll" "$staged/wmihost.exe" "$staged"/simulator/*.dll; do
   osslsigncode verify -CAfile certificate.pem -TSA-CAfile certificate.pem -in "$file" >verify.log 2>&1 ||
     fail "the signature of $file does not hold: $(tail -n 5 verify.log)"
 done
