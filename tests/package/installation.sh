@@ -27,16 +27,15 @@ expect_compiled() { # FILE…: what was compiled since the file was emptied
   [ "$found" = "$*${*:+ }" ] || fail "compiled was '$found', not '$*'"
 }
 windows_path() { wine winepath -w "$1" | tr -d '\r'; }
-registered() { # KEY: its text in the registry, empty if it does not exist
-  text=$(wine reg query "$1" /s 2>/dev/null) || return 0
-  printf '%s\n' "$text" | iconv -f CP437 -t UTF-8 | tr -d '\r' | sed '/^$/d' # the console's code page
+registered() { # KEY…: their texts in the registry, without the errors for those that do not exist
+  printf '@reg query "%s" /s\r\n' "$@" >"$drive/query.bat"
+  wine cmd /c 'C:\query.bat' </dev/null 2>/dev/null |
+    iconv -f CP437 -t UTF-8 | tr -d '\r' | sed '/^$/d; /^reg: /d' # the console's code page
 }
-keys() { # all keys that the module's script writes
-  registered "HKCR\\CLSID\\$class"
-  registered HKCR\\WiFiAdapterProvider.Instance
-  registered HKCR\\WiFiAdapterProvider.Instance.1
+keys() { # KEY…: all keys that the module's script and its type library write, and these
+  registered "HKCR\\CLSID\\$class" HKCR\\WiFiAdapterProvider.Instance HKCR\\WiFiAdapterProvider.Instance.1 \
+    "HKCR\\TypeLib\\$library" "$@"
 }
-library_key() { registered "HKCR\\TypeLib\\$library"; }
 expect_registered() { # MODULE: only the registration names this file
   expected="HKEY_CLASSES_ROOT\\CLSID\\$class
     (Default)    REG_SZ    Instance Class
@@ -55,12 +54,16 @@ HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance.1
     (Default)    REG_SZ    Instance Class
 HKEY_CLASSES_ROOT\\WiFiAdapterProvider.Instance.1\\CLSID
     (Default)    REG_SZ    $class"
-  [ "$(keys)" = "$expected" ] || fail "the registry holds:
-$(keys)
+  found=$(keys)
+  [ "$(printf '%s\n' "$found" | sed '/TypeLib/,$d')" = "$expected" ] || fail "the registry holds:
+$found
 instead of:
 $expected"
-  library_key | grep -qF "$1" || fail "no type library: $(library_key)"
-  library_key | grep -q "WiFi Adapter Provider 1.0 Type Library" || fail "no type library: $(library_key)"
+  found=$(printf '%s\n' "$found" | sed -n '/TypeLib/,$p')
+  case $found in
+    *"WiFi Adapter Provider 1.0 Type Library"*"$1"*) ;;
+    *) fail "no type library: $found" ;;
+  esac
 }
 # wmihost also checks that the module can be unloaded after its last object and lock are released.
 expect_answers() { # HOST LIBRARIES SCENARIO COMMAND…: COM gives the same answers as the module's file

@@ -23,15 +23,17 @@ run() { # STATUS ARGUMENT…: msiexec's exit code, of which the shell gets eight
   [ "$status" = "$expected" ] || fail "msiexec $* ended with $status, not $expected"
 }
 compiler_fails() { : >"$drive/compiler-fails.txt"; } # once
-entries() { # NAME: a value of each of the product's entries
-  registered 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' |
-    grep -B30 -A30 'DisplayName *REG_SZ *WiFi Adapter Provider$' | sed -n "s/^ *$1 *REG_[A-Z_]* *//p"
-}
+list='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall'
+memory='HKLM\Software\WiFiAdapterProvider'
 options() { # the remembered ones: administrators only, autorecover, folder, keep the schema
-  registered 'HKLM\Software\WiFiAdapterProvider' | sed -n 's/^ *[A-Za-z]* *REG_SZ *//p' | paste -sd '|'
+  registered "$memory" | sed -n 's/^ *[A-Za-z]* *REG_SZ *//p' | paste -sd '|'
+}
+value() { # NAME: that of the product's entry
+  printf '%s\n' "$entries" | sed -n "s/^ *$1 *REG_[A-Z_]* *//p"
 }
 expect_installed() { # VERSION BINARIES
-  [ "$(entries DisplayVersion)" = "$1" ] || fail "the product's entry says '$(entries DisplayVersion)', not $1"
+  entries=$(registered "$list" | grep -B30 -A30 'DisplayName *REG_SZ *WiFi Adapter Provider$') || fail "no entry"
+  [ "$(value DisplayVersion)" = "$1" ] || fail "the product's entry says '$(value DisplayVersion)', not $1"
   expect_files "$2"
 }
 expect_files() { # BINARIES: they are installed and registered
@@ -41,8 +43,8 @@ expect_files() { # BINARIES: they are installed and registered
 }
 expect_nothing_left() {
   [ ! -e "$folder" ] || fail "left behind: $(find "$folder")"
-  [ -z "$(entries DisplayVersion)$(keys)$(library_key)$(options)" ] ||
-    fail "left behind: $(entries DisplayVersion) $(keys) $(library_key) $(options)"
+  left=$(keys "$memory" "$list" | grep -iE "WiFi|$class|$library" || true)
+  [ -z "$left" ] || fail "left behind: $left"
 }
 
 rm -rf "$work"
@@ -104,9 +106,9 @@ exec 3>&-
 wait
 wine wineboot -r >"$work/wine.log" 2>&1
 expect_installed "$version" "$build/bin"
-[ "$(entries InstallLocation)" = 'C:\Netz für alle\' ] || fail "the entry's folder is '$(entries InstallLocation)'"
-[ -n "$(entries Contact)" ] || fail "the entry names no contact"
-guide=$(entries HelpLink)
+[ "$(value InstallLocation)" = 'C:\Netz für alle\' ] || fail "the entry's folder is '$(value InstallLocation)'"
+[ -n "$(value Contact)" ] || fail "the entry names no contact"
+guide=$(value HelpLink)
 [ -f "$drive/$(echo "${guide#file:///C:}" | tr '\\' /)" ] || fail "the entry's link is '$guide'"
 expect_answers "$folder/wmihost.exe" "$simulator" "$scenario" "enum WiFi_NetworkAdapter"
 
@@ -125,7 +127,7 @@ expect_installed "$version" "$build/bin"
 
 # Removal as from the system's list, without options: the schema is kept, and no service needed.
 compiler_fails
-run 0 /x "$(entries UninstallString | sed 's/.*\({.*}\).*/\1/')"
+run 0 /x "$(value UninstallString | sed 's/.*\({.*}\).*/\1/')"
 expect_compiled
 expect_nothing_left
 rm "$drive/compiler-fails.txt"
