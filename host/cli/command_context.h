@@ -2,6 +2,8 @@
 
 #include <ostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/cli/exit_status.h"
 #include "host/format/visible_text.h"
@@ -25,6 +27,8 @@ struct CommandContext {
   bool color = false;                ///< whether tables use bold and dim text
   ProviderHost* provider = nullptr;  ///< null if `session` is, or for a session alone
   ScenarioFile* scenario = nullptr;  ///< null with `provider`
+  /// Takes the seconds that the enumeration of each class took in a dump, unless null.
+  std::vector<std::pair<std::string, double>>* requestTimes = nullptr;
   bool inShell = false;
   bool leave = false;  ///< the shell must end, with this status or else the worst of its lines
   std::optional<ExitStatus> leaveStatus = {};

@@ -73,6 +73,8 @@ struct CommandRow {
   /// format.
   std::vector<OutputFormat> formats = {};
   bool takesFields = false;
+  /// Its exit status is that of a monitoring system's check, also if it cannot be run.
+  bool isCheck = false;
   /// Whole lines, with the program's name if they are typed on a command line.
   std::vector<const char*> examples = {};
   /// In addition to success, kUnexpected, kBadInput and kNotWritten, which apply to every command.

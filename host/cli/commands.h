@@ -30,6 +30,9 @@ ExitStatus RunManual(const Command& command, CommandContext& context);
 ExitStatus RunCompletion(const Command& command, CommandContext& context);
 ExitStatus RunHelp(const Command& command, CommandContext& context);
 ExitStatus RunRegister(const Command& command, CommandContext& context);
+ExitStatus RunDoctor(const Command& command, CommandContext& context);
+ExitStatus RunMetrics(const Command& command, CommandContext& context);
+ExitStatus RunHealth(const Command& command, CommandContext& context);
 ExitStatus RunUnregister(const Command& command, CommandContext& context);
 
 }  // namespace host

@@ -133,7 +133,12 @@ Json MakeDump(CommandContext& context, const DumpRequests& requests, ExitStatus*
   Json all = Json::object();
   std::vector<ClassEnd> ends;
   for (const ClassInfo* info : context.repository.served()) {
+    const auto start = std::chrono::steady_clock::now();
     ClassAnswer answer = requests.enumerate(*info);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    if (context.requestTimes != nullptr) {
+      context.requestTimes->emplace_back(info->name(), took.count());
+    }
     if (answer.status != S_OK) ends.emplace_back(info->name(), answer.status);
     all[info->name()] = std::move(answer.rows);
   }

@@ -1,9 +1,11 @@
 #include "host/cli/help.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/fleet/health.h"
 #include "host/service/nearest.h"
 
 #ifndef WMIHOST_VERSION
@@ -91,6 +93,11 @@ std::string CommandHelp(const CommandRow& row, bool inShell) {
   text += "\nExamples:\n";
   for (const std::string& example : ExamplesOf(row, inShell)) text += "  " + example + "\n";
   text += "\nExit status:\n";
+  for (int status = 0; row.isCheck && status < static_cast<int>(std::size(kHealthNames));
+       ++status) {
+    text += HelpLine(std::to_string(status), kHealthNames[status]);
+  }
+  if (row.isCheck) return text;
   for (const ExitStatus status : StatusesOf(row)) {
     text += HelpLine(std::to_string(status), kExitStatuses[status].meaning);
   }

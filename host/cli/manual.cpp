@@ -32,7 +32,7 @@ std::string Items(const std::vector<OptionRow>& rows) {
   return text;
 }
 
-std::string Joined(const std::vector<std::string>& words) {
+std::string Spaced(const std::vector<std::string>& words) {
   std::string text;
   for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
   return text;
@@ -41,7 +41,7 @@ std::string Joined(const std::vector<std::string>& words) {
 std::string OptionNames(const std::vector<OptionRow>& rows) {
   std::vector<std::string> names;
   for (const OptionRow& row : rows) names.emplace_back(row.name);
-  return Joined(names);
+  return Spaced(names);
 }
 
 /// "enum|describe" for the commands whose first argument has this kind.
@@ -116,7 +116,7 @@ ExitStatus RunManual(const Command&, CommandContext& context) {
 ExitStatus RunCompletion(const Command&, CommandContext& context) {
   std::vector<std::string> classes;
   for (const ClassInfo* info : context.repository.served()) classes.push_back(info->name());
-  std::string commands = Joined(CommandNames(false));
+  std::string commands = Spaced(CommandNames(false));
   std::string alternatives = commands;
   for (char& character : alternatives) {
     if (character == ' ') character = '|';
@@ -144,7 +144,7 @@ ExitStatus RunCompletion(const Command&, CommandContext& context) {
             "    COMPREPLY=($(compgen -W \"$options\" -- \"$word\"))\n    return\n  fi\n"
             "  case $command in\n    '') COMPREPLY=($(compgen -W '"
          << commands << "' -- \"$word\")) ;;\n    " << Taking(Takes::kClass) << '|'
-         << Taking(Takes::kPath) << ") COMPREPLY=($(compgen -W '" << Joined(classes)
+         << Taking(Takes::kPath) << ") COMPREPLY=($(compgen -W '" << Spaced(classes)
          << "' -- \"$word\")) ;;\n    " << Taking(Takes::kCommand) << ") COMPREPLY=($(compgen -W '"
          << commands
          << "' -- \"$word\")) ;;\n    *) "

@@ -101,8 +101,16 @@ void LoadNamedLibraries(const Command& options) {
   }
 }
 
+std::string ModulePath(const Command& options) {
+  return options.Find("--module").value_or(os::DefaultModulePath());
+}
+
 ProviderModule ModuleByFile(const Command& options) {
-  return ProviderModule(options.Find("--module").value_or(os::DefaultModulePath()));
+  return ProviderModule(ModulePath(options));
+}
+
+bool UsesSimulator() {
+  return std::ranges::any_of(kLibraries, IsSimulator);
 }
 
 ProviderHost::ProviderHost(const Repository& repository, const Command& options,

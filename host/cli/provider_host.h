@@ -18,6 +18,10 @@ namespace host {
 void LoadNamedLibraries(const Command& options);
 /// The module in the file of --module, else in the program's folder. Throws ModuleError.
 ProviderModule ModuleByFile(const Command& options);
+/// The path of --module, else of the module in the program's folder.
+std::string ModulePath(const Command& options);
+/// Whether one of the loaded closed libraries is the simulator's.
+bool UsesSimulator();
 
 /// The provider that the commands of one process use, from loading its module to unloading it.
 class ProviderHost {

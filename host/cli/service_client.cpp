@@ -75,6 +75,7 @@ ServiceClient::ServiceClient(std::function<Connection()> connect, std::chrono::m
 
 ServiceAnswer ServiceClient::Request(
     std::function<HRESULT(const os::ServiceConnection&, Arrivals&)> request) const {
+  if (FAILED(connected_)) return {connected_, {}};
   const auto arrivals = std::make_shared<Arrivals>();
   const HRESULT waited =
       patience_.Await([service = service_, request = std::move(request), arrivals] {
@@ -118,7 +119,7 @@ ServiceAnswer ServiceClient::One(
   });
 }
 
-ServiceAnswer ServiceClient::Enumerate(const std::string& className) {
+ServiceAnswer ServiceClient::Enumerate(const std::string& className) const {
   return Collect([className](IWbemServices& service, IEnumWbemClassObject** enumeration) {
     return service.CreateInstanceEnum(ServiceText(className).get(),
                                       WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
@@ -126,14 +127,14 @@ ServiceAnswer ServiceClient::Enumerate(const std::string& className) {
   });
 }
 
-ServiceAnswer ServiceClient::Classes() {
+ServiceAnswer ServiceClient::Classes() const {
   return Collect([](IWbemServices& service, IEnumWbemClassObject** enumeration) {
     return service.CreateClassEnum(nullptr, WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY,
                                    nullptr, enumeration);
   });
 }
 
-ServiceAnswer ServiceClient::Query(const std::string& query) {
+ServiceAnswer ServiceClient::Query(const std::string& query) const {
   return Collect([query](IWbemServices& service, IEnumWbemClassObject** enumeration) {
     return service.ExecQuery(ServiceText("WQL").get(), ServiceText(query).get(),
                              WBEM_FLAG_RETURN_IMMEDIATELY | WBEM_FLAG_FORWARD_ONLY, nullptr,
@@ -141,13 +142,13 @@ ServiceAnswer ServiceClient::Query(const std::string& query) {
   });
 }
 
-ServiceAnswer ServiceClient::Get(const std::string& classOrPath) {
+ServiceAnswer ServiceClient::Get(const std::string& classOrPath) const {
   return One([classOrPath](IWbemServices& service, IWbemClassObject** object) {
     return service.GetObject(ServiceText(classOrPath).get(), 0, nullptr, object, nullptr);
   });
 }
 
-HRESULT ServiceClient::Put(const ServiceObject& instance) {
+HRESULT ServiceClient::Put(const ServiceObject& instance) const {
   return One([instance](IWbemServices& service, IWbemClassObject**) {
            constexpr LONG kUpdateOnly = 1;
            return service.PutInstance(instance.get(), kUpdateOnly, nullptr, nullptr);
@@ -156,7 +157,7 @@ HRESULT ServiceClient::Put(const ServiceObject& instance) {
 }
 
 ServiceAnswer ServiceClient::Call(const std::string& path, const std::string& method,
-                                  const TypedValues& values) {
+                                  const TypedValues& values) const {
   ServiceAnswer answer = Get(ClassNameOfPath(path));
   if (FAILED(answer.status) || answer.objects.empty()) return answer;
   ServiceObject signature;
@@ -177,6 +178,10 @@ ServiceAnswer ServiceClient::Call(const std::string& path, const std::string& me
     return service.ExecMethod(ServiceText(path).get(), ServiceText(method).get(), 0, nullptr,
                               in.get(), out, nullptr);
   });
+}
+
+ServiceClient ConnectToService(const os::ServiceLogon& logon, std::chrono::seconds limit) {
+  return ServiceClient([logon] { return std::make_shared<os::ServiceConnection>(logon); }, limit);
 }
 
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields) {

@@ -35,15 +35,17 @@ class ServiceClient {
   /// none; it counts for all requests together.
   ServiceClient(std::function<Connection()> connect, std::chrono::milliseconds limit);
 
+  /// With a failure all requests end.
   HRESULT connected() const { return connected_; }
 
-  ServiceAnswer Enumerate(const std::string& className);
-  ServiceAnswer Classes();
-  ServiceAnswer Get(const std::string& classOrPath);
-  ServiceAnswer Query(const std::string& query);
-  HRESULT Put(const ServiceObject& instance);
+  ServiceAnswer Enumerate(const std::string& className) const;
+  ServiceAnswer Classes() const;
+  ServiceAnswer Get(const std::string& classOrPath) const;
+  ServiceAnswer Query(const std::string& query) const;
+  HRESULT Put(const ServiceObject& instance) const;
   /// The answer's object has the out-parameters. Throws ValueError.
-  ServiceAnswer Call(const std::string& path, const std::string& method, const TypedValues& values);
+  ServiceAnswer Call(const std::string& path, const std::string& method,
+                     const TypedValues& values) const;
 
  private:
   struct Arrivals;
@@ -57,6 +59,12 @@ class ServiceClient {
   Connection service_;
   HRESULT connected_;
 };
+
+/// How long to wait for a service if the user does not say.
+inline constexpr std::chrono::seconds kDefaultLimit{60};
+/// A client of a service outside this process. Needs a multithreaded apartment.
+ServiceClient ConnectToService(const os::ServiceLogon& logon,
+                               std::chrono::seconds limit = kDefaultLimit);
 
 /// The object's own properties in their order, or only `fields`; NULL becomes null.
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields);

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <memory>
 
 #include "host/cli/command_table.h"
 #include "host/cli/dump_origin.h"
 #include "host/cli/dump_output.h"
+#include "host/cli/fleet_commands.h"
 #include "host/cli/service_client.h"
 #include "host/cli/show.h"
 #include "host/cli/view_commands.h"
@@ -16,8 +16,6 @@
 
 namespace host {
 namespace {
-
-constexpr std::chrono::seconds kDefaultLimit{60};
 
 std::string NamespaceOf(const Command& command) {
   const std::string named = command.Text("--service");
@@ -67,22 +65,25 @@ TypedValues Typed(const Command& command) {
   return values;
 }
 
-ExitStatus EnumOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus EnumOnService(const Command& command, CommandContext& context,
+                         const ServiceClient& service) {
   const std::string name = command.Text("CLASS");
   return ShowAnswer(command, context, name, service.Enumerate(name), name);
 }
 
-ExitStatus GetOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus GetOnService(const Command& command, CommandContext& context,
+                        const ServiceClient& service) {
   const std::string path = command.Text("PATH");
   return ShowAnswer(command, context, path, service.Get(path));
 }
 
-ExitStatus QueryOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus QueryOnService(const Command& command, CommandContext& context,
+                          const ServiceClient& service) {
   return ShowAnswer(command, context, "query", service.Query(command.Joined("WQL")));
 }
 
 ExitStatus ClassesOnService(const Command& command, CommandContext& context,
-                            ServiceClient& service) {
+                            const ServiceClient& service) {
   const ServiceAnswer answer = service.Classes();
   Json rows = Json::array();
   for (const ServiceObject& each : answer.objects) rows.push_back({{"Name", ClassNameOf(each)}});
@@ -90,7 +91,7 @@ ExitStatus ClassesOnService(const Command& command, CommandContext& context,
 }
 
 ExitStatus DescribeOnService(const Command& command, CommandContext& context,
-                             ServiceClient& service) {
+                             const ServiceClient& service) {
   const std::string name = command.Text("CLASS");
   const ServiceAnswer answer = service.Get(name);
   return ShowRows(command, context, name, answer,
@@ -98,7 +99,7 @@ ExitStatus DescribeOnService(const Command& command, CommandContext& context,
 }
 
 /// The computer's name, as the service gives it.
-std::string ComputerName(ServiceClient& service) {
+std::string ComputerName(const ServiceClient& service) {
   for (const ServiceObject& system : service.Enumerate("Win32_ComputerSystem").objects) {
     const Json name = RowOfService(system, {"Name"});
     const auto found = name.find("Name");
@@ -108,7 +109,7 @@ std::string ComputerName(ServiceClient& service) {
 }
 
 /// All instances of the provider's classes, and where they come from.
-Json DumpOf(const Command& command, CommandContext& context, ServiceClient& service,
+Json DumpOf(const Command& command, CommandContext& context, const ServiceClient& service,
             ExitStatus* status) {
   const auto enumerate = [&](const ClassInfo& info) {
     const ServiceAnswer answer = service.Enumerate(info.name());
@@ -129,7 +130,8 @@ Json DumpOf(const Command& command, CommandContext& context, ServiceClient& serv
   return MakeDump(context, {enumerate, get, describe}, status);
 }
 
-ExitStatus DumpOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus DumpOnService(const Command& command, CommandContext& context,
+                         const ServiceClient& service) {
   if (DumpFormat(command) != OutputFormat::kJson) {
     throw CommandLineError("dump: of a service it takes --format json");
   }
@@ -139,20 +141,24 @@ ExitStatus DumpOnService(const Command& command, CommandContext& context, Servic
 }
 
 ExitStatus ReportOnService(const Command& command, CommandContext& context,
-                           ServiceClient& service) {
+                           const ServiceClient& service) {
   const ReportTarget target(command);
   ExitStatus status = kSuccess;
   const Json all = DumpOf(command, context, service, &status);
   return Worse(status, target.Write(context, all));
 }
 
-ExitStatus ViewOnService(const Command& command, CommandContext& context, ServiceClient& service) {
-  return ShowMachine(command, context, [&](CommandContext& quiet, ExitStatus* status) {
-    return DumpOf(command, quiet, service, status);
+/// A command that shows the machine of a dump.
+template <ExitStatus (*show)(const Command&, CommandContext&, const DumpSource&)>
+ExitStatus MachineOnService(const Command& command, CommandContext& context,
+                            const ServiceClient& service) {
+  return show(command, context, [&](CommandContext& asking, ExitStatus* status) {
+    return DumpOf(command, asking, service, status);
   });
 }
 
-ExitStatus PutOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus PutOnService(const Command& command, CommandContext& context,
+                        const ServiceClient& service) {
   const std::string path = command.Text("PATH");
   const ServiceAnswer found = service.Get(path);
   if (FAILED(found.status) || found.objects.empty()) return context.Report(path, found.status);
@@ -161,7 +167,8 @@ ExitStatus PutOnService(const Command& command, CommandContext& context, Service
   return status != kSuccess ? status : ShowAnswer(command, context, path, service.Get(path));
 }
 
-ExitStatus CallOnService(const Command& command, CommandContext& context, ServiceClient& service) {
+ExitStatus CallOnService(const Command& command, CommandContext& context,
+                         const ServiceClient& service) {
   const std::string path = command.Text("PATH");
   const std::string method = command.Text("METHOD");
   const ServiceAnswer answer = service.Call(path, method, Typed(command));
@@ -173,13 +180,24 @@ ExitStatus CallOnService(const Command& command, CommandContext& context, Servic
 
 struct ServiceCommand {
   const char* name;
-  ExitStatus (*run)(const Command&, CommandContext&, ServiceClient&);
+  ExitStatus (*run)(const Command&, CommandContext&, const ServiceClient&);
+  bool evenUnconnected = false;  ///< that there is no answer is shown too
 };
 constexpr ServiceCommand kServiceCommands[] = {
-    {"enum", EnumOnService},       {"get", GetOnService},           {"query", QueryOnService},
-    {"classes", ClassesOnService}, {"describe", DescribeOnService}, {"dump", DumpOnService},
-    {"status", ViewOnService},     {"adapters", ViewOnService},     {"networks", ViewOnService},
-    {"report", ReportOnService},   {"put", PutOnService},           {"call", CallOnService},
+    {"enum", EnumOnService},
+    {"get", GetOnService},
+    {"query", QueryOnService},
+    {"classes", ClassesOnService},
+    {"describe", DescribeOnService},
+    {"dump", DumpOnService},
+    {"status", MachineOnService<ShowMachine>},
+    {"adapters", MachineOnService<ShowMachine>},
+    {"networks", MachineOnService<ShowMachine>},
+    {"report", ReportOnService},
+    {"put", PutOnService},
+    {"call", CallOnService},
+    {"metrics", MachineOnService<WriteMetrics>, true},
+    {"health", MachineOnService<CheckMachine>, true},
 };
 
 const ServiceCommand* FindServiceCommand(const Command& command) {
@@ -209,16 +227,18 @@ ExitStatus RunOnService(const Command& command, CommandContext& context) {
   }
   const platform::Apartment apartment(platform::Apartment::Kind::kMultithreaded);
   const auto seconds = command.Find("--timeout");
-  ServiceClient service([logon] { return std::make_shared<os::ServiceConnection>(logon); },
-                        seconds ? std::chrono::seconds(std::stoi(*seconds)) : kDefaultLimit);
+  const ServiceClient service =
+      ConnectToService(logon, seconds ? std::chrono::seconds(std::stoi(*seconds)) : kDefaultLimit);
   return RunOnService(command, context, service);
 }
 
-ExitStatus RunOnService(const Command& command, CommandContext& context, ServiceClient& service) {
-  if (FAILED(service.connected())) {
+ExitStatus RunOnService(const Command& command, CommandContext& context,
+                        const ServiceClient& service) {
+  const ServiceCommand& row = *FindServiceCommand(command);
+  if (FAILED(service.connected()) && !row.evenUnconnected) {
     return context.Report(NamespaceOf(command), service.connected());
   }
-  return FindServiceCommand(command)->run(command, context, service);
+  return row.run(command, context, service);
 }
 
 }  // namespace host

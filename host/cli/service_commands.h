@@ -11,6 +11,7 @@ namespace host {
 /// not support this.
 ExitStatus RunOnService(const Command& command, CommandContext& context);
 /// The same on the service of a client.
-ExitStatus RunOnService(const Command& command, CommandContext& context, ServiceClient& service);
+ExitStatus RunOnService(const Command& command, CommandContext& context,
+                        const ServiceClient& service);
 
 }  // namespace host

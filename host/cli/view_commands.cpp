@@ -25,18 +25,22 @@ constexpr ViewRow kViews[] = {{"status", nullptr, StatusText},
 
 }  // namespace
 
-ExitStatus ShowMachine(const Command& command, CommandContext& context, const DumpSource& source) {
-  const ViewRow& view = *std::ranges::find_if(kViews, [&](const ViewRow& row) {
-    return SameIgnoringAsciiCase(row.command, command.row->name);
-  });
-  // Failures are reported below, once, with their consequences.
+Json QuietDump(CommandContext& context, const DumpSource& source, ExitStatus* status) {
   std::ostream nowhere(nullptr);
   CommandContext quiet = {context.repository, context.session, context.output, nowhere,
                           context.width};
   quiet.provider = context.provider;
   quiet.scenario = context.scenario;
+  return source(quiet, status);
+}
+
+ExitStatus ShowMachine(const Command& command, CommandContext& context, const DumpSource& source) {
+  const ViewRow& view = *std::ranges::find_if(kViews, [&](const ViewRow& row) {
+    return SameIgnoringAsciiCase(row.command, command.row->name);
+  });
+  // Failures are reported below, once, with their consequences.
   ExitStatus status = kSuccess;
-  const Json json = source(quiet, &status);
+  const Json json = QuietDump(context, source, &status);
   const Dump dump(json);
   const Machine machine(dump);
   context.output << (command.format == OutputFormat::kTable

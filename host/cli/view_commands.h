@@ -11,6 +11,9 @@ namespace host {
 /// Makes a dump of the machine, which sets the status of the worst enumeration.
 using DumpSource = std::function<Json(CommandContext& context, ExitStatus* status)>;
 
+/// The dump of a source, without messages about failures.
+Json QuietDump(CommandContext& context, const DumpSource& source, ExitStatus* status);
+
 /// What status, adapters and networks show of a machine.
 ExitStatus ShowMachine(const Command& command, CommandContext& context, const DumpSource& source);
 

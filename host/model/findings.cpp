@@ -12,7 +12,6 @@
 namespace host {
 namespace {
 
-constexpr int kWeakSignal = -75;     ///< dBm
 constexpr int kHighPercentage = 10;  ///< of failures, from which on they count as high
 constexpr std::size_t kCrowd = 4;    ///< networks on one channel
 constexpr std::size_t kApart = 3;    ///< up to this number, equal findings are listed one by one
@@ -146,7 +145,7 @@ void JudgeHearing(const Adapter& adapter, const Dump& dump, Findings* findings) 
   }
 }
 
-void JudgeSignal(const Adapter& adapter, Findings* findings) {
+void JudgeSignal(const Adapter& adapter, int weakSignal, Findings* findings) {
   for (const Network* network : adapter.networks) {
     if (!network->associated) continue;
     const bool isOpen = network->protection == Protection::kOpen;
@@ -171,7 +170,7 @@ void JudgeSignal(const Adapter& adapter, Findings* findings) {
                      .spectrum = network->spectrum});
     }
   }
-  if (adapter.signal && *adapter.signal <= kWeakSignal) {
+  if (adapter.signal && *adapter.signal <= weakSignal) {
     findings->Add(kWeak, adapter.title,
                   {.detail = "Signal " + std::to_string(*adapter.signal) + " dBm.",
                    .className = "WiFi_AdapterAssocStats"});
@@ -303,13 +302,13 @@ void JudgeStart(const Machine& machine, Findings* findings) {
 
 }  // namespace
 
-std::vector<Finding> FindingsOf(const Machine& machine, const Dump& dump) {
+std::vector<Finding> FindingsOf(const Machine& machine, const Dump& dump, int weakSignal) {
   Findings findings;
   JudgeStart(machine, &findings);
   for (const Adapter& adapter : machine.adapters) {
     JudgeAssociation(adapter, &findings);
     JudgeHearing(adapter, dump, &findings);
-    JudgeSignal(adapter, &findings);
+    JudgeSignal(adapter, weakSignal, &findings);
     JudgeStatistics(dump, adapter, &findings);
   }
   JudgeProtection(machine.networks, Protection::kOpen, "open access point", &findings);

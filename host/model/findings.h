@@ -23,8 +23,11 @@ struct Finding {
 
 struct Machine;
 
+/// A signal of this strength or less is weak, in dBm.
+inline constexpr int kWeakSignal = -75;
+
 /// The most important first. If more than a few adapters or classes have the same finding, it is
 /// one finding with their number.
-std::vector<Finding> FindingsOf(const Machine& machine, const Dump& dump);
+std::vector<Finding> FindingsOf(const Machine& machine, const Dump& dump, int weakSignal);
 
 }  // namespace host

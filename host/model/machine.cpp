@@ -19,12 +19,12 @@ std::string WhyMoreAdapters(const Dump& dump, const Source& source) {
 
 }  // namespace
 
-Machine::Machine(const Dump& dump)
+Machine::Machine(const Dump& dump, int weakSignal)
     : source(SourceOf(dump)),
       networks(NetworksOf(dump, source)),
       adapters(AdaptersOf(dump, source, networks)),
       whyMoreAdapters(WhyMoreAdapters(dump, source)),
-      findings(FindingsOf(*this, dump)) {}
+      findings(FindingsOf(*this, dump, weakSignal)) {}
 
 std::string FailureOf(const Dump& dump, const std::string& className) {
   const HRESULT status = dump.Status(className);

@@ -13,8 +13,8 @@
 namespace host {
 
 struct Machine {
-  /// `dump` is not needed after construction.
-  explicit Machine(const Dump& dump);
+  /// `dump` is not needed after construction. A signal of `weakSignal` dBm or less is weak.
+  explicit Machine(const Dump& dump, int weakSignal = kWeakSignal);
   Machine(const Machine&) = delete;
   Machine& operator=(const Machine&) = delete;
 

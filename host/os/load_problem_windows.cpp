@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "host/os/installation.h"
 #include "host/os/os.h"
 #include "platform/control/import_slot_windows.h"
 #include "platform/text.h"
@@ -19,6 +20,8 @@ class MappedModule {
   ~MappedModule() {
     if (module_ != nullptr) FreeLibrary(module_);
   }
+
+  HMODULE get() const { return module_; }
 
   /// The names of the libraries from which it imports.
   std::vector<std::string> Imports() const {
@@ -61,6 +64,37 @@ std::string MissingLibrary(const std::filesystem::path& file, const std::string&
 
 }  // namespace
 
+std::string MissingFunctions(const std::string& path) {
+  const std::filesystem::path file = std::filesystem::absolute(platform::WideFromUtf8(path));
+  const MappedModule module(file);
+  if (module.get() == nullptr) return "";
+  const auto* base = reinterpret_cast<const char*>(module.get());
+  for (const auto* import = platform::ImportsOf(module.get()); import->Name != 0; ++import) {
+    const std::string name = base + import->Name;
+    std::filesystem::path beside = file.parent_path() / platform::WideFromUtf8(name);
+    std::error_code unknown;
+    if (!std::filesystem::exists(beside, unknown)) beside = platform::WideFromUtf8(name);
+    const MappedModule library(beside);
+    if (library.get() == nullptr || import->OriginalFirstThunk == 0) continue;
+    std::string missing;
+    const auto* thunk =
+        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + import->OriginalFirstThunk);
+    for (; thunk->u1.AddressOfData != 0; ++thunk) {
+      const bool isNumber = IMAGE_SNAP_BY_ORDINAL64(thunk->u1.Ordinal);
+      const auto number = static_cast<WORD>(IMAGE_ORDINAL64(thunk->u1.Ordinal));
+      const char* wanted =
+          isNumber ? MAKEINTRESOURCEA(number)
+                   : reinterpret_cast<const char*>(reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(
+                                                       base + thunk->u1.AddressOfData)
+                                                       ->Name);
+      if (GetProcAddress(library.get(), wanted) != nullptr) continue;
+      missing += (missing.empty() ? " " : ", ") + (isNumber ? std::to_string(number) : wanted);
+    }
+    if (!missing.empty()) return name + " lacks" + missing;
+  }
+  return "";
+}
+
 std::string LoadProblem(const std::string& path) {
   const DWORD error = GetLastError();
   const std::filesystem::path file = std::filesystem::absolute(platform::WideFromUtf8(path));
@@ -73,7 +107,8 @@ std::string LoadProblem(const std::string& path) {
   } else if (error == ERROR_BAD_EXE_FORMAT) {
     problem = "it is no 64-bit module";
   } else if (error == ERROR_PROC_NOT_FOUND) {
-    problem = "a library that it needs lacks a function";
+    problem = MissingFunctions(path);
+    if (problem.empty()) problem = "a library that it needs lacks a function";
   } else if (error == ERROR_MOD_NOT_FOUND) {
     const std::string missing = MissingLibrary(file, "", 0);
     problem = missing.empty() ? "a library that it needs is missing" : missing + " is missing";

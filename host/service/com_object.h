@@ -19,12 +19,12 @@ inline constexpr HRESULT kNotSupported = WBEM_E_NOT_SUPPORTED;
 inline constexpr HRESULT kInvalidParameter = WBEM_E_INVALID_PARAMETER;
 
 /// A reference count that tolerates misuse and records it.
-class Counted {
+class Referenced {
  public:
-  explicit Counted(std::string what) : what_(std::move(what)) {}
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-  virtual ~Counted() = default;
+  explicit Referenced(std::string what) : what_(std::move(what)) {}
+  Referenced(const Referenced&) = delete;
+  Referenced& operator=(const Referenced&) = delete;
+  virtual ~Referenced() = default;
 
   LONG references() const { return references_; }
   /// Whether a reference was added after the last release, or released more often than added.
@@ -54,11 +54,11 @@ class Counted {
   std::atomic<bool> misused_{false};
 };
 
-/// IUnknown for a Counted; starts with one reference, which belongs to its creator.
+/// IUnknown for a Referenced; starts with one reference, which belongs to its creator.
 template <class Interface, const IID& kInterfaceId>
-class ComObject : public Interface, public Counted {
+class ComObject : public Interface, public Referenced {
  public:
-  using Counted::Counted;
+  using Referenced::Referenced;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
@@ -97,8 +97,8 @@ class ObjectPool {
   /// Frees correctly released objects except the newest.
   void Tidy();
 
-  std::vector<std::unique_ptr<Counted>> objects_;
-  std::vector<std::unique_ptr<Counted>> leaked_;
+  std::vector<std::unique_ptr<Referenced>> objects_;
+  std::vector<std::unique_ptr<Referenced>> leaked_;
   std::size_t roomy_ = 2 * kKept;  ///< tidy once the pool holds this many objects
 };
 

@@ -7,7 +7,7 @@ namespace host {
 void ObjectPool::Tidy() {
   const auto newest = objects_.end() - static_cast<std::ptrdiff_t>(kKept);
   const auto kept =
-      std::remove_if(objects_.begin(), newest, [](const std::unique_ptr<Counted>& object) {
+      std::remove_if(objects_.begin(), newest, [](const std::unique_ptr<Referenced>& object) {
         return object->references() == 0 && !object->misused() && object->complaints().empty();
       });
   objects_.erase(kept, newest);
@@ -15,7 +15,7 @@ void ObjectPool::Tidy() {
 }
 
 void ObjectPool::Sweep(const std::string& request, Defects& defects) {
-  for (std::unique_ptr<Counted>& object : objects_) {
+  for (std::unique_ptr<Referenced>& object : objects_) {
     for (const std::string& complaint : object->complaints()) {
       defects.Add(request + ": " + object->what() + " " + complaint);
     }

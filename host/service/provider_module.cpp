@@ -46,16 +46,6 @@ HMODULE Load(const std::string& path) {
   return module;
 }
 
-std::string RegisteredPath(const std::string& classId) {
-  const platform::OleString server =
-      platform::WideFromUtf8("CLSID\\" + classId + "\\InprocServer32");
-  platform::RegistryKey key;
-  std::optional<platform::OleString> path;
-  if (key.Open(HKEY_CLASSES_ROOT, server, KEY_READ) == 0) path = key.Text({});
-  if (!path) throw ModuleError("the provider's class is not registered");
-  return platform::Utf8Text(*path);
-}
-
 }  // namespace
 
 void LoadClosedLibraries(const std::string& folder) {
@@ -68,8 +58,19 @@ ProviderModule::ProviderModule(const std::string& path, bool loadedByCom)
 
 ProviderModule::ProviderModule(const std::string& path) : ProviderModule(path, false) {}
 
+std::optional<std::string> ProviderModule::RegisteredPath(const std::string& classId) {
+  const platform::OleString server =
+      platform::WideFromUtf8("CLSID\\" + classId + "\\InprocServer32");
+  platform::RegistryKey key;
+  std::optional<platform::OleString> path;
+  if (key.Open(HKEY_CLASSES_ROOT, server, KEY_READ) == 0) path = key.Text({});
+  return path ? std::optional(platform::Utf8Text(*path)) : std::nullopt;
+}
+
 ProviderModule ProviderModule::Registered(const std::string& classId) {
-  return ProviderModule(RegisteredPath(classId), os::HasComRegistration());
+  const auto path = RegisteredPath(classId);
+  if (!path) throw ModuleError("the provider's class is not registered");
+  return ProviderModule(*path, os::HasComRegistration());
 }
 
 ProviderModule::~ProviderModule() {

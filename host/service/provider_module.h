@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -23,7 +24,9 @@ class ProviderModule {
  public:
   /// Loads a file; the path is UTF-8. Throws ModuleError.
   explicit ProviderModule(const std::string& path);
-  /// The module that the registry names for the class "{…}"; on systems that create objects of
+  /// The file that the registry names for the class "{…}"; nullopt if the class is not registered.
+  static std::optional<std::string> RegisteredPath(const std::string& classId);
+  /// The module of that file; on systems that create objects of
   /// registered classes the system loads it. Throws ModuleError.
   static ProviderModule Registered(const std::string& classId);
   ProviderModule(const ProviderModule&) = delete;
