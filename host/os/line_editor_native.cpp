@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
@@ -14,6 +13,7 @@
 #include <filesystem>
 
 #include "host/os/os.h"
+#include "host/os/terminal_signals_native.h"
 
 namespace host::os {
 namespace {
@@ -21,15 +21,11 @@ namespace {
 constexpr int kKeptLines = 1000;
 constexpr wchar_t kAbandonKey = 0x03;  // Ctrl-C
 
-volatile std::sig_atomic_t interrupted = 0;
-volatile std::sig_atomic_t reading = 0;
 volatile std::sig_atomic_t warned = 0;
 
 /// A provider cannot be stopped: to end its request a user has to end the shell.
 void NoteInterrupt(int signal) {
-  if (reading != 0) {
-    interrupted = 1;
-  } else if (warned == 0) {
+  if (warned == 0) {
     warned = 1;
     constexpr char kText[] =
         "\nwmihost: a request cannot be interrupted; Ctrl-C again ends the shell\n";
@@ -64,36 +60,6 @@ int TakeInterruptKey() {
   return key;
 }
 
-/// Reads one UTF-8 character; an interrupt counts as the key that abandons the line.
-int ReadCharacter(EditLine* editor, wchar_t* character) {
-  const int interruptKey = TakeInterruptKey();
-  std::mbstate_t state{};
-  while (true) {
-    char byte = 0;
-    const ssize_t count = interrupted != 0 ? 0 : read(STDIN_FILENO, &byte, 1);
-    if (interrupted != 0 || (count == 1 && static_cast<unsigned char>(byte) == interruptKey)) {
-      interrupted = 0;
-      *character = kAbandonKey;
-      return 1;
-    }
-    if (count < 0 && errno == EINTR) {
-      // The window has another size, or the program continues after it was stopped.
-      el_resize(editor);
-      TakeInterruptKey();
-      el_set(editor, EL_REFRESH);
-      continue;
-    }
-    if (count <= 0) return static_cast<int>(count);
-    const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
-    if (used == static_cast<std::size_t>(-2)) continue;  // more bytes follow
-    if (used == static_cast<std::size_t>(-1)) {
-      state = {};
-      continue;
-    }
-    return 1;
-  }
-}
-
 /// The common beginning of all words.
 std::string CommonStart(const std::vector<std::string>& words) {
   std::string common = words.front();
@@ -119,6 +85,7 @@ struct LineEditor::State {
   EditLine* editor = nullptr;
   History* history = nullptr;
   struct sigaction before {};
+  std::optional<TerminalSignals> signals;  ///< while a line is read
 
   static State& Of(EditLine* editor) {
     void* state = nullptr;
@@ -131,7 +98,38 @@ struct LineEditor::State {
     return CC_EOF;
   }
   static unsigned char Complete(EditLine* editor, int);
+  static int ReadCharacter(EditLine* editor, wchar_t* character);
 };
+
+/// Reads one UTF-8 character; an interrupt counts as the key that abandons the line.
+int LineEditor::State::ReadCharacter(EditLine* editor, wchar_t* character) {
+  std::mbstate_t state{};
+  while (true) {
+    const int interruptKey = TakeInterruptKey();
+    const TerminalSignals::Event event = Of(editor).signals->Wait();
+    if (event == TerminalSignals::Event::kRedraw) {
+      std::fputc('\r', stdout);
+      el_resize(editor);
+      el_set(editor, EL_REFRESH);
+      continue;
+    }
+    char byte = 0;
+    const bool interrupted = event == TerminalSignals::Event::kInterrupt;
+    const ssize_t count = interrupted ? 1 : read(STDIN_FILENO, &byte, 1);
+    if (interrupted || (count == 1 && static_cast<unsigned char>(byte) == interruptKey)) {
+      *character = kAbandonKey;
+      return 1;
+    }
+    if (count <= 0) return static_cast<int>(count);
+    const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
+    if (used == static_cast<std::size_t>(-2)) continue;  // more bytes follow
+    if (used == static_cast<std::size_t>(-1)) {
+      state = {};
+      continue;
+    }
+    return 1;
+  }
+}
 
 unsigned char LineEditor::State::Complete(EditLine* editor, int) {
   const LineInfo* line = el_line(editor);
@@ -174,9 +172,9 @@ LineEditor::LineEditor(Completer completer, const std::string& history)
   el_set(editor, EL_CLIENTDATA, state_.get());
   el_set(editor, EL_PROMPT, &State::Prompt);
   el_set(editor, EL_EDITOR, "emacs");
-  el_set(editor, EL_SIGNAL, 1);
+  el_set(editor, EL_SIGNAL, 0);
   el_set(editor, EL_HIST, &::history, state_->history);
-  el_set(editor, EL_GETCFN, &ReadCharacter);
+  el_set(editor, EL_GETCFN, &State::ReadCharacter);
   el_set(editor, EL_ADDFN, "wmihost-complete", "Complete the word", &State::Complete);
   el_set(editor, EL_ADDFN, "wmihost-abandon", "Abandon the line", &State::Abandon);
   el_set(editor, EL_BIND, "^I", "wmihost-complete", nullptr);
@@ -196,13 +194,14 @@ LineEditor::~LineEditor() {
 std::optional<std::string> LineEditor::Read(const std::string& prompt) {
   state_->prompt = prompt;
   state_->abandoned = false;
-  interrupted = 0;
-  el_resize(state_->editor);
-  int length = 0;
   warned = 0;
-  reading = 1;
-  const char* typed = el_gets(state_->editor, &length);
-  reading = 0;
+  EditLine* editor = state_->editor;
+  state_->signals.emplace([editor] { el_set(editor, EL_PREP_TERM, 0); },
+                          [editor] { el_set(editor, EL_PREP_TERM, 1); });
+  el_resize(editor);
+  int length = 0;
+  const char* typed = el_gets(editor, &length);
+  state_->signals.reset();
   if (state_->abandoned) {
     std::printf("^C\n");
     std::fflush(stdout);

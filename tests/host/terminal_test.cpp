@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -43,6 +44,15 @@ class Terminal {
   void Type(const std::string& keys) { TypeWhen(false, keys); }
   /// Types Ctrl-C during a command.
   void Interrupt() { TypeWhen(true, "\x03"); }
+  void Resize(unsigned short columns) {
+    const winsize size = {24, columns, 0, 0};
+    EXPECT_EQ(ioctl(terminal_, TIOCSWINSZ, &size), 0);
+  }
+  void StopAndContinue() {
+    kill(pid_, SIGSTOP);
+    EXPECT_EQ(waitpid(pid_, nullptr, WUNTRACED), pid_);
+    kill(pid_, SIGCONT);
+  }
   void TypeWhen(bool takesLines, const std::string& keys) {
     termios modes{};
     for (int waited = 0; waited < kPatience; ++waited) {
@@ -160,6 +170,12 @@ TEST_F(TerminalTest, RedrawsTheLine) {
   const std::string line = kPrompt + std::string("describe WiFi_System");
   terminal.Type("\x0c");
   terminal.ReadTo(line);
+  for (const unsigned short columns : {60, 120}) {
+    terminal.Resize(columns);
+    terminal.ReadTo(line);
+    terminal.StopAndContinue();
+    terminal.ReadTo(line);
+  }
   EXPECT_NE(terminal.Run("Policies").find("SettingID: string, key, read"), std::string::npos);
   terminal.Type("exit\r");
   EXPECT_EQ(terminal.ExitStatus(), 0);
