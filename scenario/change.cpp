@@ -75,22 +75,30 @@ void ChangeAdapter(const Change& change, const AdapterAt& adapterAt) {
   if (member == "number" || member == "mac" || member == "present") {
     change.Fail(3, "it is seen only when the machine starts: change the file, then reload");
   }
-  Adapter changed = *adapter;
-  const std::pair<const char*, std::pair<RecordList*, const Table*>> lists[] = {
-      {"cachedNetworks", {&changed.cachedNetworks, &kNetworkTable}},
-      {"availableNetworks", {&changed.availableNetworks, &kNetworkTable}},
-      {"excludeList", {&changed.excludeList, &kExcludeEntryTable}}};
+  const std::pair<const char*, std::pair<RecordList Adapter::*, const Table*>> lists[] = {
+      {"cachedNetworks", {&Adapter::cachedNetworks, &kNetworkTable}},
+      {"availableNetworks", {&Adapter::availableNetworks, &kNetworkTable}},
+      {"excludeList", {&Adapter::excludeList, &kExcludeEntryTable}}};
   const auto list =
       std::ranges::find_if(lists, [&member](const auto& row) { return row.first == member; });
-  if (list != std::end(lists) && change.path.size() > 3) {
-    auto& [records, table] = list->second;
-    const std::size_t index = change.Index(3, records->size() / table->size);
-    ChangeEntry(change, 4, *table, records->entries() + index * table->size);
+  if (list == std::end(lists)) {
+    Adapter changed{adapter->records, {}, {}, {}};
+    const json nested = change.Nested(2);
+    ReadAdapter({nested, change.Place(2)}, changed);
+    adapter->records = changed.records;
+    return;
+  }
+  const auto& [records, table] = list->second;
+  Adapter changed{};
+  if (change.path.size() > 3) {
+    changed.*records = adapter->*records;
+    const std::size_t index = change.Index(3, (changed.*records).size() / table->size);
+    ChangeEntry(change, 4, *table, (changed.*records).entries() + index * table->size);
   } else {
     const json nested = change.Nested(2);
     ReadAdapter({nested, change.Place(2)}, changed);
   }
-  *adapter = std::move(changed);
+  adapter->*records = std::move(changed.*records);
 }
 
 void ChangeProfile(const Change& change, Scenario& scenario) {
@@ -146,6 +154,12 @@ void Apply(const Change& change, const AdapterAt& adapterAt, Scenario& scenario)
 }
 
 }  // namespace
+
+bool Plays(Player player, std::string_view path) {
+  const std::string_view section = path.substr(path.starts_with('/') ? 1 : 0);
+  if (section.starts_with(kFaults)) return true;
+  return (player == Player::kProfileLibrary) == section.starts_with("profiles");
+}
 
 bool ChangeMember(const std::string& path, const std::string& value, const AdapterAt& adapterAt,
                   Scenario& scenario) {

@@ -2,10 +2,16 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "scenario/scenario.h"
 
 namespace simulator {
+
+/// The simulated libraries.
+enum class Player { kAdapterLibrary, kProfileLibrary };
+/// Whether a library plays the member at a path.
+bool Plays(Player player, std::string_view path);
 
 /// The adapter at an index of the scenario's array, null past the end.
 using AdapterAt = std::function<Adapter*(std::size_t)>;

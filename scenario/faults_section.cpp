@@ -91,11 +91,14 @@ void ReadFault(const Node& node, const AdapterNumbers* adapters, Fault& fault) {
         [&](const Node& member) {
           fault.delayMs = static_cast<std::uint32_t>(member.Number(1, kMostDelay));
         }},
-       {"output", [&](const Node& member) { fault.output = member.Boolean(); }}});
+       {"output", [&](const Node& member) { fault.output = member.Boolean(); }},
+       {"from", [&](const Node& member) { fault.from = ReadTime(member); }},
+       {"until", [&](const Node& member) { fault.until = ReadTime(member); }}});
   if (fault.operation.empty()) node.Fail("the member operation is missing");
   if (kinds > 1 || (fault.kind == Fault::Kind::kDelay && fault.delayMs == 0)) {
     node.Fail("expected one of status, exception, structured, or delayMs");
   }
+  if (fault.until <= fault.from) node.Fail("it ends at until, before it begins at from");
   if (fault.adapter && !IsOfAdapter(fault.operation)) {
     node.Fail("the operation " + fault.operation + " is about no adapter");
   }

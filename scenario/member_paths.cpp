@@ -99,8 +99,8 @@ NameList Below(const PathSteps& path, const Scenario& scenario) {
     return stores;
   }
   if (section == "faults" && path.size() == 2) {
-    return {"operation=", "adapter=", "status=",  "exception=", "structured=",
-            "times=",     "after=",   "delayMs=", "output="};
+    return {"operation=", "adapter=", "status=", "exception=", "structured=", "times=",
+            "after=",     "delayMs=", "output=", "from=",      "until="};
   }
   if (section == "profiles" && path.size() == 2) {
     const auto* store = std::ranges::find(kProfileStores, path[1]);

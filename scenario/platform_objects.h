@@ -58,6 +58,7 @@ class ScenarioError : public std::runtime_error {
 struct LoadedScenario {
   PlatformObjects platform;
   std::string text;
+  std::optional<std::int64_t> start;  ///< of its timeline: milliseconds since 1970, UTC
 };
 
 /// Reads and checks a scenario file. Its path is UTF-8; an empty path means the scenario that is

@@ -59,6 +59,7 @@ Scenario ParseScenario(std::string_view text, const std::string& file) {
     const json value = ParseScenarioText(
         text, [&](const Node& node) { appender.Append(node, initial, scenario.adapters); });
     ReadScenario({value}, scenario);
+    CheckTimeline(scenario);
   } catch (const ScenarioError& error) {
     throw ScenarioError(file + ": " + error.what());
   }
@@ -72,7 +73,10 @@ Scenario LoadScenario(const std::string& path) {
 
 std::optional<Scenario> ScenarioOfEnvironment() {
   try {
-    return LoadScenario(platform::EnvironmentText("WIFI_SCENARIO").value_or(""));
+    const std::string path = platform::EnvironmentText("WIFI_SCENARIO").value_or("");
+    Scenario scenario = LoadScenario(path);
+    if (!scenario.timeline.start) scenario.timeline.start = WrittenAt(path);
+    return scenario;
   } catch (const ScenarioError& error) {
     OutputDebugStringA((std::string(error.what()) + "\n").c_str());
     return std::nullopt;
@@ -85,8 +89,8 @@ LoadedScenario LoadForHost(const std::string& path) {
 }
 
 LoadedScenario ReadForHost(std::string text, const std::string& name) {
-  PlatformObjects platform = ParseNamed(text, name).platform;
-  return {std::move(platform), std::move(text)};
+  Scenario scenario = ParseNamed(text, name);
+  return {std::move(scenario.platform), std::move(text), scenario.timeline.start};
 }
 
 }  // namespace simulator

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <optional>
 #include <span>
@@ -86,6 +87,7 @@ class RecordList {
   const List* As() const {
     return reinterpret_cast<const List*>(bytes_.data());
   }
+  bool operator==(const RecordList&) const = default;
 
  private:
   std::vector<std::uint8_t> bytes_;
@@ -117,6 +119,32 @@ struct Fault {
   std::optional<std::uint32_t> times;  ///< nullopt: every call from there on
   std::uint32_t delayMs = 0;           ///< time that the call waits first
   bool output = false;                 ///< the operation is carried out before it fails
+  /// The time of the timeline, in milliseconds, in which it applies: from the first, up to before
+  /// the second.
+  std::int64_t from = std::numeric_limits<std::int64_t>::min();
+  std::int64_t until = std::numeric_limits<std::int64_t>::max();
+};
+
+/// A member's new value at a moment of the timeline; times are in milliseconds after its start.
+struct TimelineChange {
+  /// A number that moves to the new value in a straight line from an earlier moment on.
+  struct Ramp {
+    std::int64_t from;
+    std::int64_t first;  ///< the number at that moment
+    std::int64_t last;
+  };
+
+  std::int64_t at = 0;
+  std::string path;   ///< as ChangeMember takes it
+  std::string value;  ///< JSON
+  std::optional<Ramp> ramp;
+};
+
+/// How the machine changes by itself.
+struct Timeline {
+  std::optional<std::int64_t> start;    ///< milliseconds since 1970, UTC
+  std::optional<std::int64_t> repeat;   ///< after this time the machine starts again
+  std::vector<TimelineChange> changes;  ///< in the order of their times
 };
 
 struct Scenario {
@@ -127,6 +155,7 @@ struct Scenario {
   std::map<std::uint32_t, std::uint32_t> policies;
   std::array<std::vector<ProfileRecord>, kProfileStores.size()> profiles;
   std::vector<Fault> faults;
+  Timeline timeline;
 };
 
 /// Reads and checks a scenario; `file` names it in errors. Throws ScenarioError.
@@ -134,8 +163,9 @@ Scenario ParseScenario(std::string_view json, const std::string& file);
 /// Reads a scenario file. Its path is UTF-8; an empty path means the scenario that is compiled in.
 /// Throws ScenarioError.
 Scenario LoadScenario(const std::string& path);
-/// The scenario that WIFI_SCENARIO names, or the one compiled in. If it cannot be read, nullopt,
-/// after one line on the debugger's output.
+/// The scenario that WIFI_SCENARIO names, or the one compiled in. A timeline without a start begins
+/// when the file was written last, the same moment for every process. If it cannot be read,
+/// nullopt, after one line on the debugger's output.
 std::optional<Scenario> ScenarioOfEnvironment();
 
 }  // namespace simulator

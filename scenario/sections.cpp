@@ -203,6 +203,7 @@ void ReadScenario(const Node& root, Scenario& scenario) {
           }
           scenario.faults = ReadFaults(member, &numbers);
         }},
+       {"timeline", [&](const Node& member) { scenario.timeline = ReadTimeline(member); }},
        {"madeOf", [&](const Node& member) { ReadMadeOf(member, platformObjects.madeOf); }}});
   const auto platform = root.value.find("platform");
   if (platform == root.value.end() || !platform->contains("networkAdapters")) {

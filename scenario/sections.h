@@ -35,6 +35,13 @@ std::vector<Fault> ReadFaults(const Node& node, const AdapterNumbers* adapters);
 /// Reads members of one fault over its present content. Throws ScenarioError.
 void ReadFault(const Node& node, const AdapterNumbers* adapters, Fault& fault);
 
+/// A time of the timeline, in milliseconds. Throws ScenarioError.
+std::int64_t ReadTime(const Node& node);
+/// Reads the section `node`.
+Timeline ReadTimeline(const Node& node);
+/// Tries every change of the timeline on a copy. Throws ScenarioError with the step.
+void CheckTimeline(const Scenario& scenario);
+
 /// The platform's view of the adapters, for a scenario that does not give it.
 std::vector<PlatformAdapter> PlatformAdaptersOf(std::span<const Adapter> adapters);
 

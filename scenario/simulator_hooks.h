@@ -1,7 +1,7 @@
 #pragma once
 // Exports that only the simulated libraries have: with them a host passes on the text of a scenario
-// that it has read, and a user of its shell changes the machine. A host looks up both by name with
-// GetProcAddress; a library without them is no simulator.
+// that it has read and moves its time, and a user of its shell changes the machine. A host looks
+// them up by name with GetProcAddress; a library without them is no simulator.
 
 #include <cstddef>
 
@@ -18,4 +18,8 @@ SIMULATOR_API int SimulatorSet(const char* path, const char* value, char* proble
 /// names. Returns 1, or 0 with the error in `problem`, as above; then the old scenario stays.
 SIMULATOR_API int SimulatorPlay(const char* text, std::size_t length, char* problem,
                                 std::size_t size) noexcept;
+/// From now on, until another scenario is played, the time of the scenario's timeline stands still
+/// at `milliseconds` after its start, instead of following the system's clock. Returns 1, or 0 with
+/// the error in `problem`, as above.
+SIMULATOR_API int SimulatorTime(long long milliseconds, char* problem, std::size_t size) noexcept;
 }

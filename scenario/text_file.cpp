@@ -1,6 +1,7 @@
 #include "scenario/text_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -35,6 +36,17 @@ std::string ReadTextFile(const std::string& name) {
   }
   if (file.bad()) throw FileError(name + ": it cannot be read");
   return text;
+}
+
+std::optional<std::int64_t> WrittenAt(const std::string& path) {
+  using std::chrono::system_clock;
+  std::error_code unknown;
+  const auto written = std::filesystem::last_write_time(FilePath(path), unknown);
+  if (unknown) return std::nullopt;
+  const auto age = std::filesystem::file_time_type::clock::now() - written;
+  return std::chrono::floor<std::chrono::milliseconds>(
+             (system_clock::now() - age).time_since_epoch())
+      .count();
 }
 
 }  // namespace simulator

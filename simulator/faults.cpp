@@ -15,6 +15,7 @@ std::optional<Fault> FaultSchedule::Take(std::string_view operation,
   Fault* met = nullptr;
   for (auto& [fault, calls] : faults_) {
     if (fault.operation != operation || (fault.adapter && fault.adapter != adapter)) continue;
+    if (time_ < fault.from || time_ >= fault.until) continue;
     if (calls < fault.after) ++calls;
     if (met == nullptr && calls == fault.after && fault.times != 0u) met = &fault;
   }

@@ -20,7 +20,10 @@ class FaultSchedule {
  public:
   explicit FaultSchedule(std::vector<Fault> faults);
 
-  /// The fault to apply to this call, if any: the first that matches, has begun and is not used up.
+  /// From now on it is this time of the timeline, in milliseconds.
+  void MoveTo(std::int64_t time) { time_ = time; }
+  /// The fault to apply to this call, if any: the first that matches at this time, has begun and is
+  /// not used up.
   /// The call counter of every matching fault is incremented, not only of the one applied.
   std::optional<Fault> Take(std::string_view operation,
                             std::optional<adapterapi::AdapterNumber> adapter);
@@ -31,6 +34,7 @@ class FaultSchedule {
     std::uint32_t calls = 0;  ///< that matched
   };
   std::vector<Counted> faults_;
+  std::int64_t time_ = 0;
 };
 
 /// Applies the fault: returns its status, or throws.

@@ -28,6 +28,12 @@ int SetMember(Library& library, const char* path, const char* value, char* probl
   return RunHook([&] { library.Change(path, value); }, problem, size);
 }
 
+/// SimulatorTime for a library.
+template <class Library>
+int SetTime(Library& library, long long milliseconds, char* problem, std::size_t size) noexcept {
+  return RunHook([&] { library.SetTime(milliseconds); }, problem, size);
+}
+
 /// SimulatorPlay for a library.
 template <class Library>
 int PlayScenario(Library& library, std::string_view text, char* problem,

@@ -37,8 +37,27 @@ bool Library::Load() {
 void Library::Change(const std::string& path, const std::string& value) {
   const std::lock_guard lock(mutex_);
   if (!Load()) throw ScenarioError("no scenario is played");
-  if (loaded_->machine.Change(path, value))
-    loaded_->faults = FaultSchedule(loaded_->machine.faults());
+  loaded_->Follow();
+  loaded_->Change(path, value);
+}
+
+void Library::SetTime(std::int64_t time) {
+  const std::lock_guard lock(mutex_);
+  if (Load()) loaded_->timeline.SetTime(time);
+}
+
+void Library::Loaded::Change(const std::string& path, const std::string& value) {
+  if (machine.Change(path, value)) faults = FaultSchedule(machine.faults());
+}
+
+void Library::Loaded::Follow() {
+  timeline.Follow(
+      [this](const Scenario& scenario) {
+        machine.Restart(scenario);
+        faults = FaultSchedule(scenario.faults);
+      },
+      [this](const std::string& path, const std::string& value) { Change(path, value); });
+  faults.MoveTo(timeline.time());
 }
 
 void Library::Play(Scenario scenario) {
@@ -57,6 +76,7 @@ ApiStatus Library::Run(std::string_view operation, std::optional<AdapterNumber> 
     if (loaded_ == nullptr && !NeedsScenario(operation)) return kOk;
     if (!Load()) return kFailed;
     loaded = loaded_;
+    loaded->Follow();
   }
   return RunWithFaults(mutex_, loaded->faults, operation, adapter,
                        [&] { return call(loaded->machine); });

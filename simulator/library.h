@@ -7,6 +7,7 @@
 #include "platform/critical_section.h"
 #include "simulator/faults.h"
 #include "simulator/machine.h"
+#include "simulator/timeline_player.h"
 
 namespace simulator {
 
@@ -24,6 +25,8 @@ class Library final : public AdapterApi {
   void Change(const std::string& path, const std::string& value);
   /// Plays another scenario from now on. Lists returned before become invalid.
   void Play(Scenario scenario);
+  /// From now on the time of the timeline stands still at `time`, in milliseconds.
+  void SetTime(std::int64_t time);
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
 #include "adapterapi/operations.inc"
@@ -31,7 +34,15 @@ class Library final : public AdapterApi {
 
  private:
   struct Loaded {
-    explicit Loaded(Scenario scenario) : faults(scenario.faults), machine(std::move(scenario)) {}
+    explicit Loaded(Scenario scenario)
+        : timeline(scenario, Player::kAdapterLibrary),
+          faults(scenario.faults),
+          machine(std::move(scenario)) {}
+    void Change(const std::string& path, const std::string& value);
+    /// Brings machine and faults to the present moment.
+    void Follow();
+
+    TimelinePlayer timeline;
     FaultSchedule faults;
     Machine machine;
   };

@@ -61,9 +61,15 @@ bool Machine::Change(const std::string& path, const std::string& value) {
   const auto adapterAt = [this](std::size_t index) -> Adapter* {
     return index < adapters_.size() ? &adapters_[index] : nullptr;
   };
-  const bool faultsChanged = ChangeMember(path, value, adapterAt, scenario_);
-  for (State& state : adapters_) state.excludeListChanged = true;
-  return faultsChanged;
+  return ChangeMember(path, value, adapterAt, scenario_);
+}
+
+void Machine::Restart(const Scenario& scenario) {
+  for (std::size_t index = 0; index < adapters_.size(); ++index) {
+    static_cast<Adapter&>(adapters_[index]) = scenario.adapters[index];
+  }
+  scenario_ = scenario;
+  scenario_.adapters.clear();
 }
 
 Machine::State* Machine::Find(AdapterNumber number) {
@@ -198,18 +204,30 @@ ApiStatus Machine::GetAdapterList(const AdapterList** list) {
   return kOk;
 }
 
-ApiStatus Machine::GetCachedScanList(AdapterNumber adapter, const ScanList** list) {
-  const State* state = Find(adapter);
+template <class List>
+ApiStatus Machine::GiveList(AdapterNumber number, RecordList Adapter::*member,
+                            GivenLists State::*given, const List** list) {
+  State* state = Find(number);
   if (state == nullptr || list == nullptr) return kInvalidArgument;
-  *list = state->cachedNetworks.As<ScanList>();
+  auto& [lists, last] = state->*given;
+  if (lists[last] != state->*member) {
+    last = (last + 1) % lists.size();
+    lists[last] = state->*member;
+  }
+  *list = lists[last].template As<List>();
   return kOk;
 }
 
+ApiStatus Machine::GetCachedScanList(AdapterNumber adapter, const ScanList** list) {
+  return GiveList(adapter, &Adapter::cachedNetworks, &State::cachedNetworksGiven, list);
+}
+
 ApiStatus Machine::GetAvailableNetworks(AdapterNumber adapter, const ScanList** list) {
-  const State* state = Find(adapter);
-  if (state == nullptr || list == nullptr) return kInvalidArgument;
-  *list = state->availableNetworks.As<ScanList>();
-  return kOk;
+  return GiveList(adapter, &Adapter::availableNetworks, &State::availableNetworksGiven, list);
+}
+
+ApiStatus Machine::GetExcludeList(AdapterNumber adapter, const ExcludeList** list) {
+  return GiveList(adapter, &Adapter::excludeList, &State::excludeListGiven, list);
 }
 
 ApiStatus Machine::GetApiVersion(std::uint32_t* version) {

@@ -24,14 +24,16 @@ enum : ApiStatus {
 
 /// The adapters of a scenario and how the operations change them. Not locked: see Library.
 ///
-/// Returned lists stay valid while the machine lives; an exclude list until its adapter's exclude
-/// list has been changed and read again kKeptExcludeLists times. Change() invalidates all lists.
+/// Returned lists stay valid while the machine lives, until the same list has been read kKeptLists
+/// times, each time with another content.
 class Machine final : public AdapterApi {
  public:
   explicit Machine(Scenario scenario);
 
   /// Changes a member of the current scenario: see ChangeMember. Throws ScenarioError.
   bool Change(const std::string& path, const std::string& value);
+  /// Undoes all changes: the machine is again as the scenario that it was made of, which is passed.
+  void Restart(const Scenario& scenario);
   const std::vector<Fault>& faults() const { return scenario_.faults; }
 
 #define QUARN_OPERATION(ordinal, name, parameters, arguments) ApiStatus name parameters override;
@@ -39,13 +41,18 @@ class Machine final : public AdapterApi {
 #undef QUARN_OPERATION
 
  private:
-  static constexpr std::size_t kKeptExcludeLists = 8;
+  static constexpr std::size_t kKeptLists = 8;
 
+  /// Copies of a list that clients may still read.
+  struct GivenLists {
+    std::array<RecordList, kKeptLists> lists;
+    std::size_t last = 0;
+  };
   struct State : Adapter {
     explicit State(Adapter adapter) : Adapter(std::move(adapter)) {}
-    std::array<RecordList, kKeptExcludeLists> givenExcludeLists;
-    std::size_t lastGiven = 0;
-    bool excludeListChanged = true;
+    GivenLists cachedNetworksGiven;
+    GivenLists availableNetworksGiven;
+    GivenLists excludeListGiven;
   };
 
   State* Find(AdapterNumber number);
@@ -56,6 +63,9 @@ class Machine final : public AdapterApi {
   template <class Value>
   ApiStatus Keep(AdapterNumber number, Value AdapterRecords::*member, Value value, Value least,
                  Value most);
+  template <class List>
+  ApiStatus GiveList(AdapterNumber number, RecordList Adapter::*member, GivenLists State::*given,
+                     const List** list);
   template <class Edit>
   ApiStatus EditExcludeList(AdapterNumber adapter, Edit&& edit);
   static ApiStatus Apply(State* state, const ORVEL_WLAN_PROFILE* profile);

@@ -77,18 +77,6 @@ ApiStatus Machine::SetAdapter(const DeviceInfoRecord* record, std::uint32_t enab
   return kOk;
 }
 
-ApiStatus Machine::GetExcludeList(AdapterNumber adapter, const ExcludeList** list) {
-  State* state = Find(adapter);
-  if (state == nullptr || list == nullptr) return kInvalidArgument;
-  if (state->excludeListChanged) {
-    state->lastGiven = (state->lastGiven + 1) % kKeptExcludeLists;
-    state->givenExcludeLists[state->lastGiven] = state->excludeList;
-    state->excludeListChanged = false;
-  }
-  *list = state->givenExcludeLists[state->lastGiven].As<ExcludeList>();
-  return kOk;
-}
-
 /// Applies `edit` to the entries and keeps the result, unless it returns a failure.
 template <class Edit>
 ApiStatus Machine::EditExcludeList(AdapterNumber adapter, Edit&& edit) {
@@ -98,7 +86,6 @@ ApiStatus Machine::EditExcludeList(AdapterNumber adapter, Edit&& edit) {
   std::vector<ExcludeEntryRecord> entries(seen.begin(), seen.end());
   if (const ApiStatus status = edit(entries); status != kOk) return status;
   state->excludeList = RecordList::Of<ExcludeEntryRecord>(entries);
-  state->excludeListChanged = true;
   return kOk;
 }
 

@@ -6,29 +6,52 @@
 
 namespace simulator {
 
+void ProfileLibrary::Set(const Scenario& scenario) {
+  scenario_.emplace();
+  scenario_->profiles = scenario.profiles;
+  scenario_->faults = scenario.faults;
+  faults_.emplace(scenario.faults);
+}
+
 bool ProfileLibrary::Load() {
-  const std::lock_guard lock(mutex_);
   if (!tried_) {
     tried_ = true;
-    scenario_ = loader_();
-    if (scenario_) faults_.emplace(scenario_->faults);
+    if (const auto scenario = loader_()) {
+      Set(*scenario);
+      timeline_.emplace(*scenario, Player::kProfileLibrary);
+    }
   }
   return scenario_.has_value();
 }
 
+bool ProfileLibrary::Follow() {
+  if (!Load()) return false;
+  timeline_->Follow([this](const Scenario& scenario) { Set(scenario); },
+                    [this](const std::string& path, const std::string& value) {
+                      if (ChangeMember(path, value, nullptr, *scenario_)) {
+                        faults_.emplace(scenario_->faults);
+                      }
+                    });
+  faults_->MoveTo(timeline_->time());
+  return true;
+}
+
 void ProfileLibrary::Change(const std::string& path, const std::string& value) {
-  if (!Load()) throw ScenarioError("no scenario is played");
   const std::lock_guard lock(mutex_);
+  if (!Follow()) throw ScenarioError("no scenario is played");
   if (ChangeMember(path, value, nullptr, *scenario_)) faults_.emplace(scenario_->faults);
 }
 
 void ProfileLibrary::Play(const Scenario& scenario) {
   const std::lock_guard lock(mutex_);
   tried_ = true;
-  scenario_.emplace();
-  scenario_->profiles = scenario.profiles;
-  scenario_->faults = scenario.faults;
-  faults_.emplace(scenario.faults);
+  Set(scenario);
+  timeline_.emplace(scenario, Player::kProfileLibrary);
+}
+
+void ProfileLibrary::SetTime(std::int64_t time) {
+  const std::lock_guard lock(mutex_);
+  if (Load()) timeline_->SetTime(time);
 }
 
 const ProfileRecord* ProfileAt(const Scenario& scenario, std::uint32_t storeFlag,

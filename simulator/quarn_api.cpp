@@ -26,3 +26,7 @@ int SimulatorSet(const char* path, const char* value, char* problem, std::size_t
 int SimulatorPlay(const char* text, std::size_t length, char* problem, std::size_t size) noexcept {
   return simulator::PlayScenario(adapterapi::quarn::library, {text, length}, problem, size);
 }
+
+int SimulatorTime(long long milliseconds, char* problem, std::size_t size) noexcept {
+  return simulator::SetTime(adapterapi::quarn::library, milliseconds, problem, size);
+}

@@ -6,6 +6,7 @@
 #include "host/cli/command_table.h"
 #include "host/cli/help.h"
 #include "host/service/nearest.h"
+#include "scenario/time_text.h"
 
 namespace host {
 namespace {
@@ -52,6 +53,12 @@ std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
   }
   if (takes == Takes::kSeconds && !isNumber(text)) {
     return "'" + text + "' is no number of seconds";
+  }
+  if (takes == Takes::kDuration && !simulator::ParseDuration(text)) {
+    return "'" + text + "' is no length of time, such as 90 (seconds), 10m or 1h30m";
+  }
+  if (takes == Takes::kSpeed && !isNumber(text)) {
+    return "'" + text + "' is no whole number from 0 to 99999";
   }
   if ((takes == Takes::kFile || takes == Takes::kFolder) && text.empty()) {
     return "the name is empty";

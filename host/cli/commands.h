@@ -25,6 +25,7 @@ ExitStatus RunCheck(const Command& command, CommandContext& context);
 ExitStatus RunReference(const Command& command, CommandContext& context);
 ExitStatus RunExit(const Command& command, CommandContext& context);
 ExitStatus RunSet(const Command& command, CommandContext& context);
+ExitStatus RunAdvance(const Command& command, CommandContext& context);
 ExitStatus RunReload(const Command& command, CommandContext& context);
 ExitStatus RunManual(const Command& command, CommandContext& context);
 ExitStatus RunCompletion(const Command& command, CommandContext& context);

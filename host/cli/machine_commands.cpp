@@ -2,6 +2,7 @@
 #include "host/cli/commands.h"
 #include "host/cli/provider_host.h"
 #include "host/cli/scenario_file.h"
+#include "scenario/time_text.h"
 
 namespace host {
 
@@ -17,6 +18,11 @@ ExitStatus RunSet(const Command& command, CommandContext& context) {
     }
     context.provider->SetMember(assignment.substr(0, equals), assignment.substr(equals + 1));
   }
+  return kSuccess;
+}
+
+ExitStatus RunAdvance(const Command& command, CommandContext& context) {
+  context.provider->Advance(*simulator::ParseDuration(command.Text("DURATION")));
   return kSuccess;
 }
 

@@ -1,6 +1,7 @@
 #include "host/cli/provider_host.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "host/format/visible_text.h"
@@ -10,6 +11,7 @@
 #include "platform/environment.h"
 #include "platform/os_version.h"
 #include "platform/registry_key.h"
+#include "scenario/change.h"
 #include "scenario/member_paths.h"
 #include "scenario/reported_adapters.h"
 #include "scenario/scenario.h"
@@ -52,6 +54,11 @@ Function Hook(const char* library, const char* name) {
 
 constexpr const char* kLibraries[] = {"QuarnApi", "TolvaApi"};
 
+/// Throws ModuleError unless both libraries are the simulator's.
+void RequireSimulator() {
+  for (const char* library : kLibraries) Hook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
+}
+
 /// Makes the simulated libraries play the scenario; other libraries are not affected.
 void Play(const std::string& scenario) {
   for (const char* library : kLibraries) {
@@ -61,6 +68,23 @@ void Play(const std::string& scenario) {
       throw ModuleError(std::string(library) + " cannot play the " + problem);
     }
   }
+}
+
+/// Moves the time of the simulated libraries; other libraries are not affected.
+void ShowTime(std::int64_t time) {
+  for (const char* library : kLibraries) {
+    const auto show = FindHook<decltype(&SimulatorTime)>(library, "SimulatorTime");
+    char problem[1024];
+    if (show != nullptr && show(time, problem, sizeof problem) == 0) {
+      throw ModuleError(std::string(library) + ": " + problem);
+    }
+  }
+}
+
+std::int64_t SystemTime() {
+  return std::chrono::floor<std::chrono::milliseconds>(
+             std::chrono::system_clock::now().time_since_epoch())
+      .count();
 }
 
 bool IsSimulator(const char* library) {
@@ -135,6 +159,10 @@ ProviderHost::ProviderHost(const Repository& repository, const Command& options,
   if (const auto version = options.Find("--os-version")) {
     namedVersion_ = simulator::ParseOsVersion(*version);
   }
+  if (const auto speed = options.Find("--speed")) {
+    RequireSimulator();
+    clock_ = MachineClock(std::stoi(*speed));
+  }
   const platform::OsVersion own = platform::QueryOsVersion();
   ownVersion_ = {own.major, own.minor};
 }
@@ -143,6 +171,8 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
   madeOf_ = scenario.platform.madeOf;
   isChanged_ = false;
   Play(scenario.text);
+  clock_.Set(scenario.start ? SystemTime() - *scenario.start : 0);
+  ShowTime(clock_.Now());
   scenarioText_ = scenario.text;
   const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
   if (named || osVersion_) {
@@ -170,7 +200,7 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
 }
 
 ExitStatus ProviderHost::Restart(const simulator::LoadedScenario& scenario) {
-  for (const char* library : kLibraries) Hook<decltype(&SimulatorPlay)>(library, "SimulatorPlay");
+  RequireSimulator();
   session_.reset();
   localMachine_.reset();
   localMachine_.emplace();
@@ -186,13 +216,24 @@ bool ProviderHost::IsSimulated() const {
   return IsSimulator("QuarnApi");
 }
 
+void ProviderHost::BeginCommand() {
+  if (progress_) progress_->BeginCommand();
+  ShowTime(clock_.Now());
+}
+
+void ProviderHost::Advance(std::int64_t milliseconds) {
+  RequireSimulator();
+  clock_.Set(clock_.Now() + milliseconds);
+}
+
 void ProviderHost::SetMember(const std::string& path, const std::string& value) {
-  const std::string_view section = std::string_view(path).substr(path.starts_with('/') ? 1 : 0);
-  const bool isOfProfiles = section.starts_with("profiles");
-  const bool isOfFaults = section.starts_with("faults");
   for (const char* library : kLibraries) {
-    const bool isPlayer = isOfFaults || (library == kLibraries[1]) == isOfProfiles;
-    if (!isPlayer) continue;
+    const bool isOfAdapters = library == kLibraries[0];
+    if (!simulator::Plays(
+            isOfAdapters ? simulator::Player::kAdapterLibrary : simulator::Player::kProfileLibrary,
+            path)) {
+      continue;
+    }
     char problem[2048];
     const auto set = Hook<decltype(&SimulatorSet)>(library, "SimulatorSet");
     if (set(path.c_str(), value.c_str(), problem, sizeof problem) == 0) {

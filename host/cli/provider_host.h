@@ -6,6 +6,7 @@
 
 #include "host/cli/command.h"
 #include "host/cli/exit_status.h"
+#include "host/cli/machine_clock.h"
 #include "host/cli/progress.h"
 #include "host/os/os.h"
 #include "host/service/provider_module.h"
@@ -38,14 +39,15 @@ class ProviderHost {
   /// Changes a member of the simulated machine, by its path in the scenario. Throws ScenarioError,
   /// and ModuleError without a simulator.
   void SetMember(const std::string& path, const std::string& value);
+  /// Moves the time of the simulated machine forward. Throws ModuleError without a simulator.
+  void Advance(std::int64_t milliseconds);
   /// Whether the libraries are those of the simulator.
   bool IsSimulated() const;
   /// The members of the simulated machine that can complete the typed text.
   std::vector<std::string> MembersFor(const std::string& typed) const;
-  /// Starts the time after which the running command is shown.
-  void BeginCommand() {
-    if (progress_) progress_->BeginCommand();
-  }
+  /// Starts the time after which the running command is shown. During a command the time of the
+  /// simulated machine stands still.
+  void BeginCommand();
   /// The answer to the provider's version query.
   simulator::OsVersion os_version() const { return osVersion_.value_or(ownVersion_); }
   /// Whether the simulated machine was changed since it started.
@@ -73,6 +75,7 @@ class ProviderHost {
   std::string scenarioText_;  ///< the current scenario as it was when the machine started
   simulator::Provenance madeOf_;
   bool isChanged_ = false;
+  MachineClock clock_;
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

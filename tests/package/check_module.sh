@@ -33,7 +33,7 @@ same "libraries that the module imports" \
   "$(imported "$module")"
 same "operations that the module imports" "$listed" "$(imports_from "$module" QuarnApi.dll)"
 same "number of operations" 68 "$(echo "$listed" | wc -w)"
-same "names that QuarnApi exports" "SimulatorPlay SimulatorSet" "$(exports "$binaries/QuarnApi.dll")"
+same "names that QuarnApi exports" "SimulatorPlay SimulatorSet SimulatorTime" "$(exports "$binaries/QuarnApi.dll")"
 same "ordinals that QuarnApi exports" "$listed 1001 1002" \
   "$(tables "$binaries/QuarnApi.dll" | awk '$1 == "export" { print $2 }' | sort -n | words)"
 
@@ -41,7 +41,7 @@ profile_names=$(sed -n 's/.* == "\(.*\)"/\1/p' "$names" | sort | words)
 same "profile library members that the module imports" "$profile_names" \
   "$(imports_from "$module" TolvaApi.dll | tr ' ' '\n' | sort | words)"
 same "profile library members and hooks that TolvaApi exports" \
-  "$(printf '%s\n' $profile_names SimulatorPlay SimulatorSet | sort | words)" \
+  "$(printf '%s\n' $profile_names SimulatorPlay SimulatorSet SimulatorTime | sort | words)" \
   "$(exports "$binaries/TolvaApi.dll" | tr ' ' '\n' | sort | words)"
 
 for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
