@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::int64_t kSecond = 1000;
 constexpr std::int64_t kDay = 86400 * kSecond;
-constexpr std::int64_t kLongest = 3653 * kDay;
+constexpr std::int64_t kLongestDuration = 3653 * kDay;
 
 struct Unit {
   std::string_view name;
@@ -42,7 +42,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text) {
   do {
     std::int64_t count = -1;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-    if (error != std::errc() || count < 0 || count > kLongest) return std::nullopt;
+    if (error != std::errc() || count < 0 || count > kLongestDuration) return std::nullopt;
     text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
     const std::string_view name = text.substr(0, text.find_first_of("0123456789"));
     const Unit* unit = nullptr;
@@ -50,7 +50,7 @@ std::optional<std::int64_t> ParseDuration(std::string_view text) {
       if (known.name == (name.empty() && least == nullptr ? "s" : name)) unit = &known;
     }
     if (unit == nullptr || (least != nullptr && unit <= least)) return std::nullopt;
-    if (count > (kLongest - sum) / unit->milliseconds) return std::nullopt;
+    if (count > (kLongestDuration - sum) / unit->milliseconds) return std::nullopt;
     sum += count * unit->milliseconds;
     least = unit;
     text.remove_prefix(name.size());

@@ -8,7 +8,7 @@ namespace simulator {
 namespace {
 
 /// The last number that the steps so far give to each member.
-using Numbers = std::map<std::string, TimelineChange::Ramp>;
+using KnownNumbers = std::map<std::string, TimelineChange::Ramp>;
 
 std::int64_t ReadDuration(const Node& node) {
   const std::int64_t duration = ReadTime(node);
@@ -26,7 +26,7 @@ std::string PathOf(std::string_view name) {
   return std::string(name.substr(name.starts_with('/') ? 1 : 0));
 }
 
-void ReadSets(const Node& node, std::int64_t at, Numbers& numbers, Timeline& timeline) {
+void ReadSets(const Node& node, std::int64_t at, KnownNumbers& numbers, Timeline& timeline) {
   for (const auto& [name, value] : node.Object().items()) {
     const std::string path = PathOf(name);
     timeline.changes.push_back({at, path, value.dump(), std::nullopt});
@@ -38,7 +38,7 @@ void ReadSets(const Node& node, std::int64_t at, Numbers& numbers, Timeline& tim
   }
 }
 
-void ReadRamps(const Node& node, std::int64_t at, Numbers& numbers, Timeline& timeline) {
+void ReadRamps(const Node& node, std::int64_t at, KnownNumbers& numbers, Timeline& timeline) {
   for (const auto& [name, value] : node.Object().items()) {
     const Node member = node.Child(value, name);
     const std::string path = PathOf(name);
@@ -52,7 +52,7 @@ void ReadRamps(const Node& node, std::int64_t at, Numbers& numbers, Timeline& ti
 }
 
 /// Reads a step, which begins no earlier than the changes before it.
-void ReadStep(const Node& node, Numbers& numbers, Timeline& timeline) {
+void ReadStep(const Node& node, KnownNumbers& numbers, Timeline& timeline) {
   std::int64_t at = 0;
   if (!node.Object().contains("at")) node.Fail("the member at is missing");
   node.EachMember(
@@ -82,7 +82,7 @@ std::int64_t ReadTime(const Node& node) {
 
 Timeline ReadTimeline(const Node& node) {
   Timeline timeline;
-  Numbers numbers;
+  KnownNumbers numbers;
   node.EachMember({{"start", [&](const Node& member) { timeline.start = ReadMoment(member); }},
                    {"repeat", [&](const Node& member) { timeline.repeat = ReadDuration(member); }},
                    {"steps", [&](const Node& member) {
