@@ -50,6 +50,11 @@ for file in WiFiAdapterProvider.dll wmihost.exe QuarnApi.dll TolvaApi.dll; do
   same "runtime beside $file" "" "$(imported "$binaries/$file" | grep -oiE 'LIB[A-Z0-9_+-]*\.DLL' | words)"
 done
 
+# The module's own code calls the stack protector's check; symbols are in the file next to it.
+check=$("${tools}nm" "$module.debug" | awk '$3 == "__stack_chk_fail" { sub("^0*", "", $1); print $1 }')
+calls=$("${tools}objdump" -d --no-show-raw-insn "$module" | grep -c "call  *0x${check:-none}\b" || true)
+[ "$calls" -ge 100 ] || same "calls of the stack protector in the module" "100 or more" "$calls"
+
 # The load configuration's flags: only the module's folder (0x100) and the system's (0x800).
 same "folders searched for imports" 0900 "$(tables "$module" | sed -n 's/^searches //p')"
 

@@ -1,7 +1,7 @@
 #!/bin/sh
 # crash_address.sh SOURCE BUILD TOOLS: the debug file next to the stripped module maps the address of a
-# crash to its line, without a path of the machine that built it. TOOLS is the prefix of the binary
-# tools.
+# crash to its line, without a path of the machine that built it; and an overrun on the stack ends the
+# process. TOOLS is the prefix of the binary tools.
 set -eu
 source=$1
 build=$2
@@ -16,6 +16,13 @@ fail() {
 
 mkdir -p "$work"
 "${tools}gcc" -O1 -Wall -Werror "$source/tests/package/crash.c" -o "$work/crash.exe" -luuid
+"${tools}g++" -O1 -fstack-protector-strong -static -I"$source" -std=c++20 \
+  "$source/tests/package/overrun.cpp" \
+  "$source/platform/stack_protector_mingw.cpp" -o "$work/overrun.exe"
+wine "$work/overrun.exe" 8 || fail "a buffer that was filled ended with $?"
+status=0
+wine "$work/overrun.exe" 40 || status=$?
+[ "$status" = $((0xC0000409 & 255)) ] || fail "an overrun ended with $status"
 cd "$build/bin"
 offset=$(wine "$work/crash.exe" WiFiAdapterProvider.dll) || fail "the module did not crash: $?"
 offset=$(echo "$offset" | tr -d '\r')
