@@ -40,10 +40,14 @@ HRESULT Patience::Await(std::function<void()> work) const {
     own();
   });
   std::future<void> done = task.get_future();
-  std::thread(std::move(task)).detach();
+  std::thread thread(std::move(task));
   while (done.wait_for(kLook) != std::future_status::ready) {
-    if (const HRESULT ended = Ended(); ended != S_OK) return ended;
+    if (const HRESULT ended = Ended(); ended != S_OK) {
+      thread.detach();
+      return ended;
+    }
   }
+  thread.join();  // detached at once, threads of mingw-w64's library are sometimes lost
   done.get();
   return S_OK;
 }
