@@ -17,6 +17,7 @@ no-unity      - native,browser         build natively with each source compiled 
 sanitize      + native,browser         build natively with AddressSanitizer and UndefinedBehaviorSanitizer, all tests
 windows       + native,windows         build the Windows product, all tests under Wine
 windows-clang - native,windows         build the module for Windows with clang, the tests of fence, module and sweep
+fleet         - native,fleet           metrics, rules and dashboard, with 500 simulated machines and a Prometheus
 fresh         - fresh                  both commands of the README on new machines of the Debian releases named after it
                                        (bookworm and trixie)
 '
@@ -38,6 +39,10 @@ step_no-unity() { test_preset no-unity; }
 step_sanitize() { test_preset sanitize; }
 step_windows() { test_preset windows; }
 step_windows-clang() { test_preset windows-clang; }
+step_fleet() {
+  build native wmihost WiFiAdapterProvider
+  "$root/tests/fleet/fleet.sh" "$root/build/native/bin/wmihost" "$root/build/fleet"
+}
 step_fresh() { "$root/cmake/fresh_machine.sh" "${releases[@]}"; }
 
 test_preset() {

@@ -43,6 +43,8 @@ file(RENAME ${root}/LICENSE ${root}/LICENSE.txt)
 put(${root}/docs ${SOURCE}/docs/administrator-guide.md ${SOURCE}/docs/fleet-guide.md
     ${SOURCE}/docs/classes.md
     ${SOURCE}/docs/result-codes.md ${SOURCE}/docs/scenarios.md ${SOURCE}/docs/wmihost.md)
+file(COPY ${SOURCE}/integrations DESTINATION ${root}
+     FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 # Never next to the product: a simulated adapter must not be taken for a real one.
 put(${root}/simulator ${BINARIES}/QuarnApi.dll ${BINARIES}/TolvaApi.dll)
 file(GLOB scenarios ${SOURCE}/simulator/scenarios/*.json)
