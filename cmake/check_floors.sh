@@ -29,8 +29,9 @@ host/format            platform scenario host/mof host/os host/service
 host/model             platform platform/tables scenario host/mof host/os host/service host/query host/format
 host/report            platform scenario host/mof host/os host/service host/query host/format host/model
 host/fleet             platform scenario host/mof host/os host/service host/query host/format host/model
+host/history           platform scenario host/mof host/os host/service host/query host/format host/model
 host/terminal          platform scenario host/mof host/os host/service host/query host/format host/model
-host/cli               platform platform/control scenario host/mof host/os host/service host/query host/format host/model host/report host/fleet host/terminal
+host/cli               platform platform/control scenario host/mof host/os host/service host/query host/format host/model host/report host/fleet host/history host/terminal
 '
 
 source_files '*.h' '*.cpp' '*.inc' |

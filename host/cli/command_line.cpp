@@ -54,6 +54,9 @@ std::string CheckValue(Takes takes, const std::vector<const char*>& choices,
   if (takes == Takes::kSeconds && !isNumber(text)) {
     return "'" + text + "' is no number of seconds";
   }
+  if (takes == Takes::kMegabytes && !isNumber(text)) {
+    return "'" + text + "' is no number of megabytes";
+  }
   if (takes == Takes::kDuration && !simulator::ParseDuration(text)) {
     return "'" + text + "' is no length of time, such as 90 (seconds), 10m or 1h30m";
   }

@@ -29,6 +29,7 @@ enum class Takes {
   kVersion,
   kWidth,  ///< a number of columns
   kSeconds,
+  kMegabytes,
   kDuration,  ///< such as 1m30s
   kSpeed,     ///< 0, or how many times as fast as the clock
 };

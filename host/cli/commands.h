@@ -26,6 +26,7 @@ ExitStatus RunReference(const Command& command, CommandContext& context);
 ExitStatus RunExit(const Command& command, CommandContext& context);
 ExitStatus RunSet(const Command& command, CommandContext& context);
 ExitStatus RunAdvance(const Command& command, CommandContext& context);
+ExitStatus RunRecord(const Command& command, CommandContext& context);
 ExitStatus RunReload(const Command& command, CommandContext& context);
 ExitStatus RunManual(const Command& command, CommandContext& context);
 ExitStatus RunCompletion(const Command& command, CommandContext& context);

@@ -171,7 +171,9 @@ ExitStatus ProviderHost::Start(const simulator::LoadedScenario& scenario) {
   madeOf_ = scenario.platform.madeOf;
   isChanged_ = false;
   Play(scenario.text);
-  clock_.Set(scenario.start ? SystemTime() - *scenario.start : 0);
+  const std::int64_t now = SystemTime();
+  clockStart_ = scenario.start.value_or(now);
+  clock_.Set(clock_.IsStopped() ? 0 : now - clockStart_);
   ShowTime(clock_.Now());
   scenarioText_ = scenario.text;
   const auto named = namedVersion_ ? namedVersion_ : scenario.platform.osVersion;
@@ -224,6 +226,15 @@ void ProviderHost::BeginCommand() {
 void ProviderHost::Advance(std::int64_t milliseconds) {
   RequireSimulator();
   clock_.Set(clock_.Now() + milliseconds);
+}
+
+std::int64_t ProviderHost::Time() const {
+  return IsSimulated() ? clockStart_ + clock_.Now() : SystemTime();
+}
+
+void ProviderHost::Wait(std::int64_t milliseconds) {
+  clock_.Wait(milliseconds);
+  ShowTime(clock_.Now());
 }
 
 void ProviderHost::SetMember(const std::string& path, const std::string& value) {

@@ -41,6 +41,11 @@ class ProviderHost {
   void SetMember(const std::string& path, const std::string& value);
   /// Moves the time of the simulated machine forward. Throws ModuleError without a simulator.
   void Advance(std::int64_t milliseconds);
+  /// The present moment of the machine, in milliseconds since 1970, UTC. A simulated machine has
+  /// its own clock.
+  std::int64_t Time() const;
+  /// Lets time pass on the machine's clock; a clock that is stopped is moved, without a wait.
+  void Wait(std::int64_t milliseconds);
   /// Whether the libraries are those of the simulator.
   bool IsSimulated() const;
   /// The members of the simulated machine that can complete the typed text.
@@ -76,6 +81,7 @@ class ProviderHost {
   simulator::Provenance madeOf_;
   bool isChanged_ = false;
   MachineClock clock_;
+  std::int64_t clockStart_ = 0;       ///< when it showed 0, in milliseconds since 1970, UTC
   std::optional<Progress> progress_;  ///< only at a terminal
   std::optional<ProviderSession> session_;
 };

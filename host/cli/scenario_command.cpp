@@ -4,6 +4,7 @@
 #include "host/cli/commands.h"
 #include "scenario/from_dump.h"
 #include "scenario/from_iw.h"
+#include "scenario/from_recording.h"
 #include "scenario/text_file.h"
 
 namespace host {
@@ -15,7 +16,8 @@ struct CaptureRow {
   simulator::ScenarioOfCapture (*make)(std::string_view text, const std::string& source);
 };
 constexpr CaptureRow kCaptures[] = {{"--from-iw", simulator::ScenarioFromIw},
-                                    {"--from-dump", simulator::ScenarioFromDump}};
+                                    {"--from-dump", simulator::ScenarioFromDump},
+                                    {"--from-recording", simulator::ScenarioFromRecording}};
 
 }  // namespace
 
