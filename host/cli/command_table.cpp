@@ -331,7 +331,7 @@ const std::vector<OptionRow>& HostOptions() {
       {"--user", "NAME", "With --service: as this user; the password is asked for or read",
        Takes::kText},
       {"--timeout", "SECONDS",
-       "With --service: how long to wait for it in all (default: 60; 0 is without end)",
+       "With --service or doctor: how long to wait for it in all (default: 60; 0 is without end)",
        Takes::kSeconds},
       {"--os-version", "MAJOR.MINOR", "System version that the provider is told, such as 6.1",
        Takes::kVersion},

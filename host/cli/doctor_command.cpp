@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <iterator>
 
 #include "host/cli/commands.h"
 #include "host/cli/doctor.h"
+#include "host/cli/service_commands.h"
 #include "host/format/format.h"
 #include "host/mof/product_schema.h"
 #include "host/mof/registration.h"
@@ -14,21 +14,27 @@ namespace {
 // In the order of the enumeration.
 constexpr const char* kVerdicts[] = {"good", "note", "problem", "unknown"};
 
-std::vector<Diagnosis> DiagnoseAll(const Command& command, const CommandContext& context) {
-  const Schema schema =
-      ParseMof(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
-  std::vector<Diagnosis> all = DiagnoseModule(command, ProviderClassId(schema));
+std::vector<Diagnosis> AskService(const Command& command, const Schema& schema,
+                                  const Repository& repository) {
   if (!os::ServiceConnection::Exists()) {
-    all.push_back({"service", Severity::kUnknown, "This system has no management service."});
-    return all;
+    return {{"service", Severity::kUnknown, "This system has no management service."}};
   }
   const platform::Apartment apartment(platform::Apartment::Kind::kMultithreaded);
   os::ServiceLogon logon;
   logon.namespacePath = "root\\cimv2";
-  const ServiceClient service = ConnectToService(logon);
-  std::ranges::move(DiagnoseService(service, schema, context.repository), std::back_inserter(all));
+  auto all = DiagnoseService(ConnectToService(logon, ServiceLimit(command)), schema, repository);
   logon.namespacePath = "root";
-  all.push_back(DiagnoseQuota(ConnectToService(logon)));
+  all.push_back(DiagnoseQuota(ConnectToService(logon, ServiceLimit(command))));
+  return all;
+}
+
+std::vector<Diagnosis> DiagnoseAll(const Command& command, const CommandContext& context) {
+  const Schema schema =
+      ParseMof(embedded::wifi_adapter_provider_mof(), "wifi_adapter_provider.mof");
+  // Before the module is loaded here, so that the service's threads have nothing to do with it.
+  const std::vector<Diagnosis> service = AskService(command, schema, context.repository);
+  std::vector<Diagnosis> all = DiagnoseModule(command, ProviderClassId(schema));
+  all.insert(all.end(), service.begin(), service.end());
   return all;
 }
 

@@ -7,6 +7,7 @@
 
 #include "host/cli/command_line.h"
 #include "host/cli/command_table.h"
+#include "host/cli/commands.h"
 #include "host/cli/fleet_commands.h"
 #include "host/cli/provider_host.h"
 #include "host/cli/run_command.h"
@@ -32,7 +33,8 @@ int Width() {
 ExitStatus Run(const Command& command, CommandContext& context) {
   const bool onService = command.Has("--service");
   for (const char* option : {"--user", "--timeout"}) {
-    if (command.Has(option) && !onService) {
+    const bool isDoctor = command.row->run == RunDoctor && option == std::string_view("--timeout");
+    if (command.Has(option) && !onService && !isDoctor) {
       throw CommandLineError(std::string(option) + " goes with --service");
     }
   }

@@ -63,8 +63,7 @@ class ServiceClient {
 /// How long to wait for a service if the user does not say.
 inline constexpr std::chrono::seconds kDefaultLimit{60};
 /// A client of a service outside this process. Needs a multithreaded apartment.
-ServiceClient ConnectToService(const os::ServiceLogon& logon,
-                               std::chrono::seconds limit = kDefaultLimit);
+ServiceClient ConnectToService(const os::ServiceLogon& logon, std::chrono::seconds limit);
 
 /// The object's own properties in their order, or only `fields`; NULL becomes null.
 Json RowOfService(const ServiceObject& object, const std::vector<std::string>& fields);

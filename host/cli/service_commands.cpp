@@ -208,6 +208,11 @@ const ServiceCommand* FindServiceCommand(const Command& command) {
 
 }  // namespace
 
+std::chrono::seconds ServiceLimit(const Command& command) {
+  const auto seconds = command.Find("--timeout");
+  return seconds ? std::chrono::seconds(std::stoi(*seconds)) : kDefaultLimit;
+}
+
 ExitStatus RunOnService(const Command& command, CommandContext& context) {
   const ServiceCommand* row = FindServiceCommand(command);
   if (row == std::end(kServiceCommands)) {
@@ -226,9 +231,7 @@ ExitStatus RunOnService(const Command& command, CommandContext& context) {
     logon.password = os::ReadPassword("Password of " + *user + ": ");
   }
   const platform::Apartment apartment(platform::Apartment::Kind::kMultithreaded);
-  const auto seconds = command.Find("--timeout");
-  const ServiceClient service =
-      ConnectToService(logon, seconds ? std::chrono::seconds(std::stoi(*seconds)) : kDefaultLimit);
+  const ServiceClient service = ConnectToService(logon, ServiceLimit(command));
   return RunOnService(command, context, service);
 }
 

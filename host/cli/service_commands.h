@@ -6,6 +6,9 @@
 
 namespace host {
 
+/// How long to wait for the service: --timeout, else the default.
+std::chrono::seconds ServiceLimit(const Command& command);
+
 /// Executes a command line with --service: on the machine's own management service, or on another
 /// machine's, instead of a provider loaded here. Throws CommandLineError for a command that does
 /// not support this.

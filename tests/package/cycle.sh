@@ -40,6 +40,7 @@ unzip -q "first/$(echo "$archives" | grep -v "symbols\|msi\|json")"
 cd WiFiAdapterProvider-*
 for file in WiFiAdapterProvider.dll wmihost.exe wifi_adapter_provider.mof uninstall.mof LICENSE.txt THIRD-PARTY-NOTICES.txt README.txt \
   docs/administrator-guide.md docs/fleet-guide.md docs/result-codes.md \
+  integrations/prometheus/wifi-rules.yml integrations/icinga/wifi.conf \
   simulator/QuarnApi.dll simulator/TolvaApi.dll scenarios/laptop.json; do
   [ -f "$file" ] || fail "the package lacks $file"
 done
@@ -66,6 +67,35 @@ expect_registered "$(windows_path "$PWD/WiFiAdapterProvider.dll")"
 
 # Another process reaches it through COM.
 expect_answers ./wmihost.exe simulator scenarios/laptop.json "enum WiFi_NetworkAdapter" dump "describe WiFi_NetworkAdapter"
+
+# One thing broken at a time, and named.
+expect_diagnosis() { # PART VERDICT TEXT: what wmihost doctor says of a part; TEXT is a pattern
+  status=0
+  # The system's own service is not what is tried here.
+  wine ./wmihost.exe doctor --timeout 1 --format csv >doctor.csv 2>&1 || status=$?
+  [ $status = 4 ] || fail "doctor answered $status, where the service has no schema"
+  tr -d '\r' <doctor.csv | grep -qE "^$1,$2,.*$3" || fail "doctor does not say '$1 $2 $3': $(cat doctor.csv)"
+}
+expect_diagnosis registration good WiFiAdapterProvider.dll
+grep -q '^module,good,.*has version [0-9.]*[.]' doctor.csv || fail "doctor knows no version: $(cat doctor.csv)"
+grep -q '^signature,note,' doctor.csv || fail "doctor knows no signature: $(cat doctor.csv)"
+grep -q '^libraries,note,.*simulated' doctor.csv || fail "doctor takes the simulator for the maker's libraries: $(cat doctor.csv)"
+mv WiFiAdapterProvider.dll moved.dll
+expect_diagnosis module problem 'WiFiAdapterProvider.dll is not there'
+mv moved.dll WiFiAdapterProvider.dll
+mv "$system/QuarnApi.dll" moved.dll
+expect_diagnosis libraries problem 'QuarnApi.dll is missing'
+cp "$system/TolvaApi.dll" "$system/QuarnApi.dll"
+expect_diagnosis libraries problem 'QuarnApi.dll lacks [0-9]'
+mv moved.dll "$system/QuarnApi.dll"
+server="HKCR\\CLSID\\$class\\InprocServer32"
+wine reg add "$server" /ve /d 'C:\gone.dll' /f >reg.txt 2>&1
+expect_diagnosis registration problem 'C:.gone.dll, which is not there'
+wine reg add "$server" /ve /d "$(windows_path "$PWD/simulator/QuarnApi.dll")" /f >reg.txt 2>&1
+expect_diagnosis registration problem 'This program belongs to'
+wine reg delete "$server" /f >reg.txt 2>&1
+expect_diagnosis registration problem 'not registered'
+type_commands Install || fail "a command to install answered $?"
 
 type_commands Remove || fail "a command to remove answered $?"
 expect_compiled uninstall.mof
