@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# reproduction.sh GUIDE SCENARIO PROGRAM…: runs the four commands of GUIDE unchanged, with PROGRAM as
-# wmihost and SCENARIO as campus.json, and checks their results.
+# reproduction.sh GUIDE SCENARIOS PROGRAM…: runs both times four commands of GUIDE unchanged, with PROGRAM
+# as wmihost and campus.json and walk.json of the folder SCENARIOS, and checks their results.
 set -euo pipefail
-guide=$(sed -n '/begin four-commands/,/end four-commands/s/^    //p' "$1") scenario=$2
+guide=$1 scenarios=$2
 shift 2
 program=("$@")
 wmihost() { "${program[@]}" "$@" </dev/null; }
@@ -11,11 +11,16 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 unset WIFI_SCENARIO WIFI_PROVIDER_TRACE
 export SOURCE_DATE_EPOCH=0
-cp "$scenario" campus.json
+cp "$scenarios"/{campus,walk}.json .
 
 fail() { echo "$*" && exit 1; }
-[ "$(grep -c . <<<"$guide")" = 4 ] || fail "the guide has not four commands"
-eval "$guide" >shown 2>said || fail "the commands fail:" "$(cat said)"
+run() { # NAME: the commands of the guide between begin NAME and end NAME
+  local commands
+  commands=$(sed -n "/begin $1/,/end $1/s/^    //p" "$guide")
+  [ "$(grep -c . <<<"$commands")" = 4 ] || fail "the guide has not four commands of $1"
+  eval "$commands" >shown 2>said || fail "the commands fail:" "$(cat said)"
+}
+run four-commands
 networks() { grep -c '"ChannelID"' "$1"; }
 [ "$(networks customer.json)" = 18 ] || fail "the dump has $(networks customer.json) networks"
 [ "$(networks report.html)" = 18 ] || fail "the report has $(networks report.html) networks"
@@ -28,3 +33,9 @@ wmihost scenario --from-dump report.html 2>remarks >page.json
 cmp <(without replay.json '  ' madeOf) <(without page.json '  ' madeOf)
 grep -q '"source": "a dump, customer.json, of campus.json"' replay.json
 grep -q '"MadeOf": "a dump, customer.json, of campus.json"' again.json
+
+run recorded-commands
+[ "$(wc -l <fault.jsonl)" = 120 ] || fail "there are $(wc -l <fault.jsonl) samples"
+[ "$(tr -d '\r' <shown | awk '$1 == 7 { print $2 ($2 == "not" ? "" : " " $4 " " $5) }')" = "associated 00:1D:A1:30:04:00 -88
+not
+associated 00:1D:A1:30:05:00 -70" ] || fail "the fault is not where it was: $(cat shown)"
