@@ -75,7 +75,7 @@ std::optional<Scenario> ScenarioOfEnvironment() {
   try {
     const std::string path = platform::EnvironmentText("WIFI_SCENARIO").value_or("");
     Scenario scenario = LoadScenario(path);
-    if (!scenario.timeline.start) scenario.timeline.start = WrittenAt(path);
+    if (!path.empty() && !scenario.timeline.start) scenario.timeline.start = WrittenAt(path);
     return scenario;
   } catch (const ScenarioError& error) {
     OutputDebugStringA((std::string(error.what()) + "\n").c_str());

@@ -34,7 +34,7 @@ same "libraries that the module imports" \
 same "operations that the module imports" "$listed" "$(imports_from "$module" QuarnApi.dll)"
 same "number of operations" 68 "$(echo "$listed" | wc -w)"
 same "names that QuarnApi exports" "SimulatorPlay SimulatorSet SimulatorTime" "$(exports "$binaries/QuarnApi.dll")"
-same "ordinals that QuarnApi exports" "$listed 1001 1002" \
+same "ordinals that QuarnApi exports" "$listed 1001 1002 1003" \
   "$(tables "$binaries/QuarnApi.dll" | awk '$1 == "export" { print $2 }' | sort -n | words)"
 
 profile_names=$(sed -n 's/.* == "\(.*\)"/\1/p' "$names" | sort | words)
