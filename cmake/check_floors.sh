@@ -28,7 +28,7 @@ host/query             platform scenario host/mof host/os host/service
 host/format            platform scenario host/mof host/os host/service
 host/model             platform platform/tables scenario host/mof host/os host/service host/query host/format
 host/report            platform scenario host/mof host/os host/service host/query host/format host/model
-host/fleet             platform scenario host/mof host/os host/service host/query host/format host/model
+host/fleet             platform scenario schema host/mof host/os host/service host/query host/format host/model host/report
 host/history           platform scenario host/mof host/os host/service host/query host/format host/model
 host/terminal          platform scenario host/mof host/os host/service host/query host/format host/model
 host/cli               platform platform/control scenario host/mof host/os host/service host/query host/format host/model host/report host/fleet host/history host/terminal

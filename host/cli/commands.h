@@ -22,6 +22,7 @@ ExitStatus RunDelete(const Command& command, CommandContext& context);
 ExitStatus RunShell(const Command& command, CommandContext& context);
 ExitStatus RunScenario(const Command& command, CommandContext& context);
 ExitStatus RunCheck(const Command& command, CommandContext& context);
+ExitStatus RunExport(const Command& command, CommandContext& context);
 ExitStatus RunReference(const Command& command, CommandContext& context);
 ExitStatus RunExit(const Command& command, CommandContext& context);
 ExitStatus RunSet(const Command& command, CommandContext& context);
