@@ -122,7 +122,9 @@ std::string Described(const Repository& repository, const PropertyRow& row) {
   const auto place = info == nullptr ? std::nullopt : info->FindProperty(row.property);
   if (!place) return "";
   std::string text = info->declaration.properties[*place].qualifiers.Text("Description");
-  for (const std::string_view form : {" as a ", ", as a "}) text = text.substr(0, text.find(form));
+  for (const std::string_view form : {" as a ", ", as a "}) {
+    text.resize(std::min(text.find(form), text.size()));
+  }
   return text.ends_with('.') ? text : text + ".";
 }
 
